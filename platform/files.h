@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace mavrin2::platform {
+
+// One open file. Offsets and sizes are bytes from the start of the file. Used on one thread.
+// Closed by the destructor; everything written has reached the operating system by then.
+class File {
+public:
+    virtual ~File() = default;
+
+    // The bytes read into `target` from `offset`: fewer than asked for only at the end of the file,
+    // or nothing when the read failed.
+    virtual std::optional<std::size_t> Read(std::int64_t offset, std::span<std::byte> target) = 0;
+
+    // True when every byte was written; the file may have grown by a part otherwise.
+    virtual bool Write(std::int64_t offset, std::span<const std::byte> source) = 0;
+
+    // Copies bytes from another file of the same file system without showing them to the program:
+    // true when all were copied. False when it cannot be done this way or failed: the caller then
+    // reads and writes, over whatever part had been copied.
+    virtual bool CopyFrom(File& source, std::int64_t sourceOffset, std::int64_t offset,
+                          std::int64_t count) = 0;
+
+    // The file's present length, or nothing when it cannot be told.
+    virtual std::optional<std::int64_t> Length() = 0;
+};
+
+// Files and folders. Failure is a null or empty result or false, never an exception.
+class FileSystem {
+public:
+    virtual ~FileSystem() = default;
+
+    virtual std::unique_ptr<File> OpenForReading(const std::filesystem::path& path) = 0;
+    virtual std::unique_ptr<File> OpenForUpdate(const std::filesystem::path& path) = 0;
+
+    // An empty file, in place of any file of that name. A new one is the user's alone (0600); a
+    // symbolic link at that place is never followed.
+    virtual std::unique_ptr<File> Create(const std::filesystem::path& path) = 0;
+
+    // A name in `folder` that no file had, made as an empty file (0600) by one call that cannot be
+    // raced: `prefix` + hexadecimal digits + ".tmp". Empty when the folder takes no file.
+    virtual std::filesystem::path CreateUniqueFile(const std::filesystem::path& folder,
+                                                   std::string_view prefix) = 0;
+
+    virtual bool Remove(const std::filesystem::path& path) = 0;
+    virtual bool IsFolder(const std::filesystem::path& path) = 0;
+
+    // The plain files directly in `folder` whose names begin and end as given.
+    virtual std::vector<std::filesystem::path> List(const std::filesystem::path& folder,
+                                                    std::string_view prefix,
+                                                    std::string_view suffix) = 0;
+
+    // `folder` as an absolute path that ends in the system's separator; empty unless a process could
+    // make it its current folder. The process's own current folder is not touched.
+    virtual std::filesystem::path UsableFolder(const std::filesystem::path& folder) = 0;
+
+    // The folder of temporary files, the user's alone, made where it is missing; ends in the
+    // system's separator. Empty when none can be had.
+    virtual std::filesystem::path TemporaryFolder() = 0;
+
+    // Whether the drive or mount that holds `path` is a CD drive.
+    virtual bool IsOnCdDrive(const std::filesystem::path& path) = 0;
+};
+
+}  // namespace mavrin2::platform

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "platform/files.h"
+#include "platform/instance_lock.h"
+#include "platform/error_dialog.h"
+
+namespace mavrin2::platform {
+
+// What one control needs of the system it runs on. Shared by every control of a process; the
+// adapters keep no state that a second control could see.
+struct Ports {
+    std::shared_ptr<FileSystem> Files;
+    std::shared_ptr<ErrorDialog> Errors;
+    // A lock for one control, waiting while a sole instance cleans up; never null.
+    std::function<std::unique_ptr<InstanceLock>()> NewInstanceLock;
+};
+
+// The adapters of the running system.
+Ports SystemPorts();
+
+}  // namespace mavrin2::platform
