@@ -1,4 +1,9 @@
 # What every target of the project shares, and the two ways to make one.
+
+# Everywhere the same, so that a program finds its libraries and the component registry relative to
+# itself, whatever the prefix.
+set(CMAKE_INSTALL_BINDIR bin)
+set(CMAKE_INSTALL_LIBDIR lib)
 include(GNUInstallDirs)
 
 set(CMAKE_CXX_STANDARD 20)
@@ -11,7 +16,7 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${MAVRIN2_STAGE_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${MAVRIN2_STAGE_DIR}/lib")
 # Relative to the file itself, so that a build tree and an installed tree can be moved.
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
-set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib")
 
 add_library(mavrin2_options INTERFACE)
 target_include_directories(mavrin2_options INTERFACE "${CMAKE_SOURCE_DIR}")
@@ -30,6 +35,15 @@ if(MAVRIN2_SANITIZE)
   target_compile_options(mavrin2_options INTERFACE -fno-sanitize=vptr)
 endif()
 
+# mavrin2_folders(FOLDER...): add_subdirectory of those that are there yet.
+function(mavrin2_folders)
+  foreach(folder IN LISTS ARGN)
+    if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/CMakeLists.txt")
+      add_subdirectory(${folder})
+    endif()
+  endforeach()
+endfunction()
+
 # mavrin2_layer(NAME FOLDER...): a static library of all .cpp files directly in the given folders.
 function(mavrin2_layer name)
   set(sources "")
@@ -46,9 +60,19 @@ function(mavrin2_layer name)
   endif()
 endfunction()
 
-# mavrin2_component(NAME LAYERS...): a loadable component that exports the module entry points.
+# mavrin2_component(NAME LAYERS...): a loadable component that exports the module entry points. It is
+# registered in the build tree and installed.
 function(mavrin2_component name)
+  if(WIN32)
+    # Compiled only: there is nothing to link with before the adapters for Windows exist.
+    add_library(${name} OBJECT "${CMAKE_SOURCE_DIR}/automation/module_exports.cpp")
+    target_link_libraries(${name} PRIVATE ${ARGN})
+    return()
+  endif()
   add_library(${name} SHARED "${CMAKE_SOURCE_DIR}/automation/module_exports.cpp")
   target_link_libraries(${name} PRIVATE ${ARGN})
-  install(TARGETS ${name} LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/mavrin2")
+  # Its libraries lie one folder up once it is installed.
+  set_target_properties(${name} PROPERTIES INSTALL_RPATH "$ORIGIN/..")
+  set_property(GLOBAL APPEND PROPERTY MAVRIN2_COMPONENTS ${name})
+  install(TARGETS ${name} LIBRARY DESTINATION lib/mavrin2)
 endfunction()

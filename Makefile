@@ -1,0 +1,68 @@
+# The commands of everyday work; `make help` lists them. CMake does the building, this file only
+# names its presets.
+PREFIX ?= /usr/local
+DESTDIR ?=
+JOBS ?= $(shell nproc)
+
+# A compiler cache saves repeated work where one is installed; nothing depends on it.
+export CMAKE_CXX_COMPILER_LAUNCHER ?= $(shell command -v ccache 2>/dev/null)
+
+packages := packaging/install-debian-packages
+cpp_files = git ls-files -z '*.cpp' '*.h'
+
+.PHONY: help deps build run test bench windows-objects install format check format-check \
+        words-check arrows-check tidy clean
+
+help:                ## this list
+	@sed -n 's/^\([a-z-]*\):.*## /\1\t/p' $(MAKEFILE_LIST) | expand -t 18
+
+deps:                ## install the Debian packages that are missing
+	@$(packages) packaging/debian-packages.txt
+
+build: deps          ## programs in build/bin, libraries in build/lib
+	cmake --preset release
+	cmake --build --preset release --parallel $(JOBS)
+
+run: build           ## the tour: a sound is opened, cut, undone, redone, saved (FILE=… for your own)
+	@mkdir -p out
+	build/bin/mavrin2 run examples/tour.lua $(if $(FILE),"$(FILE)")
+
+test: deps           ## build with sanitizers and run every test
+	cmake --preset dev
+	cmake --build --preset dev --parallel $(JOBS)
+	ctest --preset dev --parallel $(JOBS)
+
+bench: deps          ## measure against the programs one would use instead
+	@$(packages) packaging/debian-bench-packages.txt
+	cmake --preset bench
+	cmake --build --preset bench --parallel $(JOBS)
+	bench/run
+
+windows-objects: deps ## compile what must also compile for 32-bit Windows
+	cmake --preset windows-objects
+	cmake --build --preset windows-objects --parallel $(JOBS)
+
+install: build       ## install below PREFIX (/usr/local), inside DESTDIR
+	DESTDIR="$(DESTDIR)" cmake --install build/release --prefix "$(abspath $(PREFIX))"
+
+format: deps         ## put every source file into the project's format
+	$(cpp_files) | xargs -0r clang-format -i
+
+check: format-check words-check arrows-check tidy ## what CI asks for beside the tests
+
+format-check: deps
+	$(cpp_files) | xargs -0r clang-format --dry-run -Werror
+
+words-check: deps
+	python3 tests/architecture/check_words.py
+
+arrows-check: deps
+	python3 tests/architecture/check_arrows.py
+
+# FILES=… limits the check to some sources.
+tidy: deps
+	cmake --preset dev
+	.ci/tidy $(FILES)
+
+clean:               ## remove everything that was built
+	rm -rf build out
