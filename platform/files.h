@@ -59,8 +59,8 @@ public:
                                                     std::string_view prefix,
                                                     std::string_view suffix) = 0;
 
-    // `folder` as an absolute path that ends in the system's separator; empty unless a process could
-    // make it its current folder. The process's own current folder is not touched.
+    // `folder` as an absolute path that ends in the system's separator; empty unless a process
+    // could make it its current folder. The process's own current folder is not touched.
     virtual std::filesystem::path UsableFolder(const std::filesystem::path& folder) = 0;
 
     // The folder of temporary files, the user's alone, made where it is missing; ends in the

@@ -3,9 +3,9 @@
 #include <functional>
 #include <memory>
 
+#include "platform/error_dialog.h"
 #include "platform/files.h"
 #include "platform/instance_lock.h"
-#include "platform/error_dialog.h"
 
 namespace mavrin2::platform {
 
