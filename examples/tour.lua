@@ -1,0 +1,97 @@
+-- A tour: a sound is opened and described, half a second of it is deleted, brought back, deleted
+-- again, and the result is saved in three formats. What happens is told on the way.
+--
+--   make run                        with the repository's own sound
+--   make run FILE=song.mp3          with yours
+--   build/bin/mavrin2 run examples/tour.lua [FILE]
+
+local source <const> = arg[1] or "examples/sounds/plucked.flac"
+local results <const> = "out"
+
+local function say(text, ...)
+  print(string.format(text, ...))
+end
+
+-- The control is the one object to create; everything else is a property of it.
+local editor <const> = mavrin2.create()
+local position <const> = editor.Position
+
+-- Long operations run to their end before a call returns. Their progress comes as events.
+local events <const> = mavrin2.connect(editor, {
+  BlockOperation = function(percent)
+    io.write("  ", percent, " %")
+    io.flush()
+  end,
+  EndOperation = function()
+    print("  done")
+  end,
+})
+
+-- Positions are counted in samples: one sample is one point in time, in mono and in stereo.
+local function seconds(samples)
+  return samples / editor.FileInfo.Frequency
+end
+
+local function tell_length(intro)
+  say("%s %.3f seconds long.", intro, seconds(position.TotalSamples))
+end
+
+say("Opening %s:", source)
+editor:Open(source)
+
+local info <const> = editor.FileInfo
+say("It is %s, %d Hz, %s.", info.FormatString, info.Frequency,
+  info.Channels == 2 and "stereo" or "mono")
+tell_length("It is")
+
+-- Half a second from 1.5 s on, or the middle fifth of a sound too short for that.
+local length <const> = seconds(position.TotalSamples)
+local from, to = 1.5, 2.0
+if length < 2.5 then
+  from, to = 0.4 * length, 0.6 * length
+end
+
+say("\nSelecting %.3f s … %.3f s.", from, to)
+position.Selected = true
+position.StartSelect = position:SecToSamples(math.floor(1000 * from)) -- takes milliseconds
+position.EndSelect = position:SecToSamples(math.floor(1000 * to))
+
+-- A block is what is copied between two events; smaller ones give more of them to look at. 100 ms
+-- is the smallest there is.
+editor.FileBufferSize = math.floor(1000 * length / 6)
+
+print("Deleting the selection:")
+editor:DeleteSelect()
+tell_length("The sound is now")
+
+print("\nUndo.")
+editor:Undo()
+tell_length("The sound is again")
+say("Its selection is back too: samples %d … %d.", position.StartSelect, position.EndSelect)
+
+say("\nSaving just the selection to %s/tour-selection.flac:", results)
+editor:Save(results .. "/tour-selection.flac", true)
+
+print("\nRedo.")
+editor:Redo()
+tell_length("The sound is")
+
+-- The extension chooses the format. A format may refuse a sound, as MP3 does at most rates.
+print()
+for _, extension in ipairs { "flac", "mp3", "wav" } do
+  local name = results .. "/tour." .. extension
+  say("Saving to %s:", name)
+  local saved, failure = pcall(function() editor:Save(name, false) end)
+  say(saved and "  %s" or "  not possible: %s", saved and info.FormatString or failure)
+end
+
+print("\nSaving into a folder that is not there, which cannot go well:")
+local saved, failure = pcall(function()
+  editor:Save(results .. "/no such folder/tour.wav", false)
+end)
+assert(not saved, "the folder is there after all")
+say("  status 0x%08X: %s", failure.status, failure.description)
+
+events:close()
+editor:Close()
+say("\nThe end. Listen to %s/tour.wav: a piece of the tune is gone.", results)
