@@ -1,0 +1,262 @@
+#include "automation/dispatch.h"
+
+#include <optional>
+
+#include "automation/com_ptr.h"
+#include "automation/guarded.h"
+#include "automation/text.h"
+#include "automation/variant.h"
+
+namespace mavrin2::automation {
+namespace {
+
+constexpr WORD kPutKinds = DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF;
+
+bool IsLeftOut(const VARIANT& argument) {
+    return argument.vt == VT_ERROR && argument.scode == DISP_E_PARAMNOTFOUND;
+}
+
+VARIANT DefaultOf(const ParameterDescription& parameter) {
+    Variant number = Variant::Int32(parameter.Default);
+    if (parameter.Type.Type == VT_BOOL) {
+        number.vt = VT_BOOL;
+        number.boolVal = static_cast<VARIANT_BOOL>(parameter.Default);
+    }
+    Variant value;
+    ThrowIfFailed(VariantChangeType(&value, &number, 0, parameter.Type.Type));
+    VARIANT result = value;
+    VariantInit(&value);
+    return result;
+}
+
+// The arguments of one call, matched with the member's parameters and converted. Owns what the
+// conversions made and writes results back into the caller's variants.
+class ArgumentList {
+public:
+    ArgumentList(const MemberDescription& member, const Invocation& call)
+        : member_(member),
+          call_(call),
+          given_(member.Parameters.size(), nullptr),
+          converted_(member.Parameters.size()),
+          passed_(member.Parameters.size()) {}
+
+    HRESULT Prepare() {
+        if (const HRESULT status = Match(); FAILED(status)) return status;
+        for (std::size_t i = 0; i < member_.Parameters.size(); ++i) {
+            const ParameterDescription& parameter = member_.Parameters[i];
+            const HRESULT status = parameter.Way == Direction::In ? PassIn(i) : PassOut(i);
+            if (FAILED(status)) {
+                if (call_.BadArgument && given_[i])
+                    *call_.BadArgument = static_cast<UINT>(given_[i] - call_.Arguments->rgvarg);
+                return status;
+            }
+        }
+        return S_OK;
+    }
+
+    VARIANT* Passed() { return passed_.data(); }
+
+    // After a call that succeeded: out-values into the caller's variants, the result into its own.
+    HRESULT HandBack() {
+        for (std::size_t i = 0; i < member_.Parameters.size(); ++i) {
+            const Direction way = member_.Parameters[i].Way;
+            if (way == Direction::Result && call_.Result) {
+                VariantClear(call_.Result);
+                Move(converted_[i], *call_.Result);
+            } else if (way == Direction::Out && given_[i] &&
+                       given_[i]->vt == (VT_BYREF | VT_VARIANT)) {
+                VariantClear(given_[i]->pvarVal);
+                Move(converted_[i], *given_[i]->pvarVal);
+            }
+        }
+        return S_OK;
+    }
+
+private:
+    static void Move(VARIANT& from, VARIANT& to) {
+        to = from;
+        VariantInit(&from);
+    }
+
+    // Which of the caller's variants belongs to which parameter.
+    HRESULT Match() {
+        const DISPPARAMS& all = *call_.Arguments;
+        const bool put = (member_.Kind & kPutKinds) != 0;
+        std::size_t settable = member_.Parameters.size();
+        if (!member_.Parameters.empty() && member_.Parameters.back().Way == Direction::Result)
+            --settable;
+        for (UINT i = 0; i < all.cNamedArgs; ++i) {
+            const DISPID id = all.rgdispidNamedArgs[i];
+            const std::size_t index = put && id == DISPID_PROPERTYPUT
+                                          ? member_.Parameters.size() - 1
+                                          : static_cast<std::size_t>(id);
+            if (id < 0 && !(put && id == DISPID_PROPERTYPUT)) return Unknown(i);
+            if (index >= settable || given_[index]) return Unknown(i);
+            given_[index] = &all.rgvarg[i];
+        }
+        const UINT positional = all.cArgs - all.cNamedArgs;
+        // A put without the customary name takes its value as the last argument.
+        if (positional > settable) return DISP_E_BADPARAMCOUNT;
+        for (UINT i = 0; i < positional; ++i) {
+            if (given_[i]) return DISP_E_BADPARAMCOUNT;
+            given_[i] = &all.rgvarg[all.cArgs - 1 - i];
+        }
+        return S_OK;
+    }
+
+    HRESULT Unknown(UINT named) {
+        if (call_.BadArgument) *call_.BadArgument = named;
+        return DISP_E_PARAMNOTFOUND;
+    }
+
+    HRESULT PassIn(std::size_t i) {
+        const ParameterDescription& parameter = member_.Parameters[i];
+        VARIANT* argument = given_[i];
+        if (!argument || IsLeftOut(*argument)) {
+            if (!parameter.Optional) return DISP_E_PARAMNOTOPTIONAL;
+            static_cast<VARIANT&>(converted_[i]) = DefaultOf(parameter);
+            passed_[i] = converted_[i];
+            return S_OK;
+        }
+        const HRESULT status = Convert(*argument, parameter.Type, converted_[i]);
+        passed_[i] = converted_[i];
+        return status;
+    }
+
+    static HRESULT Convert(VARIANT& argument, const ValueType& type, Variant& converted) {
+        VARIANT* source = &argument;
+        // A variable of a script arrives as the address of its variant.
+        if (source->vt == (VT_BYREF | VT_VARIANT)) source = source->pvarVal;
+        if (type.Type == VT_VARIANT) return VariantCopyInd(&converted, source);
+        if (type.Type & VT_ARRAY) return ConvertArray(*source, type, converted);
+        if (type.Type == VT_DISPATCH || type.Type == VT_UNKNOWN)
+            return ConvertObject(*source, type, converted);
+        const HRESULT status =
+            VariantChangeTypeEx(&converted, source, LOCALE_USER_DEFAULT, 0, type.Type);
+        return status == DISP_E_BADVARTYPE ? DISP_E_TYPEMISMATCH : status;
+    }
+
+    static HRESULT ConvertArray(VARIANT& source, const ValueType& type, Variant& converted) {
+        if ((source.vt & ~VT_BYREF) != type.Type) return DISP_E_TYPEMISMATCH;
+        return VariantCopyInd(&converted, &source);
+    }
+
+    static HRESULT ConvertObject(VARIANT& source, const ValueType& type, Variant& converted) {
+        Variant plain;
+        if (const HRESULT status = VariantCopyInd(&plain, &source); FAILED(status)) return status;
+        if (plain.vt != VT_DISPATCH && plain.vt != VT_UNKNOWN) {
+            if (plain.vt != VT_EMPTY && plain.vt != VT_NULL) return DISP_E_TYPEMISMATCH;
+            converted.vt = type.Type;
+            converted.punkVal = nullptr;
+            return S_OK;
+        }
+        converted.vt = type.Type;
+        converted.punkVal = nullptr;
+        if (!plain.punkVal) return S_OK;
+        const IID& wanted = type.Interface             ? type.Interface().Id
+                            : type.Type == VT_DISPATCH ? IidOf<IDispatch>()
+                                                       : IidOf<IUnknown>();
+        void* object = nullptr;
+        if (FAILED(plain.punkVal->QueryInterface(wanted, &object))) return DISP_E_TYPEMISMATCH;
+        converted.punkVal = static_cast<IUnknown*>(object);
+        return S_OK;
+    }
+
+    HRESULT PassOut(std::size_t i) {
+        const ParameterDescription& parameter = member_.Parameters[i];
+        VARIANT* argument = given_[i];
+        const VARTYPE type = parameter.Type.Type;
+        if (parameter.Way == Direction::Out) {
+            if (!argument) return DISP_E_PARAMNOTOPTIONAL;
+            if (argument->vt == (VT_BYREF | type)) {
+                if (!argument->byref) return DISP_E_TYPEMISMATCH;
+                passed_[i] = *argument;
+                return S_OK;
+            }
+            if (argument->vt != (VT_BYREF | VT_VARIANT) || !argument->pvarVal)
+                return DISP_E_TYPEMISMATCH;
+        }
+        // The value is made in a variant of our own and moved to the caller's afterwards.
+        converted_[i].vt = type;
+        converted_[i].llVal = 0;
+        passed_[i].vt = static_cast<VARTYPE>(VT_BYREF | type);
+        passed_[i].byref = type == VT_VARIANT ? static_cast<void*>(&converted_[i])
+                                              : static_cast<void*>(&converted_[i].llVal);
+        if (type == VT_VARIANT) VariantInit(&converted_[i]);
+        return S_OK;
+    }
+
+    const MemberDescription& member_;
+    const Invocation& call_;
+    std::vector<VARIANT*> given_;
+    std::vector<Variant> converted_;
+    std::vector<VARIANT> passed_;
+};
+
+// The failing member's own error information, for a caller that cannot ask for it itself.
+HRESULT ReportException(HRESULT status, EXCEPINFO* exception) {
+    if (!exception) return DISP_E_EXCEPTION;
+    *exception = {};
+    exception->scode = status;
+    ComPtr<IErrorInfo> information;
+    if (GetErrorInfo(0, information.Put()) == S_OK && information) {
+        information->GetSource(&exception->bstrSource);
+        information->GetDescription(&exception->bstrDescription);
+        information->GetHelpFile(&exception->bstrHelpFile);
+        information->GetHelpContext(&exception->dwHelpContext);
+    }
+    return DISP_E_EXCEPTION;
+}
+
+int KindsOf(WORD flags) {
+    // Asking for a call may mean reading a property, as languages without the difference do.
+    return flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET | kPutKinds);
+}
+
+}  // namespace
+
+HRESULT FindNames(const InterfaceDescription& description, REFIID reserved, LPOLESTR* names,
+                  UINT count, DISPID* ids) {
+    return Guarded([&]() -> HRESULT {
+        if (!names || !ids || count == 0) return E_INVALIDARG;
+        if (!IsEqualGUID(reserved, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
+        for (UINT i = 0; i < count; ++i)
+            ids[i] = DISPID_UNKNOWN;
+        const MemberDescription* member = description.Find(ToUtf8(names[0]));
+        if (!member) return DISP_E_UNKNOWNNAME;
+        ids[0] = member->Id;
+        HRESULT status = S_OK;
+        for (UINT i = 1; i < count; ++i) {
+            const std::string name = ToUtf8(names[i]);
+            for (std::size_t p = 0; p < member->Parameters.size(); ++p)
+                if (EqualIgnoringCase(member->Parameters[p].Name, name))
+                    ids[i] = static_cast<DISPID>(p);
+            if (ids[i] == DISPID_UNKNOWN) status = DISP_E_UNKNOWNNAME;
+        }
+        return status;
+    });
+}
+
+HRESULT InvokeMember(const InterfaceDescription& description, void* object, REFIID reserved,
+                     const Invocation& call) {
+    return Guarded([&]() -> HRESULT {
+        if (!IsEqualGUID(reserved, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
+        if (!call.Arguments || (call.Arguments->cArgs > 0 && !call.Arguments->rgvarg) ||
+            (call.Arguments->cNamedArgs > 0 && !call.Arguments->rgdispidNamedArgs) ||
+            call.Arguments->cNamedArgs > call.Arguments->cArgs)
+            return E_INVALIDARG;
+        const MemberDescription* member = description.Find(call.Member, KindsOf(call.Flags));
+        if (!member) return DISP_E_MEMBERNOTFOUND;
+        // The host may let go of the object from inside the call.
+        const ComPtr<IUnknown> held(static_cast<IUnknown*>(object));
+        ArgumentList arguments(*member, call);
+        if (const HRESULT status = arguments.Prepare(); FAILED(status)) return status;
+        // What an earlier call left must not be taken for this one's.
+        SetErrorInfo(0, nullptr);
+        const HRESULT status = member->Call(object, arguments.Passed());
+        if (FAILED(status)) return ReportException(status, call.Exception);
+        return arguments.HandBack();
+    });
+}
+
+}  // namespace mavrin2::automation

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "automation/interface_description.h"
+
+namespace mavrin2::automation {
+
+// The records in which type information is handed out. Each is one allocation, with all it points
+// to, that its reader gives back through ReleaseTypeRecord. They throw std::bad_alloc.
+
+// Finds the place of a type in its library, as the reader will ask for it (HREFTYPE).
+class TypeReferences {
+public:
+    virtual ~TypeReferences() = default;
+    virtual HREFTYPE OfEnumeration(const EnumerationDescription& enumeration) const = 0;
+    virtual HREFTYPE OfInterface(const InterfaceDescription& description) const = 0;
+};
+
+FUNCDESC* MakeFunctionRecord(const MemberDescription& member, bool events,
+                             const TypeReferences& references);
+VARDESC* MakeConstantRecord(const EnumerationDescription::Member& member, MEMBERID id);
+void ReleaseTypeRecord(void* record);
+
+}  // namespace mavrin2::automation
