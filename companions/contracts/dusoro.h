@@ -1,0 +1,61 @@
+#pragma once
+
+#include "companions/contracts/constants.h"
+#include "companions/contracts/identifiers.h"
+
+namespace mavrin2::contracts {
+
+// The file companion: reads sound files of many formats and writes one. It holds at most one open
+// file, for reading or for writing, and the output format chosen last.
+//
+// Samples pass as one-dimensional arrays of signed 16-bit integers with lower bound 0, interleaved
+// (left then right), mono or stereo. Formats and file names as the host gave them. The statuses are
+// for those who want them: a caller learns the outcome of OpenSoundFile and CreateSoundFile from
+// GetErrorCode, and that of WriteBlock and CloseFile from a failing status, after which
+// GetErrorCode tells the reason and no output file is left.
+struct IDusoro2 : public IDispatch {
+    static constexpr IID Id = IID_IDusoro2;
+
+    // `formatType` is a FormatTypeConstants value; `flag` is 1.
+    virtual HRESULT STDMETHODCALLTYPE OpenSoundFile(BSTR fileName, LONG formatType, LONG flag) = 0;
+    // Completes an output file, which only then takes its name; closes an input file.
+    virtual HRESULT STDMETHODCALLTYPE CloseFile() = 0;
+    // Starts an output file in the current output format.
+    virtual HRESULT STDMETHODCALLTYPE CreateSoundFile(BSTR fileName, LONG formatType) = 0;
+    // The array stays the caller's.
+    virtual HRESULT STDMETHODCALLTYPE WriteBlock(SAFEARRAY* samples) = 0;
+    // The next `count` sample frames, fewer at the end, an array without elements behind it. The
+    // array becomes the caller's.
+    virtual HRESULT STDMETHODCALLTYPE ReadBlock(LONG count, SAFEARRAY** samples) = 0;
+    // The format in which the caller delivers samples (writing, told before CreateSoundFile) or
+    // wants them (reading, told after OpenSoundFile).
+    virtual HRESULT STDMETHODCALLTYPE SetPcmFormat(LONG frequency, LONG channels) = 0;
+    // Chooses headerless 4-bit ADPCM for the next output file.
+    virtual HRESULT STDMETHODCALLTYPE SetFormatVOX(LONG frequency) = 0;
+    // The open file's length in sample frames as ReadBlock delivers them.
+    virtual HRESULT STDMETHODCALLTYPE GetLength(LONG* frames) = 0;
+    // The sample rate in the file itself.
+    virtual HRESULT STDMETHODCALLTYPE GetSourceFrequency(LONG* frequency) = 0;
+    // Readable, of the open file or of the output format. Owned by the caller.
+    virtual HRESULT STDMETHODCALLTYPE GetFormatText(BSTR* text) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetBitsPerSample(LONG* bits) = 0;
+    // The ErrorConstants value of the last file operation.
+    virtual HRESULT STDMETHODCALLTYPE GetErrorCode(LONG* code) = 0;
+    // Channels of what ReadBlock delivers, 1 or 2.
+    virtual HRESULT STDMETHODCALLTYPE GetChannels(LONG* channels) = 0;
+    // The rate of what ReadBlock delivers; after CreateSoundFile, of the output file.
+    virtual HRESULT STDMETHODCALLTYPE GetFrequency(LONG* frequency) = 0;
+    // 1 when the file or the output format is plain PCM.
+    virtual HRESULT STDMETHODCALLTYPE GetFormatKind(LONG* kind) = 0;
+    // 1 before a file whose name ends in ".wma" is opened or written.
+    virtual HRESULT STDMETHODCALLTYPE SetWmaMode(LONG on) = 0;
+};
+
+const automation::LibraryDescription& DusoroLibrary();
+
+}  // namespace mavrin2::contracts
+
+namespace mavrin2::automation {
+template <>
+const InterfaceDescription& DescriptionOf<contracts::IDusoro2>();
+}  // namespace mavrin2::automation

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/automation.h"
+
+namespace mavrin2::contracts {
+
+// The identifiers of everything that the companions publish: one family, told apart by its last
+// two bytes. A number once given is never given again.
+constexpr GUID ContractId(std::uint16_t number) {
+    return {0xc230391d,
+            0x90e6,
+            0x4e9f,
+            {0x86, 0x72, 0x7e, 0xf5, 0x0d, 0x4d, static_cast<std::uint8_t>(number >> 8),
+             static_cast<std::uint8_t>(number & 0xff)}};
+}
+
+inline constexpr CLSID CLSID_KovDusoro2 = ContractId(0x0101);
+inline constexpr IID IID_IDusoro2 = ContractId(0x0102);
+inline constexpr GUID LIBID_KovDusoro2 = ContractId(0x0103);
+
+inline constexpr IID DIID_IVelto2Events = ContractId(0x0203);
+inline constexpr IID DIID_IRimbal2Events = ContractId(0x0303);
+inline constexpr IID DIID_IKestrin2Events = ContractId(0x0403);
+inline constexpr IID DIID_IPindleCD2Events = ContractId(0x0503);
+
+inline constexpr GUID ID_ErrorConstants = ContractId(0x0801);
+inline constexpr GUID ID_FormatTypeConstants = ContractId(0x0802);
+
+}  // namespace mavrin2::contracts
