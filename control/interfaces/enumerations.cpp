@@ -1,0 +1,40 @@
+#include "control/interfaces/enumerations.h"
+
+#include "control/interfaces/identifiers.h"
+
+namespace mavrin2::automation {
+
+using interfaces::ChannelsConstants;
+using interfaces::FrequencyConstants;
+
+#define MEMBER(enumeration, name) \
+    { #name, static_cast < std::int32_t>(enumeration::name) }
+
+template <>
+const EnumerationDescription& EnumerationOf<FrequencyConstants>() {
+    static const EnumerationDescription description{
+        "FrequencyConstants",
+        interfaces::ID_FrequencyConstants,
+        "Usual sample rates in hertz",
+        {MEMBER(FrequencyConstants, FQ_6_KHZ), MEMBER(FrequencyConstants, FQ_8_KHZ),
+         MEMBER(FrequencyConstants, FQ_11_KHZ), MEMBER(FrequencyConstants, FQ_12_KHZ),
+         MEMBER(FrequencyConstants, FQ_16_KHZ), MEMBER(FrequencyConstants, FQ_22_KHZ),
+         MEMBER(FrequencyConstants, FQ_24_KHZ), MEMBER(FrequencyConstants, FQ_32_KHZ),
+         MEMBER(FrequencyConstants, FQ_44_KHZ), MEMBER(FrequencyConstants, FQ_48_KHZ),
+         MEMBER(FrequencyConstants, FQ_88_KHZ), MEMBER(FrequencyConstants, FQ_96_KHZ)}};
+    return description;
+}
+
+template <>
+const EnumerationDescription& EnumerationOf<ChannelsConstants>() {
+    static const EnumerationDescription description{
+        "ChannelsConstants",
+        interfaces::ID_ChannelsConstants,
+        "Channels of a sound",
+        {MEMBER(ChannelsConstants, MONO), MEMBER(ChannelsConstants, STEREO)}};
+    return description;
+}
+
+#undef MEMBER
+
+}  // namespace mavrin2::automation

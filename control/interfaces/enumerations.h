@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+
+#include "automation/interface_description.h"
+#include "companions/contracts/constants.h"
+
+namespace mavrin2::interfaces {
+
+using contracts::ErrorConstants;
+using contracts::FormatTypeConstants;
+
+// Sample rates in hertz. Others are accepted wherever one of these is.
+enum class FrequencyConstants : std::int32_t {
+    FQ_6_KHZ = 6000,
+    FQ_8_KHZ = 8000,
+    FQ_11_KHZ = 11025,
+    FQ_12_KHZ = 12000,
+    FQ_16_KHZ = 16000,
+    FQ_22_KHZ = 22050,
+    FQ_24_KHZ = 24000,
+    FQ_32_KHZ = 32000,
+    FQ_44_KHZ = 44100,
+    FQ_48_KHZ = 48000,
+    FQ_88_KHZ = 88200,
+    FQ_96_KHZ = 96000
+};
+
+enum class ChannelsConstants : std::int32_t { MONO = 1, STEREO = 2 };
+
+}  // namespace mavrin2::interfaces
+
+namespace mavrin2::automation {
+template <>
+const EnumerationDescription& EnumerationOf<interfaces::FrequencyConstants>();
+template <>
+const EnumerationDescription& EnumerationOf<interfaces::ChannelsConstants>();
+}  // namespace mavrin2::automation

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/automation.h"
+
+namespace mavrin2::interfaces {
+
+// The identifiers of everything that the control publishes: one family, told apart by its last two
+// bytes. A number once given is never given again.
+constexpr GUID ControlId(std::uint16_t number) {
+    return {0xf354552f,
+            0x5413,
+            0x4b78,
+            {0xa4, 0x38, 0xc7, 0x8a, 0x84, 0x50, static_cast<std::uint8_t>(number >> 8),
+             static_cast<std::uint8_t>(number & 0xff)}};
+}
+
+inline constexpr GUID LIBID_KovMAVRIN2Lib = ControlId(0x0001);
+
+// A class and its interface share a number in their first byte; the classes stand in the order of
+// the module's class table.
+inline constexpr CLSID CLSID_Mavrin2 = ControlId(0x0101);
+inline constexpr IID IID_IMavrin2 = ControlId(0x0102);
+inline constexpr IID DIID_IMavrin2Events = ControlId(0x0103);
+inline constexpr CLSID CLSID_Mavrin2FileInfo = ControlId(0x0601);
+inline constexpr IID IID_IMavrin2FileInfo = ControlId(0x0602);
+inline constexpr CLSID CLSID_Mavrin2Position = ControlId(0x0901);
+inline constexpr IID IID_IMavrin2Position = ControlId(0x0902);
+
+inline constexpr GUID ID_FrequencyConstants = ControlId(0x2001);
+inline constexpr GUID ID_ChannelsConstants = ControlId(0x2002);
+
+}  // namespace mavrin2::interfaces

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "automation/interface_description.h"
+#include "control/interfaces/enumerations.h"
+#include "control/interfaces/file_info.h"
+#include "control/interfaces/identifiers.h"
+#include "control/interfaces/position.h"
+
+namespace mavrin2::interfaces {
+
+// The control. Open and Save fail with a status of their own (0x80040300 … 0x8004030F) and error
+// information; every other member succeeds and leaves its outcome in LastErrorNum. What needs an
+// open document or an idle control does nothing without it. Long operations report through the
+// events of DIID_IMavrin2Events; a handler that calls Stop cancels the operation.
+struct IMavrin2 : public IDispatch {
+    static constexpr IID Id = IID_IMavrin2;
+
+    // An empty document of that format.
+    virtual HRESULT STDMETHODCALLTYPE New(FrequencyConstants Frequency,
+                                          ChannelsConstants nChannels) = 0;
+    // A document from a sound file of any format, at the file's own rate.
+    virtual HRESULT STDMETHODCALLTYPE Open(BSTR fileName, FormatTypeConstants FormatType) = 0;
+    // Writes the document, or its selection, to a file.
+    virtual HRESULT STDMETHODCALLTYPE Save(BSTR fileName, VARIANT_BOOL Selected,
+                                           FormatTypeConstants FormatType) = 0;
+    virtual HRESULT STDMETHODCALLTYPE Close() = 0;
+    virtual HRESULT STDMETHODCALLTYPE Undo() = 0;
+    virtual HRESULT STDMETHODCALLTYPE Redo() = 0;
+    // What is changed in between is one step of Undo and is drawn once.
+    virtual HRESULT STDMETHODCALLTYPE BeginOperations() = 0;
+    virtual HRESULT STDMETHODCALLTYPE EndOperations() = 0;
+    virtual HRESULT STDMETHODCALLTYPE DeleteSelect() = 0;
+    // Cancels the running operation.
+    virtual HRESULT STDMETHODCALLTYPE Stop() = 0;
+
+    virtual HRESULT STDMETHODCALLTYPE get_LastErrorNum(ErrorConstants* Value) = 0;
+    // 0 when idle.
+    virtual HRESULT STDMETHODCALLTYPE get_Status(SHORT* Value) = 0;
+    // The path of the work file while a document is open, else the folder of temporary files.
+    virtual HRESULT STDMETHODCALLTYPE get_TempDirectory(BSTR* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_TempDirectory(BSTR Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_TempFileName(BSTR* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_TempFileName(BSTR Value) = 0;
+    // Milliseconds of sound moved at a time, 100 … 600000.
+    virtual HRESULT STDMETHODCALLTYPE get_FileBufferSize(LONG* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_FileBufferSize(LONG Value) = 0;
+    // Steps of Undo kept, 1 … 10000.
+    virtual HRESULT STDMETHODCALLTYPE get_UndoRedoCount(LONG* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_UndoRedoCount(LONG Value) = 0;
+    // 1 for true.
+    virtual HRESULT STDMETHODCALLTYPE get_UndoEnabled(VARIANT_BOOL* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_RedoEnabled(VARIANT_BOOL* Value) = 0;
+    // The one object of each kind that the control keeps.
+    virtual HRESULT STDMETHODCALLTYPE get_FileInfo(IMavrin2FileInfo** Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_Position(IMavrin2Position** Value) = 0;
+};
+
+}  // namespace mavrin2::interfaces
+
+namespace mavrin2::automation {
+template <>
+const InterfaceDescription& DescriptionOf<interfaces::IMavrin2>();
+}  // namespace mavrin2::automation
