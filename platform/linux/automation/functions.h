@@ -68,7 +68,8 @@ HRESULT SafeArrayGetVartype(SAFEARRAY* array, VARTYPE* type);
 // Changes the last dimension only.
 HRESULT SafeArrayRedim(SAFEARRAY* array, SAFEARRAYBOUND* bound);
 HRESULT SafeArrayCopy(SAFEARRAY* array, SAFEARRAY** copy);
-// Elements go in and out as copies: strings by BSTR, objects with a reference of their own.
+// Elements go in and out as copies. Going in, a string or an object is given as itself and
+// everything else by its address; coming out, everything is by the address of a place for it.
 HRESULT SafeArrayGetElement(SAFEARRAY* array, LONG* indices, void* element);
 HRESULT SafeArrayPutElement(SAFEARRAY* array, LONG* indices, void* element);
 

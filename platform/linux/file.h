@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/files.h"
+#include "platform/linux/descriptor.h"
+
+namespace mavrin2::platform {
+
+class LinuxFile final : public File {
+public:
+    // What `descriptor` is open on; null unless that is a plain file.
+    static std::unique_ptr<File> Of(Descriptor descriptor);
+
+    explicit LinuxFile(Descriptor descriptor) : descriptor_(std::move(descriptor)) {}
+
+    std::optional<std::size_t> Read(std::int64_t offset, std::span<std::byte> target) override;
+    bool Write(std::int64_t offset, std::span<const std::byte> source) override;
+    bool CopyFrom(File& source, std::int64_t sourceOffset, std::int64_t offset,
+                  std::int64_t count) override;
+    std::optional<std::int64_t> Length() override;
+
+private:
+    Descriptor descriptor_;
+};
+
+}  // namespace mavrin2::platform

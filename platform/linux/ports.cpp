@@ -1,0 +1,34 @@
+#include "platform/ports.h"
+
+#include <cstdio>
+
+#include "platform/linux/file_system.h"
+#include "platform/linux/instance_lock.h"
+
+namespace mavrin2::platform {
+namespace {
+
+// There is no desktop to ask; whoever started the program sees its standard error.
+class StandardErrorDialog final : public ErrorDialog {
+public:
+    void Show(const std::string& caption, const std::string& text) override {
+        const std::string line = caption + ": " + text + "\n";
+        std::fwrite(line.data(), 1, line.size(), stderr);
+    }
+};
+
+}  // namespace
+
+Ports SystemPorts() {
+    Ports ports;
+    ports.Files = LinuxFileSystem();
+    ports.Errors = std::make_shared<StandardErrorDialog>();
+    // Beside the temporary files, which are what a sole control cleans up.
+    ports.NewInstanceLock = [files = ports.Files] {
+        const auto folder = files->TemporaryFolder();
+        return LinuxInstanceLock(folder.empty() ? folder : folder / "instances.lock");
+    };
+    return ports;
+}
+
+}  // namespace mavrin2::platform

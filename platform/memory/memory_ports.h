@@ -1,0 +1,23 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/memory/memory_file_system.h"
+#include "platform/memory/memory_instance_locks.h"
+#include "platform/memory/recording_error_dialog.h"
+#include "platform/ports.h"
+
+namespace mavrin2::platform {
+
+// The whole system of a test: hand `AsPorts()` to what is tested, keep this to look at the rest.
+struct MemoryPorts {
+    std::shared_ptr<MemoryFileSystem> Files = std::make_shared<MemoryFileSystem>();
+    std::shared_ptr<RecordingErrorDialog> Errors = std::make_shared<RecordingErrorDialog>();
+    MemoryInstanceLocks Locks;
+
+    Ports AsPorts() const {
+        return {Files, Errors, [locks = Locks]() mutable { return locks.New(); }};
+    }
+};
+
+}  // namespace mavrin2::platform

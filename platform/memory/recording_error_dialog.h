@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/error_dialog.h"
+
+namespace mavrin2::platform {
+
+// Keeps what a user would have been told, in its order.
+class RecordingErrorDialog final : public ErrorDialog {
+public:
+    struct Message {
+        std::string Caption;
+        std::string Text;
+
+        bool operator==(const Message&) const = default;
+    };
+
+    void Show(const std::string& caption, const std::string& text) override {
+        messages_.push_back({caption, text});
+    }
+
+    const std::vector<Message>& Messages() const { return messages_; }
+
+private:
+    std::vector<Message> messages_;
+};
+
+}  // namespace mavrin2::platform
