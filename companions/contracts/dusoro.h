@@ -16,7 +16,8 @@ namespace mavrin2::contracts {
 struct IDusoro2 : public IDispatch {
     static constexpr IID Id = IID_IDusoro2;
 
-    // `formatType` is a FormatTypeConstants value; `flag` is 1.
+    // `formatType` is a FormatTypeConstants value; `flag` is 1. Whatever was open is closed; an
+    // output file that was not completed is given up.
     virtual HRESULT STDMETHODCALLTYPE OpenSoundFile(BSTR fileName, LONG formatType, LONG flag) = 0;
     // Completes an output file, which only then takes its name; closes an input file.
     virtual HRESULT STDMETHODCALLTYPE CloseFile() = 0;

@@ -1,0 +1,177 @@
+#include "control/editor/document_saver.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+
+#include "control/editor/file_kind.h"
+
+namespace mavrin2::editor {
+namespace {
+
+using Samples = SoundFileCompanion::Samples;
+
+// Hands a block to the companion, whole or in the small pieces that a WMA encoder wants.
+class BlockSender {
+public:
+    BlockSender(SoundFileCompanion& companion, bool pieces, std::int32_t frequency)
+        : companion_(companion), pieceSize_(pieces ? std::max(frequency / 2, 1) : 0) {}
+
+    bool Send(const Samples& block) {
+        if (pieceSize_ == 0) return companion_.WriteBlock(block);
+        const automation::ArrayView<std::int16_t> view(block.Get());
+        Samples piece(pieceSize_);
+        for (auto rest = view.Elements(); !rest.empty();) {
+            const std::size_t count = std::min(pieceSize_, rest.size());
+            if (count < pieceSize_) piece.Resize(count);
+            const automation::ArrayView<std::int16_t> target(piece.Get());
+            std::ranges::copy(rest.first(count), target.Elements().begin());
+            if (!companion_.WriteBlock(piece)) return false;
+            rest = rest.subspan(count);
+        }
+        return true;
+    }
+
+private:
+    SoundFileCompanion& companion_;
+    std::size_t pieceSize_;
+};
+
+}  // namespace
+
+// One run of writing, from the created output file to its end.
+class DocumentSaver::Output {
+public:
+    Output(EditorServices& services, SoundFileCompanion& companion, OperationTicket& ticket,
+           WaveStream& source, std::int16_t selected)
+        : services_(services), companion_(companion), ticket_(ticket), source_(source) {
+        const ZoomLevel& level = services.History.Current()->Level();
+        // In 32 bits, as the progress has always counted.
+        total_ = selected ? static_cast<std::int32_t>((level.EndSelect - level.StartSelect).Count())
+                          : std::int64_t{source.Length()};
+        if (selected && selected != WholeWithSelection) {
+            source.Seek(level.StartSelect.Count());
+            limit_ = total_;
+        }
+    }
+
+    // The code is that of the failure; an output that could not be completed is gone by then.
+    ErrorConstants Write(bool pieces) {
+        // Ten bytes for each hertz: five seconds of mono, half as much of stereo.
+        const auto blockSamples = static_cast<std::size_t>(services_.Format.Frequency) * 5;
+        Samples block(blockSamples);
+        BlockSender sender(companion_, pieces, services_.Format.Frequency);
+        services_.View.RenderBackground();
+        bool more = Report(0) && !services_.Status.Idle();
+        while (more) {
+            const auto samples = Fill(block, blockSamples);
+            if (!samples) {
+                // The rest of the document cannot be had: better no file than half of one.
+                companion_.AbandonOutput();
+                return ErrorConstants::FILEACCESS;
+            }
+            if (*samples == 0) break;
+            if (*samples < blockSamples) block.Resize(*samples);
+            if (!sender.Send(block)) return companion_.ReasonOfFailure();
+            written_ += static_cast<std::int64_t>(*samples) * 2;
+            more = Report(PercentDone()) && *samples == blockSamples && !services_.Status.Idle();
+            if (ticket_.Stands()) services_.View.Redraw();
+        }
+        return ErrorConstants::NOERRORS;
+    }
+
+private:
+    // The samples read, 0 at the end of what is to be written; nothing when reading failed.
+    std::optional<std::size_t> Fill(const Samples& block, std::size_t capacity) {
+        const automation::ArrayView<std::int16_t> view(block.Get());
+        const std::int64_t left = std::max<std::int64_t>(limit_ - written_, 0);
+        const auto bytes = static_cast<std::size_t>(
+            std::min<std::int64_t>(static_cast<std::int64_t>(capacity) * 2, left));
+        const auto read = source_.Read(std::as_writable_bytes(view.Elements()).first(bytes));
+        if (!read) return std::nullopt;
+        return *read / 2;
+    }
+
+    int PercentDone() const {
+        const double part = static_cast<double>(written_) / static_cast<double>(total_);
+        return static_cast<int>(std::min(1.0, part) * 100);
+    }
+
+    bool Report(int percent) {
+        services_.View.ShowProgress(percent);
+        services_.Events.BlockOperation(percent);
+        return ticket_.Stands();
+    }
+
+    EditorServices& services_;
+    SoundFileCompanion& companion_;
+    OperationTicket& ticket_;
+    WaveStream& source_;
+    std::int64_t total_;
+    std::int64_t limit_ = std::numeric_limits<std::int64_t>::max();
+    std::int64_t written_ = 0;
+};
+
+ErrorConstants DocumentSaver::Save(const std::filesystem::path& path, std::int16_t selected,
+                                   FormatTypeConstants type) {
+    if (!services_.Ready()) return ErrorConstants::NOERRORS;
+    OperationTicket ticket(services_.Operations, services_.History);
+    services_.Status.LastError = ErrorConstants::NOERRORS;
+    SaveThroughCompanion(path, selected, type, ticket);
+    if (!ticket.Stands()) return ErrorConstants::NOERRORS;
+    if (services_.Status.LastError != ErrorConstants::NOERRORS) {
+        services_.Status.Status = StatusConstants::Idle;
+        return services_.Status.LastError;
+    }
+    services_.View.RenderBackground();
+    services_.View.Redraw();
+    if (ticket.Stands()) services_.Events.EndOperation();
+    if (ticket.Stands()) services_.Status.Status = StatusConstants::Idle;
+    return ErrorConstants::NOERRORS;
+}
+
+void DocumentSaver::SaveThroughCompanion(const std::filesystem::path& path, std::int16_t selected,
+                                         FormatTypeConstants type, OperationTicket& ticket) {
+    const DocumentState& state = *services_.History.Current();
+    // The work file is never written over by an export of itself.
+    if (path.native() == state.WorkFilePath.native()) return;
+    const FileKind kind = FileKindOf(path);
+    if (kind == FileKind::CdTrack) return;
+    if (kind == FileKind::Wma) companion_.SetWmaMode(true);
+    const bool pieces = type == FormatTypeConstants::WMA ||
+                        (type == FormatTypeConstants::DEFAULT && kind == FileKind::Wma);
+
+    ErrorConstants& error = services_.Status.LastError;
+    WaveStream source(services_.Files);
+    bool created = false;
+    if (source.Open(state.WorkFilePath, WaveStream::Mode::Read) && CreateOutput(path, type)) {
+        created = true;
+        const std::uint64_t session = companion_.Session();
+        const ErrorConstants outcome =
+            Output(services_, companion_, ticket, source, selected).Write(pieces);
+        if (!ticket.Stands()) {
+            if (companion_.Session() == session) companion_.CloseFile();
+            return;
+        }
+        error = outcome;
+    }
+    services_.Format.FormatDescription = companion_.GetFormatText();
+    const bool closed = companion_.CloseFile();
+    if (created && !closed && error == ErrorConstants::NOERRORS)
+        error = companion_.ReasonOfFailure();
+}
+
+bool DocumentSaver::CreateOutput(const std::filesystem::path& path, FormatTypeConstants type) {
+    const DocumentFormat& format = services_.Format;
+    companion_.SetPcmFormat(format.Frequency, format.Channels);
+    companion_.CreateSoundFile(path, type);
+    companion_.GetErrorCode(services_.Status.LastError);
+    if (services_.Status.LastError != ErrorConstants::NOERRORS) return false;
+    // The output's own rate matters to what else is written with a file.
+    companion_.GetFrequency();
+    companion_.SetPcmFormat(format.Frequency, format.Channels);
+    services_.Status.Status = StatusConstants::Saving;
+    return true;
+}
+
+}  // namespace mavrin2::editor

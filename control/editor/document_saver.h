@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+
+#include "control/editor/editor_services.h"
+#include "control/editor/sound_file_companion.h"
+#include "control/editor/wave_stream.h"
+
+namespace mavrin2::editor {
+
+// Writes the document or its selection to a sound file.
+class DocumentSaver {
+public:
+    // With this value of `selected` the whole document is written, with the progress of a
+    // selection.
+    static constexpr std::int16_t WholeWithSelection = 763;
+
+    DocumentSaver(EditorServices& services, SoundFileCompanion& companion)
+        : services_(services), companion_(companion) {}
+
+    // Does nothing without a document or while the control is busy. The result is that of this
+    // call, whatever another one, made from inside an event, has left as the last error. A save
+    // that is cancelled is complete with what was written.
+    ErrorConstants Save(const std::filesystem::path& path, std::int16_t selected,
+                        FormatTypeConstants type);
+
+private:
+    class Output;
+
+    bool CreateOutput(const std::filesystem::path& path, FormatTypeConstants type);
+    void SaveThroughCompanion(const std::filesystem::path& path, std::int16_t selected,
+                              FormatTypeConstants type, OperationTicket& ticket);
+
+    EditorServices& services_;
+    SoundFileCompanion& companion_;
+};
+
+}  // namespace mavrin2::editor

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+
+#include "control/signal/quantity.h"
+
+namespace mavrin2::editor {
+
+using signal::Bytes;
+
+// View and selection at one depth of zooming, as byte offsets into the samples.
+struct ZoomLevel {
+    Bytes StartView;
+    Bytes EndView;
+    Bytes StartSelect;
+    Bytes EndSelect;
+    Bytes SelectDragEnd;  // the selection's end as last placed by the mouse
+};
+
+// One version of the document. Level 0 shows the whole document.
+struct DocumentState {
+    static constexpr std::int32_t ZoomLevels = 100;
+
+    std::filesystem::path WorkFilePath;
+    Bytes TotalBytes;
+    std::array<ZoomLevel, ZoomLevels> Zoom;
+    std::int32_t ZoomIndex = 0;
+    std::int16_t Selected = 0;  // the editor stores 1, hosts what they like
+    std::int32_t Depth = 0;     // 1 for the oldest version, one more for each newer one
+    Bytes PlayPosition;
+    std::int32_t Frequency = 0;
+    std::int32_t Channels = 0;
+
+    // The history's own links: a version owns the newer one.
+    std::unique_ptr<DocumentState> Next;
+    DocumentState* Prev = nullptr;
+
+    ZoomLevel& Level() { return Zoom[static_cast<std::size_t>(ZoomIndex)]; }
+    const ZoomLevel& Level() const { return Zoom[static_cast<std::size_t>(ZoomIndex)]; }
+};
+
+}  // namespace mavrin2::editor

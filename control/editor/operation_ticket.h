@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+
+#include "control/editor/undo_history.h"
+
+namespace mavrin2::editor {
+
+// Numbers the operations of one control.
+class OperationCounter {
+public:
+    std::uint64_t Next() { return ++last_; }
+    std::uint64_t Last() const { return last_; }
+
+private:
+    std::uint64_t last_ = 0;
+};
+
+// Held by an operation while it runs. A host may start another one from inside an event: the first
+// then finds its ticket out of date, gives up what is its own and touches nothing else.
+class OperationTicket {
+public:
+    OperationTicket(OperationCounter& counter, const UndoHistory& history)
+        : counter_(counter),
+          history_(history),
+          number_(counter.Next()),
+          state_(history.Current()) {}
+    OperationTicket(const OperationTicket&) = delete;
+    OperationTicket& operator=(const OperationTicket&) = delete;
+
+    bool Stands() const { return counter_.Last() == number_ && history_.Current() == state_; }
+
+    // The operation itself has moved the history.
+    void Moved() { state_ = history_.Current(); }
+
+private:
+    OperationCounter& counter_;
+    const UndoHistory& history_;
+    std::uint64_t number_;
+    const DocumentState* state_;
+};
+
+}  // namespace mavrin2::editor

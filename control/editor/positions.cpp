@@ -1,0 +1,165 @@
+#include "control/editor/positions.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "control/signal/mul_div.h"
+
+namespace mavrin2::editor {
+
+std::int32_t Positions::SecToSamples(std::int32_t milliseconds) const {
+    return signal::MulDiv(milliseconds, services_.Format.Frequency, 1000);
+}
+
+std::int32_t Positions::SamplesToSec(std::int32_t samples) const {
+    return signal::MulDiv(samples, 1000, services_.Format.Frequency);
+}
+
+std::int32_t Positions::ToFrames(Bytes position) const {
+    return static_cast<std::int32_t>(services_.Format.ToFrames(position).Count());
+}
+
+Bytes Positions::Limited(std::int32_t frames) const {
+    return std::clamp(services_.Format.ToBytes(frames), Bytes(0),
+                      services_.History.Current()->TotalBytes);
+}
+
+std::int32_t Positions::StartSelect() const {
+    const DocumentState* state = services_.History.Current();
+    return state ? ToFrames(state->Level().StartSelect) : 0;
+}
+
+void Positions::SetStartSelect(std::int32_t frames) {
+    DocumentState* state = services_.History.Current();
+    if (!state) return;
+    const Bytes position = Limited(frames);
+    ZoomLevel& level = state->Level();
+    if (!state->Selected || position >= level.EndSelect) level.EndSelect = position;
+    level.StartSelect = position;
+    ShowSelection();
+}
+
+std::int32_t Positions::EndSelect() const {
+    const DocumentState* state = services_.History.Current();
+    return state ? ToFrames(state->Level().EndSelect) : 0;
+}
+
+void Positions::SetEndSelect(std::int32_t frames) {
+    DocumentState* state = services_.History.Current();
+    if (!state) return;
+    const Bytes position = Limited(frames);
+    ZoomLevel& level = state->Level();
+    if (!state->Selected) {
+        level.StartSelect = level.EndSelect = position;
+    } else if (position <= level.StartSelect) {
+        level.EndSelect = std::exchange(level.StartSelect, position);
+    } else {
+        level.EndSelect = position;
+    }
+    ShowSelection();
+}
+
+std::int32_t Positions::StartView() const {
+    const DocumentState* state = services_.History.Current();
+    return state ? ToFrames(state->Level().StartView) : 0;
+}
+
+void Positions::SetStartView(std::int32_t frames) {
+    DocumentState* state = services_.History.Current();
+    if (!state) return;
+    const Bytes position = Limited(frames);
+    if (position == state->Level().StartView) return;
+    PushViewLevel();
+    ZoomLevel& level = state->Level();
+    if (position >= level.EndView)
+        level.StartView = std::exchange(level.EndView, position);
+    else
+        level.StartView = position;
+    ShowView();
+}
+
+std::int32_t Positions::EndView() const {
+    const DocumentState* state = services_.History.Current();
+    return state ? ToFrames(state->Level().EndView) : 0;
+}
+
+void Positions::SetEndView(std::int32_t frames) {
+    DocumentState* state = services_.History.Current();
+    if (!state) return;
+    const Bytes position = Limited(frames);
+    if (position == state->Level().EndView) return;
+    PushViewLevel();
+    ZoomLevel& level = state->Level();
+    if (position <= level.StartView)
+        level.EndView = std::exchange(level.StartView, position);
+    else
+        level.EndView = position;
+    ShowView();
+}
+
+std::int16_t Positions::Selected() const {
+    const DocumentState* state = services_.History.Current();
+    return state ? state->Selected : std::int16_t{0};
+}
+
+void Positions::SetSelected(std::int16_t selected) {
+    DocumentState* state = services_.History.Current();
+    if (!state) return;
+    state->Selected = selected;
+    ShowSelection();
+}
+
+std::int32_t Positions::TotalSamples() const {
+    const DocumentState* state = services_.History.Current();
+    return state ? ToFrames(state->TotalBytes) : 0;
+}
+
+std::int32_t Positions::CurrentPosition() const {
+    const DocumentState* state = services_.History.Current();
+    if (!state) return 0;
+    return ToFrames(services_.Status.Idle() ? state->Level().StartSelect : state->PlayPosition);
+}
+
+void Positions::SetCurrentPosition(std::int32_t frames) {
+    DocumentState* state = services_.History.Current();
+    if (!state) return;
+    const Bytes position = Limited(frames);
+    ZoomLevel& level = state->Level();
+    if (!state->Selected) {
+        level.StartSelect = level.EndSelect = position;
+    } else if (position >= level.EndSelect) {
+        level.StartSelect = std::exchange(level.EndSelect, position);
+    } else {
+        level.StartSelect = position;
+    }
+    services_.Range.UpdateSelectionColumns();
+    if (!services_.Status.Idle()) {
+        activity_.Stop();
+        return;
+    }
+    services_.View.RenderBackground();
+    services_.View.Redraw();
+}
+
+// Level 0 always spans the whole document, so a range that a host has chosen gets one of its own.
+void Positions::PushViewLevel() {
+    DocumentState& state = *services_.History.Current();
+    if (state.ZoomIndex != 0) return;
+    const Bytes dragEnd = state.Zoom[1].SelectDragEnd;
+    state.Zoom[1] = state.Zoom[0];
+    state.Zoom[1].SelectDragEnd = dragEnd;
+    state.ZoomIndex = 1;
+}
+
+void Positions::ShowSelection() {
+    services_.Range.UpdateSelectionColumns();
+    services_.View.Redraw();
+}
+
+void Positions::ShowView() {
+    services_.Range.RecomputeView();
+    services_.Range.UpdateSelectionColumns();
+    services_.View.Redraw();
+}
+
+}  // namespace mavrin2::editor

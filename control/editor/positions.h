@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+
+#include "control/editor/activity.h"
+#include "control/editor/editor_services.h"
+
+namespace mavrin2::editor {
+
+// Selection, view and cursor as hosts read and move them, in frames. Positions outside the document
+// are limited to it; without a document getters give 0 and setters do nothing.
+class Positions {
+public:
+    Positions(EditorServices& services, Activity& activity)
+        : services_(services), activity_(activity) {}
+
+    std::int32_t SecToSamples(std::int32_t milliseconds) const;
+    std::int32_t SamplesToSec(std::int32_t samples) const;
+
+    std::int32_t StartSelect() const;
+    void SetStartSelect(std::int32_t frames);
+    std::int32_t EndSelect() const;
+    void SetEndSelect(std::int32_t frames);
+    std::int32_t StartView() const;
+    void SetStartView(std::int32_t frames);
+    std::int32_t EndView() const;
+    void SetEndView(std::int32_t frames);
+    std::int16_t Selected() const;
+    void SetSelected(std::int16_t selected);
+    std::int32_t TotalSamples() const;
+    // Where the sound card is while the control is not idle, else the selection's start.
+    std::int32_t CurrentPosition() const;
+    void SetCurrentPosition(std::int32_t frames);
+
+private:
+    std::int32_t ToFrames(Bytes position) const;
+    Bytes Limited(std::int32_t frames) const;
+    void PushViewLevel();
+    void ShowSelection();
+    void ShowView();
+
+    EditorServices& services_;
+    Activity& activity_;
+};
+
+}  // namespace mavrin2::editor

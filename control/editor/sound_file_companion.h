@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+#include "automation/com_ptr.h"
+#include "automation/safe_array.h"
+#include "companions/contracts/dusoro.h"
+
+namespace mavrin2::editor {
+
+using contracts::ErrorConstants;
+using contracts::FormatTypeConstants;
+
+// The file companion as the editor calls it. Each method is one call of the contract.
+class SoundFileCompanion {
+public:
+    using Samples = automation::SafeArray<std::int16_t>;
+
+    void Attach(automation::ComPtr<contracts::IDusoro2> companion) {
+        companion_ = std::move(companion);
+    }
+    void Release() { companion_.Reset(); }
+
+    void OpenSoundFile(const std::filesystem::path& path, FormatTypeConstants type);
+    void CreateSoundFile(const std::filesystem::path& path, FormatTypeConstants type);
+    // False when the output file could not be completed, or nothing was open for writing.
+    bool CloseFile();
+    bool WriteBlock(const Samples& samples);
+    // At most `frames` frames; no array when the companion gave none.
+    Samples ReadBlock(std::int32_t frames);
+    void SetPcmFormat(std::int32_t frequency, std::int32_t channels);
+    void SetFormatVOX(std::int32_t frequency);
+    void SetWmaMode(bool on);
+
+    // Changes whenever the companion opens, starts or closes a file: tells an operation whether the
+    // file it began with is still the one the companion holds.
+    std::uint64_t Session() const { return session_; }
+
+    // The companion writes the code of its last file operation into `error`.
+    void GetErrorCode(ErrorConstants& error);
+    // Why a call has just failed; never NOERRORS.
+    ErrorConstants ReasonOfFailure();
+    // Gives up an unfinished output file: to open something else is how the contract says it.
+    void AbandonOutput();
+    std::int32_t GetLength();  // in frames
+    std::int32_t GetSourceFrequency();
+    std::int32_t GetFrequency();
+    std::int32_t GetChannels();
+    std::int32_t GetBitsPerSample();
+    bool IsPlainPcm();
+    std::string GetFormatText();
+
+private:
+    template <class Method>
+    std::int32_t Number(Method method);
+
+    automation::ComPtr<contracts::IDusoro2> companion_;
+    std::uint64_t session_ = 0;
+};
+
+}  // namespace mavrin2::editor

@@ -1,0 +1,70 @@
+#include "control/editor/undo_history.h"
+
+#include <utility>
+
+namespace mavrin2::editor {
+
+UndoHistory::UndoHistory(std::shared_ptr<platform::FileSystem> files) : files_(std::move(files)) {}
+
+UndoHistory::~UndoHistory() {
+    FreeChain();
+    // A host may have chosen other names for files of its own: only temporary ones are ours.
+    for (const std::filesystem::path& path : tempFiles_)
+        if (path.extension() == ".tmp") files_->Remove(path);
+}
+
+DocumentState& UndoHistory::PushState(std::unique_ptr<DocumentState> state) {
+    tempFiles_.push_back(state->WorkFilePath);
+    state->Next.reset();
+    state->Prev = nullptr;
+    if (!current_) {
+        state->Depth = 1;
+        oldest_ = std::move(state);
+        current_ = oldest_.get();
+        return *current_;
+    }
+    DropNewerStates();
+    if (current_->Depth >= limit_) DropOldestState();
+    state->Prev = current_;
+    state->Depth = current_->Depth + 1;
+    current_->Next = std::move(state);
+    current_ = current_->Next.get();
+    return *current_;
+}
+
+void UndoHistory::DropNewerStates() {
+    // One by one, since a chain that frees itself recursively would need as much stack as it is
+    // long.
+    for (std::unique_ptr<DocumentState> state = std::move(current_->Next); state;
+         state = std::move(state->Next))
+        files_->Remove(state->WorkFilePath);
+}
+
+void UndoHistory::DropOldestState() {
+    if (oldest_.get() == current_) return;
+    for (DocumentState* state = current_; state != oldest_.get(); state = state->Prev)
+        --state->Depth;
+    files_->Remove(oldest_->WorkFilePath);
+    oldest_ = std::move(oldest_->Next);
+    oldest_->Prev = nullptr;
+}
+
+bool UndoHistory::StepBack() {
+    if (!CanStepBack()) return false;
+    current_ = current_->Prev;
+    return true;
+}
+
+bool UndoHistory::StepForward() {
+    if (!CanStepForward()) return false;
+    current_ = current_->Next.get();
+    return true;
+}
+
+void UndoHistory::FreeChain() {
+    current_ = nullptr;
+    while (oldest_)
+        oldest_ = std::move(oldest_->Next);
+}
+
+}  // namespace mavrin2::editor

@@ -1,0 +1,183 @@
+#include "control/server/control.h"
+
+#include <algorithm>
+
+#include "automation/text.h"
+#include "control/interfaces/events.h"
+#include "control/interfaces/library.h"
+#include "control/server/construction_steps.h"
+#include "control/server/error_report.h"
+
+namespace mavrin2::server {
+
+using automation::Bstr;
+using automation::ToPath;
+using interfaces::ErrorConstants;
+using interfaces::FormatTypeConstants;
+
+CMavrin2::CMavrin2(IUnknown* outer, ControlEnvironment environment)
+    : AutomationObject(outer),
+      connectionPoints_(Identity(), {&interfaces::DIID_IMavrin2Events, &IID_IPropertyNotifySink}),
+      classInformation_(Identity(), &interfaces::ControlLibrary, interfaces::CLSID_Mavrin2),
+      parts_(std::move(environment), Identity(), connectionPoints_.At(0)) {}
+
+HRESULT CMavrin2::FinalConstruct() {
+    return RunConstructionSteps(parts_);
+}
+
+void CMavrin2::FinalRelease() {
+    parts_.Teardown();
+}
+
+void* CMavrin2::FindInterface(REFIID iid) {
+    if (IsEqualGUID(iid, IID_IConnectionPointContainer))
+        return static_cast<IConnectionPointContainer*>(&connectionPoints_);
+    if (IsEqualGUID(iid, IID_IProvideClassInfo) || IsEqualGUID(iid, IID_IProvideClassInfo2))
+        return static_cast<IProvideClassInfo2*>(&classInformation_);
+    return nullptr;
+}
+
+// Runs a member's work. The control outlives it, whatever a host does in an event; an operation
+// that breaks off does not leave it busy.
+template <class Act>
+HRESULT CMavrin2::Run(Act&& act) {
+    return automation::Guarded([&]() -> HRESULT {
+        const automation::ComPtr<IUnknown> held(Identity());
+        try {
+            if constexpr (std::is_void_v<decltype(act(*parts_.Editor))>) {
+                act(*parts_.Editor);
+                return S_OK;
+            } else {
+                return act(*parts_.Editor);
+            }
+        } catch (...) {
+            parts_.State.Status.Status = editor::StatusConstants::Idle;
+            throw;
+        }
+    });
+}
+
+template <class Value, class Reader>
+HRESULT CMavrin2::Read(Value* target, Reader&& read) {
+    if (!target) return E_POINTER;
+    return automation::Guarded([&] { *target = read(); });
+}
+
+STDMETHODIMP CMavrin2::New(interfaces::FrequencyConstants Frequency,
+                           interfaces::ChannelsConstants nChannels) {
+    return Run([&](DocumentEditor& editor) {
+        editor.Opening.New(static_cast<std::int32_t>(Frequency),
+                           static_cast<std::int32_t>(nChannels));
+    });
+}
+
+STDMETHODIMP CMavrin2::Open(BSTR fileName, FormatTypeConstants FormatType) {
+    return Run([&](DocumentEditor& editor) {
+        return ReportError(editor.Opening.Open(ToPath(Bstr::View(fileName)), FormatType));
+    });
+}
+
+STDMETHODIMP CMavrin2::Save(BSTR fileName, VARIANT_BOOL Selected, FormatTypeConstants FormatType) {
+    return Run([&](DocumentEditor& editor) {
+        return ReportError(editor.Saver.Save(ToPath(Bstr::View(fileName)), Selected, FormatType));
+    });
+}
+
+STDMETHODIMP CMavrin2::Close() {
+    return Run([](DocumentEditor& editor) { editor.Opening.Close(); });
+}
+
+STDMETHODIMP CMavrin2::Undo() {
+    return Run([](DocumentEditor& editor) { editor.Versions.Undo(); });
+}
+
+STDMETHODIMP CMavrin2::Redo() {
+    return Run([](DocumentEditor& editor) { editor.Versions.Redo(); });
+}
+
+STDMETHODIMP CMavrin2::BeginOperations() {
+    return Run([](DocumentEditor& editor) { editor.Versions.BeginOperations(); });
+}
+
+STDMETHODIMP CMavrin2::EndOperations() {
+    return Run([](DocumentEditor& editor) { editor.Versions.EndOperations(); });
+}
+
+STDMETHODIMP CMavrin2::DeleteSelect() {
+    return Run([](DocumentEditor& editor) { editor.Edits.DeleteSelect(); });
+}
+
+STDMETHODIMP CMavrin2::Stop() {
+    return Run([](DocumentEditor& editor) { editor.Transport.Stop(); });
+}
+
+STDMETHODIMP CMavrin2::get_LastErrorNum(ErrorConstants* Value) {
+    return Read(Value, [&] { return parts_.State.Status.LastError; });
+}
+
+STDMETHODIMP CMavrin2::get_Status(SHORT* Value) {
+    return Read(Value, [&] { return static_cast<SHORT>(parts_.State.Status.Status); });
+}
+
+STDMETHODIMP CMavrin2::get_TempDirectory(BSTR* Value) {
+    return Read(Value, [&] {
+        const editor::DocumentState* state = History().Current();
+        return automation::NewBstr(automation::OleStringView(
+            automation::ToOle(state ? state->WorkFilePath : parts_.State.Settings.TempDirectory)));
+    });
+}
+
+STDMETHODIMP CMavrin2::put_TempDirectory(BSTR Value) {
+    return Run([&](DocumentEditor&) {
+        if (parts_.Temporary.ChooseFolder(ToPath(Bstr::View(Value))) && !History().Current())
+            parts_.Temporary.CleanTempFiles();
+    });
+}
+
+STDMETHODIMP CMavrin2::get_TempFileName(BSTR* Value) {
+    return Read(Value, [&] {
+        return automation::NewBstr(
+            automation::OleStringView(automation::ToOle(parts_.State.Settings.TempFileName)));
+    });
+}
+
+STDMETHODIMP CMavrin2::put_TempFileName(BSTR Value) {
+    return Run(
+        [&](DocumentEditor&) { parts_.Temporary.ChooseClipFile(ToPath(Bstr::View(Value))); });
+}
+
+STDMETHODIMP CMavrin2::get_FileBufferSize(LONG* Value) {
+    return Read(Value, [&] { return parts_.State.Settings.FileBufferSize; });
+}
+
+STDMETHODIMP CMavrin2::put_FileBufferSize(LONG Value) {
+    parts_.State.Settings.FileBufferSize = std::clamp<std::int32_t>(Value, 100, 600000);
+    return S_OK;
+}
+
+STDMETHODIMP CMavrin2::get_UndoRedoCount(LONG* Value) {
+    return Read(Value, [&] { return History().Limit() - 1; });
+}
+
+STDMETHODIMP CMavrin2::put_UndoRedoCount(LONG Value) {
+    History().SetLimit(std::clamp<std::int32_t>(Value, 1, 10000) + 1);
+    return S_OK;
+}
+
+STDMETHODIMP CMavrin2::get_UndoEnabled(VARIANT_BOOL* Value) {
+    return Read(Value, [&] { return static_cast<VARIANT_BOOL>(History().CanStepBack()); });
+}
+
+STDMETHODIMP CMavrin2::get_RedoEnabled(VARIANT_BOOL* Value) {
+    return Read(Value, [&] { return static_cast<VARIANT_BOOL>(History().CanStepForward()); });
+}
+
+STDMETHODIMP CMavrin2::get_FileInfo(interfaces::IMavrin2FileInfo** Value) {
+    return Read(Value, [&] { return parts_.FileInfo.As<interfaces::IMavrin2FileInfo>().Detach(); });
+}
+
+STDMETHODIMP CMavrin2::get_Position(interfaces::IMavrin2Position** Value) {
+    return Read(Value, [&] { return parts_.Position.As<interfaces::IMavrin2Position>().Detach(); });
+}
+
+}  // namespace mavrin2::server

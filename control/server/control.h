@@ -1,0 +1,62 @@
+#pragma once
+
+#include "automation/class_information.h"
+#include "automation/connection_points.h"
+#include "automation/object.h"
+#include "control/interfaces/mavrin2.h"
+#include "control/server/control_parts.h"
+
+namespace mavrin2::server {
+
+// The control as hosts meet it: its identity, the interfaces it answers for and the automation
+// members, each of which hands on to the part that does the work.
+class CMavrin2 final : public automation::AutomationObject<CMavrin2, interfaces::IMavrin2> {
+public:
+    CMavrin2(IUnknown* outer, ControlEnvironment environment);
+    ~CMavrin2() = default;
+
+    HRESULT FinalConstruct();
+    void FinalRelease();
+    void* FindInterface(REFIID iid);
+
+    STDMETHODIMP New(interfaces::FrequencyConstants Frequency,
+                     interfaces::ChannelsConstants nChannels) override;
+    STDMETHODIMP Open(BSTR fileName, interfaces::FormatTypeConstants FormatType) override;
+    STDMETHODIMP Save(BSTR fileName, VARIANT_BOOL Selected,
+                      interfaces::FormatTypeConstants FormatType) override;
+    STDMETHODIMP Close() override;
+    STDMETHODIMP Undo() override;
+    STDMETHODIMP Redo() override;
+    STDMETHODIMP BeginOperations() override;
+    STDMETHODIMP EndOperations() override;
+    STDMETHODIMP DeleteSelect() override;
+    STDMETHODIMP Stop() override;
+    STDMETHODIMP get_LastErrorNum(interfaces::ErrorConstants* Value) override;
+    STDMETHODIMP get_Status(SHORT* Value) override;
+    STDMETHODIMP get_TempDirectory(BSTR* Value) override;
+    STDMETHODIMP put_TempDirectory(BSTR Value) override;
+    STDMETHODIMP get_TempFileName(BSTR* Value) override;
+    STDMETHODIMP put_TempFileName(BSTR Value) override;
+    STDMETHODIMP get_FileBufferSize(LONG* Value) override;
+    STDMETHODIMP put_FileBufferSize(LONG Value) override;
+    STDMETHODIMP get_UndoRedoCount(LONG* Value) override;
+    STDMETHODIMP put_UndoRedoCount(LONG Value) override;
+    STDMETHODIMP get_UndoEnabled(VARIANT_BOOL* Value) override;
+    STDMETHODIMP get_RedoEnabled(VARIANT_BOOL* Value) override;
+    STDMETHODIMP get_FileInfo(interfaces::IMavrin2FileInfo** Value) override;
+    STDMETHODIMP get_Position(interfaces::IMavrin2Position** Value) override;
+
+private:
+    template <class Act>
+    HRESULT Run(Act&& act);
+    template <class Value, class Reader>
+    HRESULT Read(Value* target, Reader&& read);
+
+    editor::UndoHistory& History() { return parts_.Position->History(); }
+
+    automation::ConnectionPoints connectionPoints_;
+    automation::ClassInformation classInformation_;
+    ControlParts parts_;
+};
+
+}  // namespace mavrin2::server

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "control/editor/sound_file_companion.h"
+#include "control/objects/file_info.h"
+#include "control/objects/position.h"
+#include "control/server/document_editor.h"
+#include "control/server/event_source.h"
+#include "platform/ports.h"
+
+namespace mavrin2::server {
+
+// What a control takes from outside: the system it runs on, and the way to its companions.
+struct ControlEnvironment {
+    platform::Ports Ports;
+    // As CoCreateInstance of an in-process class.
+    std::function<HRESULT(REFCLSID id, REFIID iid, void** object)> CreateCompanion;
+};
+
+// The running system and its component registry.
+ControlEnvironment SystemEnvironment();
+
+// Everything that one control is made of, in the order of being made. The construction steps fill
+// it; until they have all run, later parts are empty.
+class ControlParts {
+public:
+    // `identity` is the control as others see it, not counted; events go to `hosts`.
+    ControlParts(ControlEnvironment environment, IUnknown* identity,
+                 const automation::ConnectionPoint& hosts);
+    ControlParts(const ControlParts&) = delete;
+    ControlParts& operator=(const ControlParts&) = delete;
+
+    // Lets go of everything, in the stated order of a control's end. Sub-objects that a host still
+    // holds live on, detached.
+    void Teardown();
+
+    ControlEnvironment Environment;
+    IUnknown* const Identity;
+    EventSource Events;
+    ControlState State;
+    editor::TemporaryFiles Temporary;
+
+    automation::ComPtr<objects::CMavrin2FileInfo> FileInfo;
+    automation::ComPtr<objects::CMavrin2Position> Position;
+    editor::SoundFileCompanion Dusoro;
+    std::unique_ptr<DocumentEditor> Editor;
+};
+
+}  // namespace mavrin2::server
