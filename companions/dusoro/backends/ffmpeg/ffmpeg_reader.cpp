@@ -1,0 +1,147 @@
+#include "companions/dusoro/backends/ffmpeg/ffmpeg_reader.h"
+
+#include <algorithm>
+
+#include "companions/dusoro/backends/ffmpeg/codec_text.h"
+#include "companions/dusoro/backends/ffmpeg/stream_length.h"
+#include "companions/dusoro/sound/plausible_length.h"
+
+namespace mavrin2::dusoro {
+namespace {
+
+// Demuxers that stumble over damage usually stand behind it at the next call.
+constexpr int kMostErrorsInARow = 64;
+
+// How many sample frames a packet tells the decoder to drop from its beginning.
+std::int64_t SkipOf(const AVPacket& packet) {
+    std::size_t size = 0;
+    const std::uint8_t* data = av_packet_get_side_data(&packet, AV_PKT_DATA_SKIP_SAMPLES, &size);
+    if (!data || size < 4) return 0;
+    return static_cast<std::int64_t>(data[0]) | data[1] << 8 | data[2] << 16 |
+           static_cast<std::int64_t>(data[3]) << 24;
+}
+
+}  // namespace
+
+Outcome<std::unique_ptr<SoundReader>> FfmpegReader::Open(std::shared_ptr<platform::File> file,
+                                                         const ReadingHint& hint) {
+    std::unique_ptr<FfmpegReader> reader(new FfmpegReader);
+    const std::int64_t bytes = file->Length().value_or(0);
+    reader->input_ = AvInput::Open(std::move(file), hint.Extension);
+    if (!reader->input_) return SoundError::FormatFile;
+    if (const SoundError error = reader->OpenDecoder(); error != SoundError::None) return error;
+    if (const SoundError error = reader->Start(); error != SoundError::None) return error;
+
+    SourceDescription& description = reader->description_;
+    const StreamLength length =
+        MeasureStream(*reader->input_, *reader->stream_, description.SourceRate, reader->skipped_);
+    description.Frames = PlausibleFrames(length.Frames, bytes);
+    if (length.Exact) reader->left_ = description.Frames;
+    return std::unique_ptr<SoundReader>(std::move(reader));
+}
+
+SoundError FfmpegReader::OpenDecoder() {
+    AVFormatContext& context = input_->Context();
+    const AVCodec* codec = nullptr;
+    const int index = av_find_best_stream(&context, AVMEDIA_TYPE_AUDIO, -1, -1, &codec, 0);
+    if (index == AVERROR_DECODER_NOT_FOUND) return SoundError::FormatNotSupported;
+    if (index < 0)
+        return input_->KnownByContent() ? SoundError::FormatNotSupported : SoundError::FormatFile;
+    for (unsigned i = 0; i < context.nb_streams; ++i)
+        if (static_cast<int>(i) != index) context.streams[i]->discard = AVDISCARD_ALL;
+    stream_ = context.streams[index];
+
+    decoder_.reset(avcodec_alloc_context3(codec));
+    packet_.reset(av_packet_alloc());
+    frame_.reset(av_frame_alloc());
+    if (!decoder_ || !packet_ || !frame_) return SoundError::Memory;
+    decoder_->pkt_timebase = stream_->time_base;
+    // A second thread would take the time from the editor, which runs beside it.
+    decoder_->thread_count = 1;
+    if (avcodec_parameters_to_context(decoder_.get(), stream_->codecpar) < 0 ||
+        avcodec_open2(decoder_.get(), codec, nullptr) < 0)
+        return SoundError::FormatNotSupported;
+    return SoundError::None;
+}
+
+// Decodes the first frame: only that proves that the file can be read, and tells the rate and the
+// channels of codings whose headers understate them.
+SoundError FfmpegReader::Start() {
+    const bool any = NextFrame();
+    const std::int32_t rate = any ? frame_->sample_rate : stream_->codecpar->sample_rate;
+    const std::int32_t channels =
+        any ? frame_->ch_layout.nb_channels : stream_->codecpar->ch_layout.nb_channels;
+    if (rate < 1 || rate > kHighestRate || channels < 1) return SoundError::FormatFile;
+    // A file that ends before its first sample may be complete all the same.
+    if (!any && stream_->duration != 0 && skipped_ == 0) return SoundError::FormatFile;
+
+    const CodingText coding = DescribeCoding(input_->Context(), *stream_, rate, channels);
+    description_.SourceRate = rate;
+    description_.Delivered = {rate, std::min(channels, 2)};
+    description_.BitsPerSample = coding.Bits;
+    description_.PlainPcm = coding.Pcm;
+    description_.Text = coding.Text;
+    renderer_ = std::make_unique<FrameRenderer>(description_.Delivered.Channels);
+    return SoundError::None;
+}
+
+std::size_t FfmpegReader::Read(std::span<std::int16_t> samples) {
+    const auto channels = static_cast<std::size_t>(description_.Delivered.Channels);
+    const auto wanted = static_cast<std::size_t>(
+        std::min<std::int64_t>(left_, static_cast<std::int64_t>(samples.size() / channels)));
+    std::size_t done = 0;
+    while (done < wanted) {
+        const auto present = static_cast<std::size_t>(frame_->nb_samples);
+        if (rendered_ >= present) {
+            if (!NextFrame()) break;
+            continue;
+        }
+        const std::size_t count = std::min(wanted - done, present - rendered_);
+        if (renderer_->Render(*frame_, rendered_, count, samples.data() + done * channels))
+            done += count;
+        rendered_ += count;
+    }
+    left_ -= static_cast<std::int64_t>(done);
+    return done;
+}
+
+// Replaces frame_ by the next one with sound in it. False at the end.
+bool FfmpegReader::NextFrame() {
+    rendered_ = 0;
+    while (true) {
+        const int result = avcodec_receive_frame(decoder_.get(), frame_.get());
+        if (result >= 0) {
+            if (TakeFrame()) return true;
+        } else if (result == AVERROR_EOF || draining_) {
+            av_frame_unref(frame_.get());
+            return false;
+        } else if (!FeedDecoder()) {
+            draining_ = true;
+            avcodec_send_packet(decoder_.get(), nullptr);
+        }
+    }
+}
+
+// A frame at another rate than the first is a damaged one that looks whole.
+bool FfmpegReader::TakeFrame() {
+    const bool fits =
+        description_.SourceRate == 0 || frame_->sample_rate == description_.SourceRate;
+    return fits && frame_->nb_samples > 0 && frame_->ch_layout.nb_channels > 0;
+}
+
+// Gives the decoder the next packet; one that it refuses is left out. False at the end of the file.
+bool FfmpegReader::FeedDecoder() {
+    int errors = 0;
+    while (true) {
+        const int result = av_read_frame(&input_->Context(), packet_.get());
+        if (result == AVERROR_INVALIDDATA && ++errors < kMostErrorsInARow) continue;
+        if (result < 0) return false;
+        const bool ours = packet_->stream_index == stream_->index;
+        if (ours && !std::exchange(begun_, true)) skipped_ = SkipOf(*packet_);
+        if (ours) avcodec_send_packet(decoder_.get(), packet_.get());
+        av_packet_unref(packet_.get());
+        if (ours) return true;
+    }
+}
+
+}  // namespace mavrin2::dusoro

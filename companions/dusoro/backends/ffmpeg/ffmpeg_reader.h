@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <memory>
+
+#include "companions/dusoro/backends/ffmpeg/av_input.h"
+#include "companions/dusoro/backends/ffmpeg/frame_renderer.h"
+#include "companions/dusoro/sound/backend.h"
+
+namespace mavrin2::dusoro {
+
+class FfmpegReader final : public SoundReader {
+public:
+    static Outcome<std::unique_ptr<SoundReader>> Open(std::shared_ptr<platform::File> file,
+                                                      const ReadingHint& hint);
+
+    const SourceDescription& Description() const override { return description_; }
+    std::size_t Read(std::span<std::int16_t> samples) override;
+
+private:
+    FfmpegReader() = default;
+    SoundError OpenDecoder();
+    SoundError Start();
+    bool NextFrame();
+    bool FeedDecoder();
+    bool TakeFrame();
+
+    std::unique_ptr<AvInput> input_;
+    AVStream* stream_ = nullptr;
+    AvCodecContextPtr decoder_;
+    AvPacketPtr packet_;
+    AvFramePtr frame_;
+    std::unique_ptr<FrameRenderer> renderer_;
+    SourceDescription description_;
+    std::size_t rendered_ = 0;  // sample frames of frame_
+    std::int64_t skipped_ = 0;  // sample frames that the decoder drops at the beginning
+    std::int64_t left_ = std::numeric_limits<std::int64_t>::max();  // sample frames to deliver
+    bool begun_ = false;     // the first packet has been read
+    bool draining_ = false;  // the last packet has been read
+};
+
+}  // namespace mavrin2::dusoro

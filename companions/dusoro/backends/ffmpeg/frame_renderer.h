@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "companions/dusoro/backends/ffmpeg/av_handles.h"
+#include "companions/dusoro/sound/down_mix.h"
+
+namespace mavrin2::dusoro {
+
+// Turns decoded frames, whatever their samples and channels, into 16-bit mono or stereo.
+class FrameRenderer {
+public:
+    explicit FrameRenderer(std::int32_t channels) : channels_(channels) {}
+    FrameRenderer(const FrameRenderer&) = delete;
+    FrameRenderer& operator=(const FrameRenderer&) = delete;
+    ~FrameRenderer() { av_channel_layout_uninit(&layout_); }
+
+    // `count` sample frames of `frame` from `first` on. False for samples of a type that nobody
+    // decodes to.
+    bool Render(const AVFrame& frame, std::size_t first, std::size_t count, std::int16_t* out);
+
+private:
+    template <class Sample>
+    void RenderAs(const AVFrame& frame, bool planar, std::size_t first, std::size_t count,
+                  std::int16_t* out);
+    template <class Sample>
+    void Mix(const AVFrame& frame, bool planar, std::size_t first, std::size_t count,
+             std::int16_t* out);
+    const DownMix& DownMixFor(const AVFrame& frame);
+
+    std::int32_t channels_;
+    AVChannelLayout layout_{};  // of downMix_
+    std::optional<DownMix> downMix_;
+    std::vector<float> gathered_;
+    std::vector<std::int16_t> mixed_;
+};
+
+}  // namespace mavrin2::dusoro

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+
+#include "companions/dusoro/backends/ffmpeg/av_input.h"
+
+namespace mavrin2::dusoro {
+
+struct StreamLength {
+    std::int64_t Frames = 0;
+    // The file tells where its sound ends: what decoders deliver behind that is padding.
+    bool Exact = false;
+};
+
+// The length of one stream in sample frames at `rate`. `skipped` are the frames that the demuxer
+// has told to drop from the beginning.
+StreamLength MeasureStream(const AvInput& input, const AVStream& stream, std::int32_t rate,
+                           std::int64_t skipped);
+
+}  // namespace mavrin2::dusoro

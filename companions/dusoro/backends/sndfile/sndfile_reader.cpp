@@ -1,0 +1,176 @@
+#include "companions/dusoro/backends/sndfile/sndfile_reader.h"
+
+#include <algorithm>
+#include <array>
+
+#include "companions/dusoro/backends/sndfile/sndfile_formats.h"
+#include "companions/dusoro/sound/format_text.h"
+#include "companions/dusoro/sound/sample_rounding.h"
+
+namespace mavrin2::dusoro {
+namespace {
+
+// Converted while it is in the cache.
+constexpr std::size_t kBlockValues = 16384;
+// A header may claim 1024; nobody places that many loudspeakers, and each needs its room in a
+// block.
+constexpr int kMostChannels = 256;
+
+SoundError LastError() {
+    switch (sf_error(nullptr)) {
+        case SF_ERR_UNSUPPORTED_ENCODING:
+            return SoundError::FormatNotSupported;
+        default:
+            return SoundError::FormatFile;
+    }
+}
+
+Speaker SpeakerOf(int channel) {
+    switch (channel) {
+        case SF_CHANNEL_MAP_LEFT:
+        case SF_CHANNEL_MAP_FRONT_LEFT:
+        case SF_CHANNEL_MAP_FRONT_LEFT_OF_CENTER:
+            return Speaker::FrontLeft;
+        case SF_CHANNEL_MAP_RIGHT:
+        case SF_CHANNEL_MAP_FRONT_RIGHT:
+        case SF_CHANNEL_MAP_FRONT_RIGHT_OF_CENTER:
+            return Speaker::FrontRight;
+        case SF_CHANNEL_MAP_MONO:
+        case SF_CHANNEL_MAP_CENTER:
+        case SF_CHANNEL_MAP_FRONT_CENTER:
+            return Speaker::FrontCentre;
+        case SF_CHANNEL_MAP_LFE:
+            return Speaker::LowFrequency;
+        case SF_CHANNEL_MAP_REAR_LEFT:
+        case SF_CHANNEL_MAP_SIDE_LEFT:
+        case SF_CHANNEL_MAP_TOP_FRONT_LEFT:
+        case SF_CHANNEL_MAP_TOP_REAR_LEFT:
+            return Speaker::SurroundLeft;
+        case SF_CHANNEL_MAP_REAR_RIGHT:
+        case SF_CHANNEL_MAP_SIDE_RIGHT:
+        case SF_CHANNEL_MAP_TOP_FRONT_RIGHT:
+        case SF_CHANNEL_MAP_TOP_REAR_RIGHT:
+            return Speaker::SurroundRight;
+        case SF_CHANNEL_MAP_REAR_CENTER:
+        case SF_CHANNEL_MAP_TOP_CENTER:
+        case SF_CHANNEL_MAP_TOP_FRONT_CENTER:
+        case SF_CHANNEL_MAP_TOP_REAR_CENTER:
+            return Speaker::SurroundCentre;
+        default:
+            return Speaker::Unknown;
+    }
+}
+
+}  // namespace
+
+Outcome<std::unique_ptr<SoundReader>> SndfileReader::Open(std::shared_ptr<platform::File> file,
+                                                          const ReadingHint& hint) {
+    std::unique_ptr<SndfileReader> reader(new SndfileReader);
+    reader->file_ = std::move(file);
+    reader->stream_.File = reader->file_.get();
+    SF_INFO info{};
+    if (hint.Vox) {
+        info.format = SF_FORMAT_RAW | SF_FORMAT_VOX_ADPCM;
+        info.samplerate = 8000;
+        info.channels = 1;
+    }
+    reader->handle_.reset(reader->stream_.Open(SFM_READ, info));
+    if (!reader->handle_) return LastError();
+    if (info.samplerate < 1 || info.samplerate > kHighestRate || info.channels < 1 ||
+        info.channels > kMostChannels)
+        return SoundError::FormatFile;
+    // Those that another library decodes faster have no subtype here.
+    if (!FindSubtype(info.format)) return SoundError::FormatNotSupported;
+    reader->Describe(info);
+    return std::unique_ptr<SoundReader>(std::move(reader));
+}
+
+void SndfileReader::Describe(const SF_INFO& info) {
+    const SndfileSubtype& subtype = *FindSubtype(info.format);
+    const bool flac = (info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_FLAC;
+    description_.SourceRate = info.samplerate;
+    description_.Delivered = {info.samplerate, std::min(info.channels, 2)};
+    // A stream that was never completed claims all there could be.
+    description_.Frames = info.frames < SF_COUNT_MAX ? info.frames : 0;
+    description_.BitsPerSample = subtype.Coding == SndfileCoding::Lossy ? 16 : subtype.Bits;
+    description_.PlainPcm = subtype.Coding == SndfileCoding::Integer && !flac;
+    description_.Text = subtype.Bits > 0
+                            ? TextWithBits(flac ? "FLAC" : subtype.Name, info.samplerate,
+                                           subtype.Bits, info.channels)
+                            : TextWithBitRate(subtype.Name, info.samplerate, 0, info.channels);
+
+    if (info.channels > 2) {
+        downMix_.emplace(Speakers(info.channels));
+        native_ = Native::Float;
+    } else if (subtype.Coding == SndfileCoding::Float) {
+        native_ = subtype.Bits == 64 ? Native::Double : Native::Float;
+    } else if (subtype.Coding != SndfileCoding::Lossy && subtype.Bits > 16) {
+        native_ = Native::Int;
+    }
+}
+
+std::vector<Speaker> SndfileReader::Speakers(int channels) {
+    std::vector<int> map(static_cast<std::size_t>(channels));
+    const int size = static_cast<int>(map.size() * sizeof(int));
+    if (sf_command(handle_.get(), SFC_GET_CHANNEL_MAP_INFO, map.data(), size) != SF_TRUE)
+        return UsualSpeakers(map.size());
+    std::vector<Speaker> speakers(map.size());
+    std::transform(map.begin(), map.end(), speakers.begin(), SpeakerOf);
+    return speakers;
+}
+
+std::size_t SndfileReader::Read(std::span<std::int16_t> samples) {
+    const std::size_t frames =
+        samples.size() / static_cast<std::size_t>(description_.Delivered.Channels);
+    if (downMix_) return ReadMixed(samples.data(), frames);
+    switch (native_) {
+        case Native::Short: {
+            const auto got =
+                sf_readf_short(handle_.get(), samples.data(), static_cast<sf_count_t>(frames));
+            return got > 0 ? static_cast<std::size_t>(got) : 0;
+        }
+        case Native::Int:
+            return ReadConverted(sf_readf_int, ints_, samples.data(), frames);
+        case Native::Float:
+            return ReadConverted(sf_readf_float, floats_, samples.data(), frames);
+        default:
+            return ReadConverted(sf_readf_double, doubles_, samples.data(), frames);
+    }
+}
+
+template <class Sample>
+std::size_t SndfileReader::ReadConverted(sf_count_t (*read)(SNDFILE*, Sample*, sf_count_t),
+                                         std::vector<Sample>& block, std::int16_t* out,
+                                         std::size_t frames) {
+    block.resize(kBlockValues);
+    const auto channels = static_cast<std::size_t>(description_.Delivered.Channels);
+    std::size_t done = 0;
+    while (done < frames) {
+        const std::size_t asked = std::min(frames - done, kBlockValues / channels);
+        const auto got = read(handle_.get(), block.data(), static_cast<sf_count_t>(asked));
+        if (got <= 0) break;
+        const auto values = static_cast<std::size_t>(got) * channels;
+        ConvertSamples(block.data(), out + done * channels, values);
+        done += static_cast<std::size_t>(got);
+    }
+    return done;
+}
+
+std::size_t SndfileReader::ReadMixed(std::int16_t* out, std::size_t frames) {
+    const std::size_t channels = downMix_->Channels();
+    const std::size_t block = kBlockValues / channels;
+    floats_.resize(block * channels);
+    std::size_t done = 0;
+    while (done < frames) {
+        const std::size_t asked = std::min(frames - done, block);
+        const auto got =
+            sf_readf_float(handle_.get(), floats_.data(), static_cast<sf_count_t>(asked));
+        if (got <= 0) break;
+        const auto count = static_cast<std::size_t>(got);
+        downMix_->Apply(std::span(floats_).first(count * channels), out + 2 * done);
+        done += count;
+    }
+    return done;
+}
+
+}  // namespace mavrin2::dusoro

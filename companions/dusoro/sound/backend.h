@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "companions/dusoro/sound/output_plan.h"
+#include "companions/dusoro/sound/sound_error.h"
+#include "companions/dusoro/sound/sound_reader.h"
+#include "companions/dusoro/sound/sound_writer.h"
+#include "platform/files.h"
+
+// What the modules around the sound libraries offer. Each module exports what it has under the C
+// names below; every one of these functions returns an object that lives as long as the process.
+namespace mavrin2::dusoro {
+
+struct ReadingHint {
+    // The data has no header and is 4-bit ADPCM at 8000 Hz.
+    bool Vox = false;
+    // The name's extension in lower case; for the few kinds that no content tells.
+    std::string Extension;
+};
+
+class Decoder {
+public:
+    virtual ~Decoder() = default;
+
+    // The reader keeps `file`. FormatFile when this library does not know the content.
+    virtual Outcome<std::unique_ptr<SoundReader>> Open(const std::shared_ptr<platform::File>& file,
+                                                       const ReadingHint& hint) const = 0;
+};
+
+class Encoder {
+public:
+    virtual ~Encoder() = default;
+
+    // `file` is empty and outlives the writer. FormatNotSupported when the library refuses.
+    virtual Outcome<std::unique_ptr<SoundWriter>> Create(platform::File& file,
+                                                         const OutputPlan& plan) const = 0;
+};
+
+// Another rate for one sound, block by block.
+class Resampler {
+public:
+    virtual ~Resampler() = default;
+
+    struct Progress {
+        std::size_t Consumed;   // frames of `in`
+        std::size_t Delivered;  // frames of `out`
+    };
+    // Interleaved samples. What comes out stands at the same time as what went in; the last
+    // frames come from Flush.
+    virtual Progress Process(std::span<const std::int16_t> in, std::span<std::int16_t> out) = 0;
+    // After the last input: the frames delivered, 0 when there are no more.
+    virtual std::size_t Flush(std::span<std::int16_t> out) = 0;
+};
+
+class ResamplerMaker {
+public:
+    virtual ~ResamplerMaker() = default;
+
+    // Null when the library refuses.
+    virtual std::unique_ptr<Resampler> Make(std::int32_t from, std::int32_t to,
+                                            std::int32_t channels) const = 0;
+};
+
+inline constexpr char kDecoderEntry[] = "Mavrin2DusoroDecoder";
+inline constexpr char kEncoderEntry[] = "Mavrin2DusoroEncoder";
+inline constexpr char kResamplerEntry[] = "Mavrin2DusoroResampler";
+
+// Before the definition of each of these functions.
+#define MAVRIN2_DUSORO_EXPORT extern "C" __attribute__((visibility("default")))
+
+}  // namespace mavrin2::dusoro

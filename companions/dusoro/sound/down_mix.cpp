@@ -1,0 +1,88 @@
+#include "companions/dusoro/sound/down_mix.h"
+
+#include "companions/dusoro/sound/sample_rounding.h"
+
+namespace mavrin2::dusoro {
+namespace {
+
+constexpr float kFull = 32768.0f;
+constexpr float kHalfPower = 32768.0f * 0.70710678f;
+// One channel behind stands for a pair at 0.7071 each.
+constexpr float kQuarterPower = 32768.0f * 0.5f;
+
+}  // namespace
+
+std::vector<Speaker> UsualSpeakers(std::size_t channels) {
+    using enum Speaker;
+    switch (channels) {
+        case 1:
+            return {FrontCentre};
+        case 2:
+            return {FrontLeft, FrontRight};
+        case 3:
+            return {FrontLeft, FrontRight, FrontCentre};
+        case 4:
+            return {FrontLeft, FrontRight, SurroundLeft, SurroundRight};
+        case 5:
+            return {FrontLeft, FrontRight, FrontCentre, SurroundLeft, SurroundRight};
+        case 6:
+            return {FrontLeft, FrontRight, FrontCentre, LowFrequency, SurroundLeft, SurroundRight};
+        case 7:
+            return {FrontLeft,      FrontRight,   FrontCentre,  LowFrequency,
+                    SurroundCentre, SurroundLeft, SurroundRight};
+        case 8:
+            return {FrontLeft,    FrontRight,    FrontCentre,  LowFrequency,
+                    SurroundLeft, SurroundRight, SurroundLeft, SurroundRight};
+        default:
+            return std::vector<Speaker>(channels, Unknown);
+    }
+}
+
+DownMix::DownMix(std::span<const Speaker> speakers) {
+    gains_.reserve(speakers.size());
+    for (std::size_t i = 0; i < speakers.size(); ++i) {
+        switch (speakers[i]) {
+            case Speaker::FrontLeft:
+                gains_.push_back({kFull, 0});
+                break;
+            case Speaker::FrontRight:
+                gains_.push_back({0, kFull});
+                break;
+            case Speaker::FrontCentre:
+                gains_.push_back({kHalfPower, kHalfPower});
+                break;
+            case Speaker::LowFrequency:
+                gains_.push_back({0, 0});
+                break;
+            case Speaker::SurroundLeft:
+                gains_.push_back({kHalfPower, 0});
+                break;
+            case Speaker::SurroundRight:
+                gains_.push_back({0, kHalfPower});
+                break;
+            case Speaker::SurroundCentre:
+                gains_.push_back({kQuarterPower, kQuarterPower});
+                break;
+            case Speaker::Unknown:  // pairs, left first
+                gains_.push_back(i % 2 == 0 ? Gains{kHalfPower, 0} : Gains{0, kHalfPower});
+                break;
+        }
+    }
+}
+
+void DownMix::Apply(std::span<const float> in, std::int16_t* out) const {
+    const std::size_t channels = gains_.size();
+    const std::size_t frames = in.size() / channels;
+    for (std::size_t i = 0; i < frames; ++i) {
+        float left = 0, right = 0;
+        for (std::size_t c = 0; c < channels; ++c) {
+            const float x = in[i * channels + c];
+            left += x * gains_[c].Left;
+            right += x * gains_[c].Right;
+        }
+        out[2 * i] = RoundSteps(left);
+        out[2 * i + 1] = RoundSteps(right);
+    }
+}
+
+}  // namespace mavrin2::dusoro

@@ -1,0 +1,82 @@
+#include "companions/dusoro/sound/output_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <random>
+
+namespace mavrin2::dusoro {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Where a chain of symbolic links ends, whether or not a file is there; empty for an endless one.
+fs::path FollowLinks(fs::path path) {
+    constexpr int kMostLinks = 40;
+    std::error_code error;
+    for (int i = 0; i < kMostLinks; ++i) {
+        if (!fs::is_symlink(fs::symlink_status(path, error))) return path;
+        const fs::path link = fs::read_symlink(path, error);
+        if (error) return {};
+        path = path.parent_path() / link;  // an absolute link replaces all
+    }
+    return {};
+}
+
+// A new file beside `target`, with the permissions that any new file gets; -1 when there is none.
+int CreateBeside(const fs::path& target, fs::path& name) {
+    constexpr int kMostTries = 100;
+    std::random_device random;
+    for (int i = 0; i < kMostTries; ++i) {
+        std::array<char, 40> leaf{};
+        std::snprintf(leaf.data(), leaf.size(), ".mavrin2-%08x%08x.tmp", random(), random());
+        name = target.parent_path() / leaf.data();
+        const int descriptor =
+            open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
+        if (descriptor >= 0 || errno != EEXIST) return descriptor;
+    }
+    return -1;
+}
+
+}  // namespace
+
+std::unique_ptr<OutputFile> OutputFile::Create(const fs::path& path) {
+    const fs::path target = FollowLinks(path);
+    if (!target.has_filename()) return nullptr;
+
+    struct stat older {};
+    const bool replaces = stat(target.c_str(), &older) == 0;
+    if (replaces &&
+        (!S_ISREG(older.st_mode) || faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0))
+        return nullptr;
+
+    fs::path temporary;
+    const int descriptor = CreateBeside(target, temporary);
+    if (descriptor < 0) return nullptr;
+    std::unique_ptr<OutputFile> file(
+        new OutputFile(descriptor, std::move(temporary), std::move(target)));
+    if (replaces && fchmod(descriptor, older.st_mode & 0777) != 0) return nullptr;
+    return file;
+}
+
+OutputFile::~OutputFile() {
+    if (!temporary_.empty()) unlink(temporary_.c_str());
+}
+
+bool OutputFile::Write(std::int64_t offset, std::span<const std::byte> source) {
+    if (!failed_) failed_ = !DescriptorFile::Write(offset, source);
+    return !failed_;
+}
+
+bool OutputFile::Commit() {
+    const bool closed = Close();
+    if (failed_ || !closed || rename(temporary_.c_str(), target_.c_str()) != 0) return false;
+    temporary_.clear();
+    return true;
+}
+
+}  // namespace mavrin2::dusoro

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+
+#include "companions/dusoro/sound/format_type.h"
+#include "companions/dusoro/sound/pcm_format.h"
+#include "companions/dusoro/sound/sound_error.h"
+
+namespace mavrin2::dusoro {
+
+enum class Container : std::uint8_t { Wav, Aiff, Flac, OggVorbis, Opus, Mp3, Vox };
+
+// One output file: its kind and what it carries.
+struct OutputPlan {
+    Container Kind = Container::Wav;
+    PcmFormat Carried;
+    std::int32_t BitsPerSample = 16;
+};
+
+// What was chosen for the files to come.
+struct OutputSettings {
+    PcmFormat Document{44100, 2};
+    std::int32_t VoxRate = 8000;
+    // Of WAV and AIFF: 8, 16, 24 or 32.
+    std::int32_t BitsPerSample = 16;
+};
+
+// `type` chooses the kind of file; with Default the name's extension does, and VOX stands in for
+// one that nobody knows. Rate and channels stay those of the document unless the kind of file
+// cannot carry them: then the nearest that it can. FormatNotSupported for what is known and not
+// written.
+Outcome<OutputPlan> PlanOutput(const std::filesystem::path& name, FormatType type,
+                               const OutputSettings& settings);
+
+}  // namespace mavrin2::dusoro

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <span>
+#include <vector>
+
+#include "companions/dusoro/sound/format_type.h"
+#include "companions/dusoro/sound/sound_error.h"
+
+namespace mavrin2::dusoro {
+
+enum class DecoderKind : std::uint8_t { Sndfile, Ffmpeg };
+
+// Which libraries are asked for a file, in which order.
+struct ReadingPlan {
+    std::vector<DecoderKind> Candidates;
+    // The data has no header and is 4-bit ADPCM.
+    bool Vox = false;
+};
+
+// How many bytes of a file PlanReading wants to see.
+inline constexpr std::size_t kHeadSize = 16;
+
+// Content decides: the name and `type` count only where there is no header that could tell, and
+// `type` VOX always. `head` are the first bytes of the file, not empty.
+Outcome<ReadingPlan> PlanReading(std::span<const std::byte> head, const std::filesystem::path& name,
+                                 FormatType type);
+
+// The name's extension in lower case, without the dot; empty when there is none.
+std::string ExtensionOf(const std::filesystem::path& name);
+
+}  // namespace mavrin2::dusoro

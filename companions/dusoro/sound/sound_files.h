@@ -1,0 +1,44 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "companions/dusoro/sound/backend_loader.h"
+#include "companions/dusoro/sound/format_converter.h"
+#include "companions/dusoro/sound/format_type.h"
+#include "companions/dusoro/sound/output_plan.h"
+#include "companions/dusoro/sound/sound_error.h"
+#include "companions/dusoro/sound/sound_reader.h"
+#include "companions/dusoro/sound/sound_writer.h"
+
+namespace mavrin2::dusoro {
+
+// Opens and creates sound files of every kind, with the library that each needs.
+class SoundFiles {
+public:
+    // `backendFolder` holds the modules around the libraries.
+    explicit SoundFiles(std::filesystem::path backendFolder)
+        : backends_(std::move(backendFolder)) {}
+
+    // A reader at the file's own rate, mono or stereo.
+    Outcome<std::unique_ptr<SoundReader>> Open(const std::filesystem::path& path,
+                                               FormatType type) const;
+
+    // A writer whose file takes the name, in place of an older one, when Finish succeeds; without
+    // that nothing is left of it.
+    Outcome<std::unique_ptr<SoundWriter>> Create(const std::filesystem::path& path, FormatType type,
+                                                 const OutputSettings& settings) const;
+
+    // Puts a conversion between `reader` and whoever reads `wanted`, or between `writer` and
+    // whoever delivers `given`, where one is needed; neither has begun. False, and nothing has
+    // changed, when it cannot be converted.
+    bool ReadAs(std::unique_ptr<SoundReader>& reader, PcmFormat wanted) const;
+    bool WriteFrom(std::unique_ptr<SoundWriter>& writer, PcmFormat given) const;
+
+private:
+    std::unique_ptr<FormatConverter> Converter(PcmFormat from, PcmFormat to) const;
+
+    BackendLoader backends_;
+};
+
+}  // namespace mavrin2::dusoro

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "companions/dusoro/sound/pcm_format.h"
+
+namespace mavrin2::dusoro {
+
+struct SourceDescription {
+    std::int32_t SourceRate = 0;  // of the file itself, in hertz
+    PcmFormat Delivered;          // of what Read gives
+    std::int64_t Frames = 0;      // as delivered; an estimate where the file does not tell
+    std::int32_t BitsPerSample = 16;
+    bool PlainPcm = false;
+    std::string Text;  // readable, UTF-8
+};
+
+// A sound that is being read from its beginning to its end.
+class SoundReader {
+public:
+    virtual ~SoundReader() = default;
+
+    virtual const SourceDescription& Description() const = 0;
+
+    // Fills `samples` (interleaved, a whole number of frames) and returns the frames delivered:
+    // fewer than asked for only at the end. What is damaged inside the file is left out.
+    virtual std::size_t Read(std::span<std::int16_t> samples) = 0;
+};
+
+}  // namespace mavrin2::dusoro
