@@ -31,5 +31,6 @@ if(components)
     execute_process(
       COMMAND \"\${root}/bin/mavrin2-register\"
               --registry \"\${root}/lib/mavrin2-components\" \${modules}
-      COMMAND_ERROR_IS_FATAL ANY)")
+      COMMAND_ERROR_IS_FATAL ANY)
+    file(REMOVE \"\${root}/lib/mavrin2-components.lock\")")
 endif()
