@@ -26,7 +26,7 @@ bool RangeEdit::BeginEdit() {
     if (!Open()) return FailBegin();
     const std::int64_t head = selectionStart_.Count();
     switch (CopyBlocks(source_, target_, head, BlockSize(services_.Settings, source_, head),
-                       [this] { return ReportBlock(); })) {
+                       buffer_, [this] { return ReportBlock(); })) {
         case CopyEnd::Complete:
             services_.Status.Status = StatusConstants::Idle;
             return true;
@@ -53,9 +53,9 @@ bool RangeEdit::CommitEdit() {
     services_.Status.Status = status_;
     const Carried carried = TakeCarried();
     const std::int64_t tail = source_.Length() - selectionEnd_.Count();
-    const CopyEnd end =
-        CopyBlocks(source_, target_, std::numeric_limits<std::int64_t>::max(),
-                   BlockSize(services_.Settings, source_, tail), [this] { return ReportBlock(); });
+    const CopyEnd end = CopyBlocks(source_, target_, std::numeric_limits<std::int64_t>::max(),
+                                   BlockSize(services_.Settings, source_, tail), buffer_,
+                                   [this] { return ReportBlock(); });
     if (end != CopyEnd::Complete) return FailCommit();
 
     source_.Close();

@@ -58,6 +58,7 @@ private:
     OperationTicket ticket_;
     WaveStream source_;
     WaveStream target_;
+    CopyBuffer buffer_;
     std::filesystem::path targetPath_;
     Bytes selectionStart_;
     Bytes selectionEnd_;

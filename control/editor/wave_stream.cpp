@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <new>
 
 namespace mavrin2::editor {
 namespace {
@@ -206,23 +205,19 @@ bool WaveStream::Write(std::span<const std::byte> source) {
     return true;
 }
 
-std::optional<std::uint32_t> WaveStream::CopyTo(WaveStream& target, std::uint32_t count) {
-    count = std::min(count, length_ - std::min(position_, length_));
-    if (count == 0) return 0;
-    // What has no room is passed over, as a write passes over it.
-    const std::uint32_t written = target.Room(count);
-    if (written > 0 &&
-        target.file_->CopyFrom(*file_, std::int64_t{dataStart_} + position_,
-                               std::int64_t{target.dataStart_} + target.position_, written)) {
-        position_ += count;
-        target.Advance(written);
-        return count;
+std::optional<std::uint32_t> WaveStream::CopyTo(WaveStream& target, std::uint32_t count,
+                                                CopyBuffer& buffer) {
+    std::uint32_t copied = 0;
+    while (copied < count) {
+        const auto piece =
+            buffer.PieceFor(std::int64_t{target.dataStart_} + target.position_, count - copied);
+        if (piece.empty()) return std::nullopt;
+        const auto read = Read(piece);
+        if (!read || !target.Write(piece.first(*read))) return std::nullopt;
+        copied += *read;
+        if (*read < piece.size()) break;
     }
-    const std::unique_ptr<std::byte[]> buffer(new (std::nothrow) std::byte[count]);
-    if (!buffer) return std::nullopt;
-    const auto read = Read({buffer.get(), count});
-    if (!read || !target.Write({buffer.get(), *read})) return std::nullopt;
-    return read;
+    return copied;
 }
 
 bool WaveStream::Seek(std::int64_t position) {

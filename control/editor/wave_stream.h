@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 
+#include "control/editor/copy_buffer.h"
 #include "platform/files.h"
 
 namespace mavrin2::editor {
@@ -51,9 +52,10 @@ public:
     std::optional<std::uint32_t> Read(std::span<std::byte> target);
     // True when all of it was written, or all up to the largest length.
     bool Write(std::span<const std::byte> source);
-    // Reads up to `count` bytes and writes them to `target`, by the kernel where it can: the bytes
-    // copied, 0 at the end; nothing when reading or writing failed.
-    std::optional<std::uint32_t> CopyTo(WaveStream& target, std::uint32_t count);
+    // Reads up to `count` bytes and writes them to `target`: the bytes copied, 0 at the end;
+    // nothing when reading or writing failed or there is no memory.
+    std::optional<std::uint32_t> CopyTo(WaveStream& target, std::uint32_t count,
+                                        CopyBuffer& buffer);
     bool Seek(std::int64_t position);
 
     // Puts the sizes into the header of a file that was written. False when that failed.
