@@ -167,6 +167,7 @@ STDMETHODIMP ConnectionPoints::FindConnectionPoint(REFIID iid, IConnectionPoint*
 
 HRESULT FireEvent(const ConnectionPoint& point, DISPID event, std::span<const VARIANT> arguments) {
     HRESULT last = S_OK;
+    const ComPtr<IUnknown> held(point.Owner());
     const std::size_t places = point.Places();
     for (std::size_t i = 0; i < places; ++i) {
         const ComPtr<IUnknown> sink = point.SinkAt(i);

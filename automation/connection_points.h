@@ -31,6 +31,8 @@ public:
     STDMETHODIMP EnumConnections(IEnumConnections** connections) override;
 
     const IID& Outgoing() const { return outgoing_; }
+    // The identity of the object whose point this is.
+    IUnknown* Owner() const { return owner_; }
 
     // The places in the array of connections, those that were given up among them.
     std::size_t Places() const { return connections_.size(); }
@@ -67,7 +69,8 @@ private:
 
 // Calls a method of a dispatch interface on every connected sink, in the order of connecting.
 // Arguments stand in the order of the declaration. Returns the status of the last call made, or
-// success when no sink is connected; a sink that fails stops nothing.
+// success when no sink is connected; a sink that fails stops nothing, and one that lets the object
+// go does so only when all have been called.
 HRESULT FireEvent(const ConnectionPoint& point, DISPID event, std::span<const VARIANT> arguments);
 
 }  // namespace mavrin2::automation

@@ -1,6 +1,6 @@
 #include "automation/dispatch.h"
 
-#include <optional>
+#include <algorithm>
 
 #include "automation/com_ptr.h"
 #include "automation/guarded.h"
@@ -96,12 +96,19 @@ private:
         }
         const UINT positional = all.cArgs - all.cNamedArgs;
         // A put without the customary name takes its value as the last argument.
-        if (positional > settable) return DISP_E_BADPARAMCOUNT;
+        if (positional > settable || all.cArgs < Required()) return DISP_E_BADPARAMCOUNT;
         for (UINT i = 0; i < positional; ++i) {
             if (given_[i]) return DISP_E_BADPARAMCOUNT;
             given_[i] = &all.rgvarg[all.cArgs - 1 - i];
         }
         return S_OK;
+    }
+
+    std::size_t Required() const {
+        return static_cast<std::size_t>(
+            std::ranges::count_if(member_.Parameters, [](const ParameterDescription& parameter) {
+                return !parameter.Optional && parameter.Way != Direction::Result;
+            }));
     }
 
     HRESULT Unknown(UINT named) {
@@ -229,7 +236,9 @@ HRESULT FindNames(const InterfaceDescription& description, REFIID reserved, LPOL
         for (UINT i = 1; i < count; ++i) {
             const std::string name = ToUtf8(names[i]);
             for (std::size_t p = 0; p < member->Parameters.size(); ++p)
-                if (EqualIgnoringCase(member->Parameters[p].Name, name))
+                // A result is no argument.
+                if (member->Parameters[p].Way != Direction::Result &&
+                    EqualIgnoringCase(member->Parameters[p].Name, name))
                     ids[i] = static_cast<DISPID>(p);
             if (ids[i] == DISPID_UNKNOWN) status = DISP_E_UNKNOWNNAME;
         }

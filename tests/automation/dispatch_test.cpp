@@ -1,0 +1,303 @@
+#include "automation/dispatch.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/automation/late_call.h"
+#include "tests/automation/thing.h"
+
+namespace mavrin2::tests {
+namespace {
+
+using automation::Bstr;
+using automation::ComPtr;
+using automation::OleString;
+using automation::ToOle;
+using automation::ToUtf8;
+using automation::Variant;
+using Raw = LateCall::AsTheyAre;
+using Values = std::vector<Value>;
+
+constexpr WORD kCall = DISPATCH_METHOD;
+constexpr WORD kGet = DISPATCH_PROPERTYGET;
+constexpr WORD kPut = DISPATCH_PROPERTYPUT;
+constexpr DISPID kNewValue = DISPID_PROPERTYPUT;
+
+class Dispatch : public testing::Test {
+protected:
+    ~Dispatch() override {
+        object_.Reset();
+        thing_.Reset();
+        EXPECT_EQ(TestThing::Alive(), 0);
+    }
+
+    IDispatch& Object() { return *object_; }
+
+    ComPtr<TestThing> thing_ = TestThing::Make();
+    ComPtr<IDispatch> object_ = thing_.As<IDispatch>();
+};
+
+struct CallCase {
+    const char* Why;
+    const char* Member;
+    Values Arguments;
+    std::vector<DISPID> Named;
+    HRESULT Status;
+    Value Result;
+    UINT BadArgument = LateCall::kNone;
+};
+
+TEST_F(Dispatch, ConvertsArgumentsAsTheSystemDoesAndTellsWhichOneIsWrong) {
+    const CallCase cases[] = {
+        {"as it is", "EchoLong", {LONG{-5}}, {}, S_OK, LONG{-5}},
+        {"wider", "EchoLong", {SHORT{-5}}, {}, S_OK, LONG{-5}},
+        {"a text", "EchoLong", {"12"}, {}, S_OK, LONG{12}},
+        {"halves go to the even neighbour", "EchoLong", {2.5}, {}, S_OK, LONG{2}},
+        {"nothing is zero", "EchoLong", {std::monostate()}, {}, S_OK, LONG{0}},
+        {"true is -1", "EchoLong", {Bool{VARIANT_TRUE}}, {}, S_OK, LONG{-1}},
+        {"too large", "EchoShort", {LONG{70000}}, {}, DISP_E_OVERFLOW, {}, 0},
+        {"no number", "EchoShort", {"twelve"}, {}, DISP_E_TYPEMISMATCH, {}, 0},
+        {"null", "EchoLong", {Null{}}, {}, DISP_E_TYPEMISMATCH, {}, 0},
+        {"single precision", "EchoFloat", {0.5}, {}, S_OK, FLOAT{0.5F}},
+        {"double precision", "EchoDouble", {"-1.25"}, {}, S_OK, -1.25},
+        {"a number as text", "EchoText", {1.5}, {}, S_OK, "1.5"},
+        {"a text of its own",
+         "EchoText",
+         {"\xF0\x9D\x84\x9E clef"},
+         {},
+         S_OK,
+         "\xF0\x9D\x84\x9E clef"},
+        {"an empty text", "EchoText", {""}, {}, S_OK, ""},
+        {"an enumeration is a number", "EchoShape", {SHORT{4}}, {}, S_OK, LONG{4}},
+        {"also a negative one", "EchoShape", {LONG{-3}}, {}, S_OK, LONG{-3}},
+        {"booleans keep their bits", "EchoBoolean", {Bool{763}}, {}, S_OK, Bool{763}},
+        {"other numbers become true", "EchoBoolean", {LONG{763}}, {}, S_OK, Bool{-1}},
+        {"zero is false", "EchoBoolean", {0.0}, {}, S_OK, Bool{0}},
+        {"anything stays what it is", "EchoAny", {FLOAT{2}}, {}, S_OK, FLOAT{2}},
+        {"also nothing", "EchoAny", {std::monostate()}, {}, S_OK, std::monostate()},
+        {"optional ones left out", "WithDefaults", {LONG{1}}, {}, S_OK, "1 7 -1"},
+        {"one of them", "WithDefaults", {LONG{1}, LONG{2}}, {}, S_OK, "1 2 -1"},
+        {"in the middle", "WithDefaults", {LONG{1}, LeftOut{}, Bool{5}}, {}, S_OK, "1 7 5"},
+        {"by name", "WithDefaults", {Bool{0}, LONG{1}}, {2}, S_OK, "1 7 0"},
+        {"all by name", "WithDefaults", {Bool{0}, LONG{3}, LONG{1}}, {2, 1, 0}, S_OK, "1 3 0"},
+        {"none given", "WithDefaults", {}, {}, DISP_E_BADPARAMCOUNT, {}},
+        {"too many",
+         "WithDefaults",
+         {LONG{1}, LONG{2}, Bool{0}, LONG{4}},
+         {},
+         DISP_E_BADPARAMCOUNT,
+         {}},
+        {"a required one left out",
+         "WithDefaults",
+         {LeftOut{}, LONG{2}},
+         {},
+         DISP_E_PARAMNOTOPTIONAL,
+         {},
+         1},
+        {"a required one not named", "WithDefaults", {LONG{3}}, {1}, DISP_E_PARAMNOTOPTIONAL, {}},
+        {"an unknown name", "WithDefaults", {LONG{0}, LONG{1}}, {7}, DISP_E_PARAMNOTFOUND, {}, 0},
+        {"the result has no name",
+         "WithDefaults",
+         {LONG{0}, LONG{1}},
+         {3},
+         DISP_E_PARAMNOTFOUND,
+         {},
+         0},
+        {"named twice", "WithDefaults", {LONG{0}, LONG{1}}, {0, 0}, DISP_E_PARAMNOTFOUND, {}, 1},
+        {"the second is wrong",
+         "WithDefaults",
+         {LONG{1}, "x", Bool{0}},
+         {},
+         DISP_E_TYPEMISMATCH,
+         {},
+         1},
+        {"no array", "DoubleAll", {LONG{1}}, {}, DISP_E_TYPEMISMATCH, {}, 0},
+        {"no object", "IsSame", {LONG{1}}, {}, DISP_E_TYPEMISMATCH, {}, 0},
+        {"no object at all", "IsSame", {std::monostate()}, {}, S_OK, Bool{0}},
+    };
+    for (const CallCase& one : cases) {
+        SCOPED_TRACE(std::string(one.Member) + ": " + one.Why);
+        const LateCall call(Object(), one.Member, kCall, one.Arguments, one.Named);
+        EXPECT_EQ(call.Status, one.Status);
+        EXPECT_EQ(FromVariant(call.Result), one.Result);
+        EXPECT_EQ(call.BadArgument, one.BadArgument);
+    }
+}
+
+TEST_F(Dispatch, FollowsReferencesToArguments) {
+    LONG number = 41;
+    VARIANT byNumber{};
+    byNumber.vt = VT_BYREF | VT_I4;
+    byNumber.plVal = &number;
+    EXPECT_EQ(FromVariant(LateCall(Object(), "EchoShort", kCall, Raw{{byNumber}}).Result),
+              Value(SHORT{41}));
+
+    Variant text = ToVariant("17");
+    VARIANT byVariant{};
+    byVariant.vt = VT_BYREF | VT_VARIANT;
+    byVariant.pvarVal = &text;
+    EXPECT_EQ(FromVariant(LateCall(Object(), "EchoLong", kCall, Raw{{byVariant}}).Result),
+              Value(LONG{17}));
+    EXPECT_EQ(FromVariant(LateCall(Object(), "EchoAny", kCall, Raw{{byVariant}}).Result),
+              Value("17"));
+}
+
+TEST_F(Dispatch, FillsOutParametersOfEitherKindAndOnlyOnSuccess) {
+    LONG remainder = 0;
+    VARIANT exact{};
+    exact.vt = VT_BYREF | VT_I4;
+    exact.plVal = &remainder;
+    Variant text = ToVariant("old");
+    VARIANT any{};
+    any.vt = VT_BYREF | VT_VARIANT;
+    any.pvarVal = &text;
+    const VARIANT divisor = ToVariant(LONG{5});
+    const VARIANT zero = ToVariant(LONG{0});
+    const VARIANT dividend = ToVariant(LONG{17});
+
+    const LateCall failing(Object(), "Divide", kCall, Raw{{any, exact, zero, dividend}});
+    EXPECT_EQ(failing.Status, DISP_E_EXCEPTION);
+    EXPECT_EQ(FromVariant(text), Value("old"));
+
+    const LateCall call(Object(), "Divide", kCall, Raw{{any, exact, divisor, dividend}});
+    ASSERT_EQ(call.Status, S_OK);
+    EXPECT_EQ(FromVariant(call.Result), Value(LONG{3}));
+    EXPECT_EQ(remainder, 2);
+    EXPECT_EQ(FromVariant(text), Value("17/5"));
+
+    // A value cannot be written to.
+    const LateCall wrong(Object(), "Divide", kCall, Raw{{any, dividend, divisor, dividend}});
+    EXPECT_EQ(wrong.Status, DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(wrong.BadArgument, 1U);
+}
+
+TEST_F(Dispatch, PassesArraysOfTheDescribedElementOnly) {
+    for (const VARTYPE type : {VT_I2, VT_I4}) {
+        Variant values;
+        values.parray = SafeArrayCreateVector(type, 0, 3);
+        values.vt = static_cast<VARTYPE>(VT_ARRAY | type);
+        LONG place = 2;
+        LONG element = 21;
+        ASSERT_EQ(SafeArrayPutElement(values.parray, &place, &element), S_OK);
+        const LateCall call(Object(), "DoubleAll", kCall, Raw{{values}});
+        if (type == VT_I4) {
+            EXPECT_EQ(call.Status, DISP_E_TYPEMISMATCH);
+            continue;
+        }
+        ASSERT_EQ(call.Status, S_OK);
+        ASSERT_EQ(call.Result.vt, VT_ARRAY | VT_I2);
+        SHORT doubled = 0;
+        ASSERT_EQ(SafeArrayGetElement(call.Result.parray, &place, &doubled), S_OK);
+        EXPECT_EQ(doubled, 42);
+    }
+}
+
+TEST_F(Dispatch, HandsObjectsThroughByTheInterfaceThatIsDescribed) {
+    VARIANT self{};
+    self.vt = VT_UNKNOWN;
+    self.punkVal = object_.Get();
+    EXPECT_EQ(FromVariant(LateCall(Object(), "IsSame", kCall, Raw{{self}}).Result),
+              Value(Bool{-1}));
+
+    const LateCall made(Object(), "MakeThing", kCall, Values{});
+    ASSERT_EQ(made.Result.vt, VT_DISPATCH);
+    EXPECT_EQ(FromVariant(LateCall(Object(), "IsSame", kCall, Raw{{made.Result}}).Result),
+              Value(Bool{0}));
+
+    // An object that is no thing.
+    ComPtr<ITypeInfo> other;
+    ASSERT_EQ(object_->GetTypeInfo(0, 0, other.Put()), S_OK);
+    self.punkVal = other.Get();
+    EXPECT_EQ(LateCall(Object(), "IsSame", kCall, Raw{{self}}).Status, DISP_E_TYPEMISMATCH);
+}
+
+TEST_F(Dispatch, ReadsAndWritesPropertiesWithAndWithoutIndices) {
+    EXPECT_EQ(LateCall(Object(), "Item", kPut, {"five", LONG{5}}, {kNewValue}).Status, S_OK);
+    EXPECT_EQ(FromVariant(LateCall(Object(), "Item", kGet, Values{LONG{5}}).Result), Value("five"));
+    // Languages that cannot tell a call from an indexed property ask for both.
+    EXPECT_EQ(FromVariant(LateCall(Object(), "Item", kCall | kGet, Values{"5"}).Result),
+              Value("five"));
+    // A put that does not name its value has it last.
+    EXPECT_EQ(LateCall(Object(), "Item", kPut, {LONG{6}, "six"}).Status, S_OK);
+    EXPECT_EQ(FromVariant(LateCall(Object(), "item", kGet, Values{LONG{6}}).Result), Value("six"));
+
+    EXPECT_EQ(LateCall(Object(), "Enabled", kPut, {Bool{1}}, {kNewValue}).Status, S_OK);
+    EXPECT_EQ(FromVariant(LateCall(Object(), "Enabled", kGet, Values{}).Result), Value(Bool{1}));
+
+    const LateCall made(Object(), "MakeThing", kCall, Values{});
+    for (const auto& [flags, by] :
+         {std::pair(kPut, "put"),
+          std::pair<WORD, const char*>(DISPATCH_PROPERTYPUTREF, "putref")}) {
+        EXPECT_EQ(LateCall(Object(), "Friend", flags, Raw{{made.Result}}, {kNewValue}).Status,
+                  S_OK);
+        EXPECT_EQ(FromVariant(LateCall(Object(), "FriendBy", kGet, Values{}).Result), Value(by));
+    }
+    const LateCall read(Object(), "Friend", kGet, Values{});
+    EXPECT_EQ(read.Result.pdispVal, made.Result.pdispVal);
+
+    EXPECT_EQ(LateCall(Object(), "Alive", kPut, {LONG{1}}, {kNewValue}).Status,
+              DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(LateCall(Object(), "Secret", kGet, Values{}).Status, DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(LateCall(Object(), "Item", kPut, Values{}).Status, DISP_E_BADPARAMCOUNT);
+}
+
+TEST_F(Dispatch, ReportsTheFailureOfAMemberWithItsOwnWords) {
+    const LateCall told(Object(), "Fail", kCall, {LONG{E_ACCESSDENIED}, "No entry."});
+    EXPECT_EQ(told.Status, DISP_E_EXCEPTION);
+    EXPECT_EQ(told.Exception.scode, E_ACCESSDENIED);
+    EXPECT_EQ(ToUtf8(Bstr::View(told.Exception.bstrDescription)), "No entry.");
+    EXPECT_EQ(ToUtf8(Bstr::View(told.Exception.bstrSource)), "MavrinTest.Thing");
+
+    // What an earlier failure left behind is not taken for this one's.
+    ASSERT_EQ(thing_->Fail(S_OK, Bstr("stale").Get()), S_OK);
+    const LateCall silent(Object(), "Fail", kCall, {LONG{E_FAIL}, ""});
+    EXPECT_EQ(silent.Exception.scode, E_FAIL);
+    EXPECT_EQ(silent.Exception.bstrDescription, nullptr);
+
+    const LateCall thrown(Object(), "Fail", kCall, {LONG{0}, "throw"});
+    EXPECT_EQ(thrown.Exception.scode, E_OUTOFMEMORY);
+}
+
+TEST_F(Dispatch, RefusesCallsThatMakeNoSense) {
+    DISPPARAMS none{};
+    const auto invoke = [&](DISPID id, REFIID reserved, DISPPARAMS* arguments) {
+        return object_->Invoke(id, reserved, 0, kCall, arguments, nullptr, nullptr, nullptr);
+    };
+    EXPECT_EQ(invoke(15, IID_NULL, &none), S_OK) << "nobody has to want the result";
+    EXPECT_EQ(invoke(15, IID_IUnknown, &none), DISP_E_UNKNOWNINTERFACE);
+    EXPECT_EQ(invoke(9, IID_NULL, &none), DISP_E_MEMBERNOTFOUND) << "planned, but not there yet";
+    EXPECT_EQ(invoke(15, IID_NULL, nullptr), E_INVALIDARG);
+    DISPPARAMS broken{nullptr, nullptr, 1, 0};
+    EXPECT_EQ(invoke(15, IID_NULL, &broken), E_INVALIDARG);
+    VARIANT one{};
+    DISPID name = 0;
+    broken = {&one, &name, 0, 1};
+    EXPECT_EQ(invoke(15, IID_NULL, &broken), E_INVALIDARG) << "more names than arguments";
+}
+
+TEST_F(Dispatch, FindsMembersAndParametersByName) {
+    OleString member = ToOle(std::string_view("WITHdefaults"));
+    OleString third = ToOle(std::string_view("third"));
+    OleString first = ToOle(std::string_view("First"));
+    OleString unknown = ToOle(std::string_view("Fourth"));
+    OleString result = ToOle(std::string_view("Result"));
+    LPOLESTR names[] = {member.data(), third.data(), first.data()};
+    DISPID ids[3] = {};
+    EXPECT_EQ(object_->GetIDsOfNames(IID_NULL, names, 3, 0, ids), S_OK);
+    EXPECT_THAT(ids, testing::ElementsAre(12, 2, 0));
+
+    names[1] = unknown.data();
+    EXPECT_EQ(object_->GetIDsOfNames(IID_NULL, names, 3, 0, ids), DISP_E_UNKNOWNNAME);
+    EXPECT_THAT(ids, testing::ElementsAre(12, DISPID_UNKNOWN, 0));
+    names[1] = result.data();
+    EXPECT_EQ(object_->GetIDsOfNames(IID_NULL, names, 2, 0, ids), DISP_E_UNKNOWNNAME)
+        << "a result is no argument";
+
+    names[0] = unknown.data();
+    EXPECT_EQ(object_->GetIDsOfNames(IID_NULL, names, 1, 0, ids), DISP_E_UNKNOWNNAME);
+    EXPECT_EQ(ids[0], DISPID_UNKNOWN);
+    EXPECT_EQ(object_->GetIDsOfNames(IID_IUnknown, names, 1, 0, ids), DISP_E_UNKNOWNINTERFACE);
+}
+
+}  // namespace
+}  // namespace mavrin2::tests
