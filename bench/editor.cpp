@@ -1,0 +1,98 @@
+#include "bench/editor.h"
+
+#include <stdexcept>
+
+#include "automation/text.h"
+
+namespace mavrin2::bench {
+
+using automation::Bstr;
+
+// Hears every event and does nothing, as a host with a progress bar that is hidden.
+class Editor::Sink final : public IDispatch {
+public:
+    STDMETHODIMP QueryInterface(REFIID, void** object) override {
+        AddRef();
+        *object = this;
+        return S_OK;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return ++count_; }
+    STDMETHODIMP_(ULONG) Release() override {
+        const ULONG left = --count_;
+        if (left == 0) delete this;
+        return left;
+    }
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+        return E_NOTIMPL;
+    }
+    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                        UINT*) override {
+        return S_OK;
+    }
+
+private:
+    std::atomic<ULONG> count_ = 0;
+};
+
+namespace {
+
+void Need(bool fine, const char* what) {
+    if (!fine) throw std::runtime_error(what);
+}
+
+Bstr Text(const std::filesystem::path& path) {
+    return Bstr(automation::OleStringView(automation::ToOle(path)));
+}
+
+}  // namespace
+
+Editor::Editor() {
+    Need(SUCCEEDED(CoCreateInstance(interfaces::CLSID_Mavrin2, nullptr, CLSCTX_INPROC_SERVER,
+                                    interfaces::IID_IMavrin2, control_.PutVoid())),
+         "no control is registered");
+    control_->get_Position(position_.Put());
+    const auto container = control_.As<IConnectionPointContainer>();
+    container->FindConnectionPoint(interfaces::DIID_IMavrin2Events, point_.Put());
+    point_->Advise(automation::ComPtr<Sink>(new Sink).Get(), &cookie_);
+}
+
+Editor::~Editor() {
+    if (point_) point_->Unadvise(cookie_);
+}
+
+void Editor::Open(const std::filesystem::path& path) {
+    Need(SUCCEEDED(control_->Open(Text(path).Get(), interfaces::FormatTypeConstants::DEFAULT)),
+         "the sound could not be opened");
+}
+
+void Editor::Save(const std::filesystem::path& path) {
+    Need(SUCCEEDED(control_->Save(Text(path).Get(), 0, interfaces::FormatTypeConstants::DEFAULT)),
+         "the sound could not be saved");
+}
+
+void Editor::SelectSecondInTheMiddle() {
+    LONG total = 0, second = 0;
+    position_->get_TotalSamples(&total);
+    position_->SecToSamples(1000, &second);
+    position_->put_Selected(VARIANT_TRUE);
+    position_->put_EndSelect(total / 2 + second);
+    position_->put_StartSelect(total / 2);
+}
+
+void Editor::DeleteSelect() {
+    LONG before = 0, after = 0;
+    position_->get_TotalSamples(&before);
+    control_->DeleteSelect();
+    position_->get_TotalSamples(&after);
+    Need(after < before, "nothing was deleted");
+}
+
+std::filesystem::path Editor::WorkFile() const {
+    Bstr path;
+    control_->get_TempDirectory(path.Put());
+    return automation::ToPath(path.View());
+}
+
+}  // namespace mavrin2::bench
