@@ -92,7 +92,7 @@ TEST(InstanceLockOnLinux, SeesOtherProcessesAlsoWhenTheyAreKilled) {
     ChildProcess other([&] {
         const auto lock = locks.New();
         ready.Give();
-        return ready.Await() && ready.Await() ? 0 : 1;  // for ever: nobody gives two more
+        return ::pause();  // for ever
     });
     ASSERT_TRUE(ready.Await());
     const auto lock = locks.New();

@@ -84,7 +84,7 @@ HRESULT FindClass(LPCOLESTR progId, CLSID& clsid) {
 HRESULT FindProgId(REFCLSID clsid, LPOLESTR* progId) {
     const std::u16string text = DefaultValue(ClassKey(clsid) + u"\\ProgID");
     if (text.empty()) return REGDB_E_CLASSNOTREG;
-    const auto copy = static_cast<LPOLESTR>(CoTaskMemAlloc((text.size() + 1) * sizeof(OLECHAR)));
+    auto* const copy = static_cast<LPOLESTR>(CoTaskMemAlloc((text.size() + 1) * sizeof(OLECHAR)));
     if (copy == nullptr) return E_OUTOFMEMORY;
     std::copy_n(text.c_str(), text.size() + 1, copy);
     *progId = copy;

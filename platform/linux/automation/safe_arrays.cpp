@@ -107,6 +107,26 @@ void ReleaseElements(SAFEARRAY* array, std::size_t from, std::size_t end) {
     std::memset(data + from, 0, end - from);
 }
 
+// Makes owners of their own out of elements that were copied bitwise; when it fails, none of them
+// owns anything.
+HRESULT OwnCopiedElements(SAFEARRAY* array, VARTYPE type, std::size_t size) {
+    auto* const data = static_cast<std::byte*>(array->pvData);
+    for (std::size_t at = 0; at < size; at += array->cbElements) {
+        const HRESULT status = automation::OwnCopiedValue(type, data + at);
+        if (FAILED(status)) {
+            ReleaseElements(array, 0, at);
+            return status;
+        }
+    }
+    return S_OK;
+}
+
+// The memory alone, whatever the elements are.
+void Free(SAFEARRAY* array) {
+    std::free(array->pvData);
+    std::free(BlockOf(array));
+}
+
 // The element at these indices, the first dimension's first; null when one is out of bounds.
 std::byte* ElementAt(SAFEARRAY* array, const LONG* indices) {
     std::size_t index = 0;
@@ -164,11 +184,8 @@ SAFEARRAY* SafeArrayCreateVector(VARTYPE type, LONG lowerBound, ULONG count) {
 HRESULT SafeArrayDestroy(SAFEARRAY* array) {
     if (array == nullptr) return S_OK;
     if (array->cLocks != 0) return DISP_E_ARRAYISLOCKED;
-    if (array->pvData != nullptr) {
-        ReleaseElements(array, 0, DataSize(array).value_or(0));
-        std::free(array->pvData);
-    }
-    std::free(BlockOf(array));
+    if (array->pvData != nullptr) ReleaseElements(array, 0, DataSize(array).value_or(0));
+    Free(array);
     return S_OK;
 }
 
@@ -272,15 +289,10 @@ HRESULT SafeArrayCopy(SAFEARRAY* array, SAFEARRAY** copy) {
     }
     if (size != 0) std::memcpy(made->pvData, array->pvData, size);
     if (OwnsElements(made)) {
-        auto* const data = static_cast<std::byte*>(made->pvData);
-        for (std::size_t at = 0; at < size; at += made->cbElements) {
-            const HRESULT status = automation::OwnCopiedValue(type, data + at);
-            if (FAILED(status)) {
-                // What follows still belongs to the original.
-                std::memset(data + at, 0, size - at);
-                SafeArrayDestroy(made);
-                return status;
-            }
+        const HRESULT status = OwnCopiedElements(made, type, size);
+        if (FAILED(status)) {
+            Free(made);
+            return status;
         }
     }
     *copy = made;

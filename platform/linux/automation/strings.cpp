@@ -42,7 +42,7 @@ BSTR SysAllocStringByteLen(LPCSTR bytes, UINT size) {
 
 INT SysReAllocString(BSTR* string, const OLECHAR* text) {
     if (string == nullptr) return FALSE;
-    const BSTR fresh = SysAllocString(text);
+    BSTR fresh = SysAllocString(text);
     if (text != nullptr && fresh == nullptr) return FALSE;
     SysFreeString(*string);
     *string = fresh;
@@ -52,7 +52,7 @@ INT SysReAllocString(BSTR* string, const OLECHAR* text) {
 INT SysReAllocStringLen(BSTR* string, const OLECHAR* text, UINT length) {
     if (string == nullptr) return FALSE;
     // The text may be a part of the old string, which therefore goes last.
-    const BSTR fresh = SysAllocStringLen(text, length);
+    BSTR fresh = SysAllocStringLen(text, length);
     if (fresh == nullptr) return FALSE;
     if (text == nullptr && *string != nullptr) {
         const UINT kept = SysStringLen(*string) < length ? SysStringLen(*string) : length;

@@ -67,15 +67,15 @@ bool IsVariantType(VARTYPE type) {
 HRESULT OwnCopiedValue(VARTYPE type, void* value) {
     switch (type) {
         case VT_BSTR: {
-            const auto source = Load<BSTR>(value);
-            const BSTR copy =
+            auto* const source = Load<BSTR>(value);
+            BSTR copy =
                 SysAllocStringByteLen(reinterpret_cast<LPCSTR>(source), SysStringByteLen(source));
             Store(value, copy);
             return copy != nullptr ? S_OK : E_OUTOFMEMORY;
         }
         case VT_DISPATCH:
         case VT_UNKNOWN:
-            if (auto* const object = Load<IUnknown*>(value)) object->AddRef();
+            if (auto* const object = static_cast<IUnknown*>(Load<void*>(value))) object->AddRef();
             return S_OK;
         case VT_VARIANT: {
             auto source = Load<VARIANT>(value);
@@ -96,7 +96,7 @@ void ReleaseValue(VARTYPE type, void* value) {
             break;
         case VT_DISPATCH:
         case VT_UNKNOWN:
-            if (auto* const object = Load<IUnknown*>(value)) object->Release();
+            if (auto* const object = static_cast<IUnknown*>(Load<void*>(value))) object->Release();
             break;
         case VT_VARIANT: {
             auto old = Load<VARIANT>(value);

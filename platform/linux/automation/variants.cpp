@@ -44,7 +44,7 @@ VARIANT Behind(const VARIANT& reference) {
         return value;
     }
     const std::size_t size =
-        (value.vt & VT_ARRAY) != 0 ? sizeof(SAFEARRAY*) : automation::ElementSize(value.vt);
+        (value.vt & VT_ARRAY) != 0 ? sizeof(void*) : automation::ElementSize(value.vt);
     std::memcpy(&value.byref, reference.byref, size);
     return value;
 }

@@ -1,0 +1,156 @@
+#include "tests/support/control_world.h"
+
+#include <cstring>
+#include <numeric>
+
+#include "automation/text.h"
+
+namespace mavrin2::tests {
+
+using automation::Bstr;
+using interfaces::IMavrin2;
+using interfaces::IMavrin2Position;
+
+namespace {
+
+template <class Value, class Interface>
+Value Got(Interface& object, HRESULT (STDMETHODCALLTYPE Interface::*getter)(Value*)) {
+    Value value{};
+    (object.*getter)(&value);
+    return value;
+}
+
+}  // namespace
+
+Samples Ramp(std::size_t count, std::int16_t first) {
+    Samples samples(count);
+    std::iota(samples.begin(), samples.end(), first);
+    return samples;
+}
+
+Samples Without(Samples samples, std::size_t first, std::size_t last) {
+    samples.erase(samples.begin() + static_cast<std::ptrdiff_t>(first),
+                  samples.begin() + static_cast<std::ptrdiff_t>(last));
+    return samples;
+}
+
+std::vector<std::byte> WorkFileOf(std::uint32_t frequency, std::uint16_t channels,
+                                  const Samples& samples) {
+    std::string bytes;
+    const auto text = [&](const char* name) { bytes.append(name, 4); };
+    const auto number = [&](std::size_t width, std::uint32_t value) {
+        for (std::size_t i = 0; i < width; ++i)
+            bytes += static_cast<char>(value >> (8 * i) & 0xff);
+    };
+    const auto dataLength = static_cast<std::uint32_t>(samples.size() * 2);
+    text("RIFF"), number(4, 50 + dataLength), text("WAVE");
+    text("fmt "), number(4, 18), number(2, 1), number(2, channels), number(4, frequency);
+    number(4, channels * 2 * frequency), number(2, channels * 2u), number(2, 16), number(2, 0);
+    text("fact"), number(4, 4), number(4, 0);
+    text("data"), number(4, dataLength);
+    for (const std::int16_t sample : samples)
+        number(2, static_cast<std::uint16_t>(sample));
+    std::vector<std::byte> result(bytes.size());
+    std::memcpy(result.data(), bytes.data(), bytes.size());
+    return result;
+}
+
+server::ControlEnvironment ControlWorld::Environment() const {
+    return {System.AsPorts(), [companion = Dusoro, status = CompanionStatus](
+                                  REFCLSID id, REFIID iid, void** object) -> HRESULT {
+                *object = nullptr;
+                if (!IsEqualGUID(id, contracts::CLSID_KovDusoro2)) return REGDB_E_CLASSNOTREG;
+                return FAILED(status) ? status : companion->QueryInterface(iid, object);
+            }};
+}
+
+void ControlWorld::Start() {
+    server::CMavrin2::Create(nullptr, interfaces::IID_IMavrin2, Control.PutVoid(), Environment());
+    Control->get_Position(Position.Put());
+    Control->get_FileInfo(FileInfo.Put());
+    Events->Connect(Control.Get());
+    Dusoro->Calls.clear();
+}
+
+void ControlWorld::End() {
+    Position.Reset();
+    FileInfo.Reset();
+    Control.Reset();
+}
+
+void ControlWorld::OpenSound(const Samples& samples, std::int32_t channels) {
+    Control->put_FileBufferSize(100);
+    Dusoro->Source.Samples = samples;
+    Dusoro->Source.Channels = channels;
+    Open();
+    Dusoro->Calls.clear();
+    Events->Take();
+}
+
+HRESULT ControlWorld::Open(const std::string& name, interfaces::FormatTypeConstants type) {
+    return Control->Open(Bstr(std::string_view(name)).Get(), type);
+}
+
+HRESULT ControlWorld::Save(const std::string& name, std::int16_t selected,
+                           interfaces::FormatTypeConstants type) {
+    return Control->Save(Bstr(std::string_view(name)).Get(), selected, type);
+}
+
+void ControlWorld::Select(std::int32_t first, std::int32_t end) {
+    Position->put_Selected(0);
+    Position->put_StartSelect(first);
+    Position->put_Selected(1);
+    Position->put_EndSelect(end);
+    Events->Take();
+}
+
+std::filesystem::path ControlWorld::WorkFile() {
+    Bstr path;
+    Control->get_TempDirectory(path.Put());
+    return path.Utf8();
+}
+
+Samples ControlWorld::DocumentSamples() {
+    const auto bytes = System.Files->Bytes(WorkFile()).value_or(std::vector<std::byte>(58));
+    Samples samples((bytes.size() - 58) / 2);
+    if (!samples.empty()) std::memcpy(samples.data(), bytes.data() + 58, samples.size() * 2);
+    return samples;
+}
+
+std::string ControlWorld::FormatString() {
+    Bstr text;
+    FileInfo->get_FormatString(text.Put());
+    return text.Utf8();
+}
+
+std::int32_t ControlWorld::Status() {
+    return Got(*Control, &IMavrin2::get_Status);
+}
+
+std::int32_t ControlWorld::LastError() {
+    return static_cast<std::int32_t>(Got(*Control, &IMavrin2::get_LastErrorNum));
+}
+
+bool ControlWorld::UndoEnabled() {
+    return Got(*Control, &IMavrin2::get_UndoEnabled) == 1;
+}
+
+bool ControlWorld::RedoEnabled() {
+    return Got(*Control, &IMavrin2::get_RedoEnabled) == 1;
+}
+
+std::string ControlWorld::Positions() {
+    const auto number = [&](auto getter) { return std::to_string(Got(*Position, getter)); };
+    return (Got(*Position, &IMavrin2Position::get_Selected) ? "selected " : "select ") +
+           number(&IMavrin2Position::get_StartSelect) + ".." +
+           number(&IMavrin2Position::get_EndSelect) + " view " +
+           number(&IMavrin2Position::get_StartView) + ".." +
+           number(&IMavrin2Position::get_EndView) + " of " +
+           number(&IMavrin2Position::get_TotalSamples);
+}
+
+std::vector<std::filesystem::path> ControlWorld::TempFiles() const {
+    return System.Files->List("/tmp/private/", "nct", ".tmp");
+}
+
+}  // namespace mavrin2::tests

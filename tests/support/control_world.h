@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "control/server/control.h"
+#include "platform/memory/memory_ports.h"
+#include "tests/support/event_recorder.h"
+#include "tests/support/fake_dusoro.h"
+
+namespace mavrin2::tests {
+
+using Samples = std::vector<std::int16_t>;
+
+// `count` values from `first` on, each one more than the one before.
+Samples Ramp(std::size_t count, std::int16_t first = 0);
+
+// The samples without those from `first` to before `last`.
+Samples Without(Samples samples, std::size_t first, std::size_t last);
+
+// The bytes of a work file, written down field by field.
+std::vector<std::byte> WorkFileOf(std::uint32_t frequency, std::uint16_t channels,
+                                  const Samples& samples);
+
+// A control with everything around it: a system of memory, a file companion that is a fake, a host
+// that writes down the events. Start makes the control; until then what it is made of can be set.
+struct ControlWorld {
+    platform::MemoryPorts System;
+    automation::ComPtr<FakeDusoro> Dusoro = FakeDusoro::Make();
+    HRESULT CompanionStatus = S_OK;  // of creating the companion
+    automation::ComPtr<EventRecorder> Events{new EventRecorder};
+
+    automation::ComPtr<interfaces::IMavrin2> Control;
+    automation::ComPtr<interfaces::IMavrin2Position> Position;
+    automation::ComPtr<interfaces::IMavrin2FileInfo> FileInfo;
+
+    server::ControlEnvironment Environment() const;
+    void Start();
+    // The host lets everything go.
+    void End();
+
+    // A document of these samples, as a sound file that was opened, in the smallest blocks: a tenth
+    // of a second of 1000 Hz is 100 frames.
+    void OpenSound(const Samples& samples, std::int32_t channels = 1);
+    void NewSound() {
+        Control->New(interfaces::FrequencyConstants{1000}, interfaces::ChannelsConstants::MONO);
+    }
+    HRESULT Open(const std::string& name = "/sound.wav",
+                 interfaces::FormatTypeConstants type = interfaces::FormatTypeConstants::DEFAULT);
+    HRESULT Save(const std::string& name = "/out.wav", std::int16_t selected = 0,
+                 interfaces::FormatTypeConstants type = interfaces::FormatTypeConstants::DEFAULT);
+    // Frames `first` to before `end`.
+    void Select(std::int32_t first, std::int32_t end);
+
+    std::filesystem::path WorkFile();  // of the open document
+    Samples DocumentSamples();
+    std::string FormatString();
+    std::int32_t Status();
+    std::int32_t LastError();
+    bool UndoEnabled();
+    bool RedoEnabled();
+    // "select 1..2 view 0..9 of 9", with "selected" for "select" where something is.
+    std::string Positions();
+    // The temporary files there are.
+    std::vector<std::filesystem::path> TempFiles() const;
+};
+
+}  // namespace mavrin2::tests

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <random>
+#include <string>
+#include <utility>
+
+namespace mavrin2::tests {
+
+// Damaged variants of a file, the same ones for the same seed: bits that flipped, ends that are
+// missing, pieces in the wrong place, numbers at their limits. Headers are hit more often than what
+// follows them.
+class DamagedFiles {
+public:
+    DamagedFiles(std::string whole, std::uint32_t seed) : whole_(std::move(whole)), random_(seed) {}
+
+    std::string Next() {
+        std::string bytes = whole_;
+        const std::size_t faults = 1 + Below(3);
+        for (std::size_t i = 0; i < faults && !bytes.empty(); ++i)
+            Damage(bytes);
+        return bytes;
+    }
+
+private:
+    void Damage(std::string& bytes) {
+        switch (Below(7)) {
+            case 0:
+                for (std::size_t i = 0, count = 1 + Below(8); i < count; ++i)
+                    bytes[Place(bytes)] ^= static_cast<char>(1 << Below(8));
+                break;
+            case 1:
+                bytes.resize(Place(bytes));
+                break;
+            case 2: {  // a piece of the file over another place in it
+                const auto [from, count] = Piece(bytes);
+                const std::string piece = bytes.substr(from, count);
+                bytes.replace(Place(bytes), count, piece);
+                break;
+            }
+            case 3: {
+                const auto [from, count] = Piece(bytes);
+                bytes.erase(from, count);
+                break;
+            }
+            case 4: {
+                const auto [from, count] = Piece(bytes);
+                for (std::size_t i = from; i < from + count; ++i)
+                    bytes[i] = static_cast<char>(random_());
+                break;
+            }
+            case 5: {
+                const auto [from, count] = Piece(bytes);
+                bytes.insert(from, bytes.substr(from, count));
+                break;
+            }
+            default:
+                PutLimit(bytes);
+        }
+    }
+
+    // A size or a count in the file takes a value at the edge of its type.
+    void PutLimit(std::string& bytes) {
+        constexpr std::uint64_t kLimits[] = {0,
+                                             1,
+                                             0x7F,
+                                             0x80,
+                                             0xFF,
+                                             0x7FFF,
+                                             0x8000,
+                                             0xFFFF,
+                                             0x7FFFFFFF,
+                                             0x80000000,
+                                             0xFFFFFFFE,
+                                             0xFFFFFFFF,
+                                             0x7FFFFFFFFFFFFFFF,
+                                             0xFFFFFFFFFFFFFFFF};
+        const std::uint64_t value = kLimits[Below(std::size(kLimits))];
+        const std::size_t width = std::size_t{1} << Below(4);
+        const bool bigEndian = Below(2) == 0;
+        const std::size_t at = Place(bytes);
+        for (std::size_t i = 0; i < width && at + i < bytes.size(); ++i)
+            bytes[at + i] = static_cast<char>(value >> (8 * (bigEndian ? width - 1 - i : i)));
+    }
+
+    std::size_t Below(std::size_t limit) { return random_() % limit; }
+
+    // A place in the file, half of the time in its first 200 bytes.
+    std::size_t Place(const std::string& bytes) {
+        const std::size_t all = bytes.size();
+        return Below(Below(2) == 0 ? std::min<std::size_t>(all, 200) : all);
+    }
+
+    std::pair<std::size_t, std::size_t> Piece(const std::string& bytes) {
+        const std::size_t from = Place(bytes);
+        return {from, std::min(bytes.size() - from, 1 + Below(300))};
+    }
+
+    std::string whole_;
+    std::mt19937 random_;
+};
+
+}  // namespace mavrin2::tests

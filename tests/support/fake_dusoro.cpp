@@ -1,0 +1,156 @@
+#include "tests/support/fake_dusoro.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "automation/safe_array.h"
+#include "automation/text.h"
+
+namespace mavrin2::tests {
+namespace {
+
+std::string Numbers(LONG first, LONG second) {
+    return std::to_string(first) + ", " + std::to_string(second);
+}
+
+std::string Name(BSTR fileName) {
+    return automation::ToUtf8(automation::Bstr::View(fileName)) + ", ";
+}
+
+}  // namespace
+
+void FakeDusoro::Record(const std::string& name, const std::string& arguments) {
+    const std::string call = name + "(" + arguments + ")";
+    if (call == lastCall_ && !Calls.empty()) {
+        if (++repeated_ > 2) Calls.resize(Calls.rfind(" x"));
+        Calls += " x" + std::to_string(repeated_);
+        return;
+    }
+    lastCall_ = call;
+    repeated_ = 1;
+    if (!Calls.empty()) Calls += "; ";
+    Calls += call;
+}
+
+void FakeDusoro::GiveUpOutput() {
+    if (State == Output::Unfinished) State = Output::GivenUp;
+}
+
+HRESULT FakeDusoro::Answer(const char* name, LONG* target, LONG value) {
+    Record(name);
+    *target = value;
+    return S_OK;
+}
+
+STDMETHODIMP FakeDusoro::OpenSoundFile(BSTR fileName, LONG formatType, LONG flag) {
+    Record("OpenSoundFile", Name(fileName) + Numbers(formatType, flag));
+    GiveUpOutput();
+    if (ThrowsInOpen) throw std::runtime_error("somebody else's component");
+    readValues_ = 0;
+    code_ = OpenCode;
+    return code_ == 0 ? S_OK : E_FAIL;
+}
+
+STDMETHODIMP FakeDusoro::CloseFile() {
+    Record("CloseFile");
+    if (State != Output::Unfinished) return S_OK;
+    if (FailingClose) {
+        code_ = FailureCode;
+        State = Output::GivenUp;
+        return E_FAIL;
+    }
+    State = Output::Complete;
+    return S_OK;
+}
+
+STDMETHODIMP FakeDusoro::CreateSoundFile(BSTR fileName, LONG formatType) {
+    Record("CreateSoundFile", Name(fileName) + std::to_string(formatType));
+    GiveUpOutput();
+    code_ = CreateCode;
+    if (code_ != 0) return E_FAIL;
+    State = Output::Unfinished;
+    Written.clear();
+    WrittenBlocks.clear();
+    return S_OK;
+}
+
+STDMETHODIMP FakeDusoro::WriteBlock(SAFEARRAY* samples) {
+    Record("WriteBlock");
+    if (static_cast<int>(WrittenBlocks.size()) + 1 == FailingWrite) {
+        code_ = FailureCode;
+        GiveUpOutput();
+        return E_FAIL;
+    }
+    const automation::ArrayView<std::int16_t> view(samples);
+    Written.insert(Written.end(), view.Elements().begin(), view.Elements().end());
+    WrittenBlocks.push_back(view.Elements().size());
+    return S_OK;
+}
+
+STDMETHODIMP FakeDusoro::ReadBlock(LONG count, SAFEARRAY** samples) {
+    Record("ReadBlock", std::to_string(count));
+    const LONG frames = std::min(count, Source.FramesPerRead.value_or(count));
+    const std::size_t values = std::min(static_cast<std::size_t>(frames * Source.Channels),
+                                        Source.Samples.size() - readValues_);
+    automation::SafeArray<std::int16_t> block(values);
+    const automation::ArrayView<std::int16_t> view(block.Get());
+    std::copy_n(Source.Samples.begin() + static_cast<std::ptrdiff_t>(readValues_), values,
+                view.Elements().begin());
+    readValues_ += values;
+    *samples = block.Detach();
+    return S_OK;
+}
+
+STDMETHODIMP FakeDusoro::SetPcmFormat(LONG frequency, LONG channels) {
+    Record("SetPcmFormat", Numbers(frequency, channels));
+    return S_OK;
+}
+
+STDMETHODIMP FakeDusoro::SetFormatVOX(LONG frequency) {
+    Record("SetFormatVOX", std::to_string(frequency));
+    return S_OK;
+}
+
+STDMETHODIMP FakeDusoro::GetLength(LONG* frames) {
+    return Answer("GetLength", frames,
+                  Source.ClaimedFrames.value_or(static_cast<LONG>(Source.Samples.size()) /
+                                                Source.Channels));
+}
+
+STDMETHODIMP FakeDusoro::GetSourceFrequency(LONG* frequency) {
+    return Answer("GetSourceFrequency", frequency, Source.SourceFrequency);
+}
+
+STDMETHODIMP FakeDusoro::GetFormatText(BSTR* text) {
+    Record("GetFormatText");
+    *text = automation::NewBstr(
+        std::string_view(State == Output::Unfinished ? "Fake output" : Source.Text));
+    return S_OK;
+}
+
+STDMETHODIMP FakeDusoro::GetBitsPerSample(LONG* bits) {
+    return Answer("GetBitsPerSample", bits, Source.Bits);
+}
+
+STDMETHODIMP FakeDusoro::GetErrorCode(LONG* code) {
+    return Answer("GetErrorCode", code, code_);
+}
+
+STDMETHODIMP FakeDusoro::GetChannels(LONG* channels) {
+    return Answer("GetChannels", channels, Source.Channels);
+}
+
+STDMETHODIMP FakeDusoro::GetFrequency(LONG* frequency) {
+    return Answer("GetFrequency", frequency, Source.Frequency);
+}
+
+STDMETHODIMP FakeDusoro::GetFormatKind(LONG* kind) {
+    return Answer("GetFormatKind", kind, Source.Kind);
+}
+
+STDMETHODIMP FakeDusoro::SetWmaMode(LONG on) {
+    Record("SetWmaMode", std::to_string(on));
+    return S_OK;
+}
+
+}  // namespace mavrin2::tests
