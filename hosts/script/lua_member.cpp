@@ -80,7 +80,9 @@ private:
         reference.vt = static_cast<VARTYPE>(VT_BYREF | type);
         reference.byref = &value;
         if (type == VT_VARIANT) return reference;
-        if (value.vt != type && FAILED(VariantChangeType(&value, &value, 0, type))) {
+        const bool given = member_.Parameters[i].In && !IsLeftOut(value) &&
+                           SUCCEEDED(VariantChangeType(&value, &value, 0, type));
+        if (!given) {
             VariantClear(&value);
             value.llVal = 0;
             value.vt = type;

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tests/support/scratch_folder.h"
+
+namespace mavrin2::tests {
+
+// The built program as a process of its own.
+class Program {
+public:
+    struct Settings {
+        std::filesystem::path Folder = {};                                   // its current one
+        std::map<std::string, std::optional<std::string>> Environment = {};  // what differs
+        bool Terminal = false;    // whether its standard error is one
+        std::string Output = {};  // a file for its standard output
+        std::filesystem::path Path = MAVRIN2_PROGRAM;
+    };
+
+    explicit Program(const std::vector<std::string>& arguments) : Program(arguments, Settings()) {}
+    Program(const std::vector<std::string>& arguments, const Settings& settings);
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+    ~Program();
+
+    // Waits for a text on standard output or standard error; false when the program ends before.
+    bool AwaitOutput(const std::string& text) { return Await(Out, text); }
+    bool AwaitError(const std::string& text) { return Await(Err, text); }
+    void Signal(int signal) const;
+    // Waits for its end. Returns its exit code, or 128 + the signal that ended it, as a shell does.
+    int Finish();
+
+    std::string Out;
+    std::string Err;
+
+private:
+    bool Await(const std::string& stream, const std::string& text);
+    bool Read();
+
+    pid_t id_ = 0;
+    int outEnd_ = -1;
+    int errEnd_ = -1;
+};
+
+// A registry that holds the tests' component only, and a folder for files, for one test.
+class HostEnvironment {
+public:
+    HostEnvironment();
+
+    Program::Settings In() const { return {folder_.Path(), {{"MAVRIN2_REGISTRY", Registry()}}}; }
+    std::string Registry() const { return (registryFolder_.Path() / "components").string(); }
+    std::filesystem::path Path(const std::string& name) const { return folder_.Path() / name; }
+    void Write(const std::string& name, const std::string& text) const;
+    // Nothing when there is no such file.
+    std::optional<std::string> Read(const std::string& name) const;
+    // The names of all files, sorted.
+    std::vector<std::string> Files() const;
+
+private:
+    ScratchFolder folder_;
+    ScratchFolder registryFolder_;
+};
+
+}  // namespace mavrin2::tests
