@@ -36,7 +36,8 @@ class Encoder {
 public:
     virtual ~Encoder() = default;
 
-    // `file` is empty and outlives the writer. FormatNotSupported when the library refuses.
+    // `file` is empty and outlives the writer. FormatNotSupported when the library refuses,
+    // FileAccess when the beginning could not be written.
     virtual Outcome<std::unique_ptr<SoundWriter>> Create(platform::File& file,
                                                          const OutputPlan& plan) const = 0;
 };

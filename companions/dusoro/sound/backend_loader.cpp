@@ -4,6 +4,17 @@
 
 namespace mavrin2::dusoro {
 
+const Decoder* BackendLoader::DecoderFor(DecoderKind kind) const {
+    switch (kind) {
+        case DecoderKind::Sndfile:
+            return Find<Decoder>("sndfile", kDecoderEntry);
+        case DecoderKind::Flac:
+            return Find<Decoder>("flac", kDecoderEntry);
+        default:
+            return Find<Decoder>("ffmpeg", kDecoderEntry);
+    }
+}
+
 void* BackendLoader::Symbol(const char* module, const char* entry) const {
     // A second call finds the module by its name and loads nothing.
     const auto path = folder_ / (std::string("libmavrin2-dusoro-") + module + ".so");

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "companions/dusoro/sound/backend.h"
+#include "companions/dusoro/sound/reading_plan.h"
 
 namespace mavrin2::dusoro {
 
@@ -15,8 +16,7 @@ public:
     explicit BackendLoader(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
     // Null when a module or its library is missing.
-    const Decoder* Sndfile() const { return Find<Decoder>("sndfile", kDecoderEntry); }
-    const Decoder* Ffmpeg() const { return Find<Decoder>("ffmpeg", kDecoderEntry); }
+    const Decoder* DecoderFor(DecoderKind kind) const;
     const Encoder* SndfileEncoder() const { return Find<Encoder>("sndfile", kEncoderEntry); }
     const Encoder* Lame() const { return Find<Encoder>("lame", kEncoderEntry); }
     const ResamplerMaker* Soxr() const { return Find<ResamplerMaker>("soxr", kResamplerEntry); }

@@ -50,6 +50,7 @@ std::unique_ptr<OutputFile> OutputFile::Create(const fs::path& path) {
 
     struct stat older {};
     const bool replaces = stat(target.c_str(), &older) == 0;
+    if (!replaces && errno != ENOENT) return nullptr;  // a name that is too long, for one
     if (replaces &&
         (!S_ISREG(older.st_mode) || faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0))
         return nullptr;

@@ -18,9 +18,6 @@ public:
 
     bool Write(std::int64_t offset, std::span<const std::byte> source) override;
 
-    // Whether any Write has failed.
-    bool Failed() const { return failed_; }
-
     // Gives the file its name. False, and the file is gone, when that failed or any Write had.
     bool Commit();
 

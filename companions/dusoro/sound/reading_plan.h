@@ -10,7 +10,7 @@
 
 namespace mavrin2::dusoro {
 
-enum class DecoderKind : std::uint8_t { Sndfile, Ffmpeg };
+enum class DecoderKind : std::uint8_t { Sndfile, Flac, Ffmpeg };
 
 // Which libraries are asked for a file, in which order.
 struct ReadingPlan {

@@ -20,15 +20,26 @@ public:
     const OutputDescription& Description() const override { return encoder_->Description(); }
 
     bool Write(std::span<const std::int16_t> samples) override {
+        empty_ = empty_ && samples.empty();
         failed_ = failed_ || !encoder_->Write(samples);
         return !failed_;
     }
 
-    bool Finish() override { return !failed_ && encoder_->Finish() && file_->Commit(); }
+    bool Finish() override {
+        if (empty_ && !Description().PlainPcm) WriteSilentFrame();
+        return !failed_ && encoder_->Finish() && file_->Commit();
+    }
 
 private:
+    // The kinds with a coding have no file without sound: readers take it for a broken one.
+    void WriteSilentFrame() {
+        constexpr std::array<std::int16_t, 2> kSilence{};
+        Write(std::span(kSilence).first(static_cast<std::size_t>(Description().Carried.Channels)));
+    }
+
     std::unique_ptr<OutputFile> file_;
     std::unique_ptr<SoundWriter> encoder_;  // goes before the file it writes to
+    bool empty_ = true;
     bool failed_ = false;
 };
 
@@ -49,8 +60,7 @@ Outcome<std::unique_ptr<SoundReader>> SoundFiles::Open(const std::filesystem::pa
     // That one library knows the kind of file says more than that the others do not.
     SoundError error = SoundError::FormatFile;
     for (const DecoderKind kind : plan.Result.Candidates) {
-        const Decoder* decoder =
-            kind == DecoderKind::Sndfile ? backends_.Sndfile() : backends_.Ffmpeg();
+        const Decoder* decoder = backends_.DecoderFor(kind);
         if (!decoder) {
             error = SoundError::FormatNotSupported;
             continue;
@@ -74,7 +84,7 @@ Outcome<std::unique_ptr<SoundWriter>> SoundFiles::Create(const std::filesystem::
     auto file = OutputFile::Create(path);
     if (!file) return SoundError::FileAccess;
     auto created = encoder->Create(*file, plan.Result);
-    if (!created) return file->Failed() ? SoundError::FileAccess : created.Error;
+    if (!created) return created.Error;
     return std::unique_ptr<SoundWriter>(
         std::make_unique<SavedSound>(std::move(file), std::move(created.Result)));
 }

@@ -33,6 +33,7 @@ constexpr CodecName kNames[] = {
     {AV_CODEC_ID_MUSEPACK8, "MPC"},
     {AV_CODEC_ID_AC3, "AC-3"},
     {AV_CODEC_ID_EAC3, "E-AC-3"},
+    {AV_CODEC_ID_WAVPACK, "WavPack"},
     {AV_CODEC_ID_PCM_ALAW, "A-law"},
     {AV_CODEC_ID_PCM_MULAW, "u-law"},
 };

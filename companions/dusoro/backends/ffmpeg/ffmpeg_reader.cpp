@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "companions/dusoro/backends/ffmpeg/codec_text.h"
+#include "companions/dusoro/backends/ffmpeg/ogg_pages.h"
 #include "companions/dusoro/backends/ffmpeg/stream_length.h"
 #include "companions/dusoro/sound/plausible_length.h"
 
@@ -21,6 +22,13 @@ std::int64_t SkipOf(const AVPacket& packet) {
            static_cast<std::int64_t>(data[3]) << 24;
 }
 
+// Takes back what the demuxer tells to drop from the end of a packet.
+void ForgetPadding(AVPacket& packet) {
+    std::size_t size = 0;
+    std::uint8_t* data = av_packet_get_side_data(&packet, AV_PKT_DATA_SKIP_SAMPLES, &size);
+    if (data && size >= 8) std::fill_n(data + 4, 4, std::uint8_t{0});
+}
+
 }  // namespace
 
 Outcome<std::unique_ptr<SoundReader>> FfmpegReader::Open(std::shared_ptr<platform::File> file,
@@ -32,16 +40,27 @@ Outcome<std::unique_ptr<SoundReader>> FfmpegReader::Open(std::shared_ptr<platfor
     if (const SoundError error = reader->OpenDecoder(); error != SoundError::None) return error;
     if (const SoundError error = reader->Start(); error != SoundError::None) return error;
 
-    SourceDescription& description = reader->description_;
-    const StreamLength length =
-        MeasureStream(*reader->input_, *reader->stream_, description.SourceRate, reader->skipped_);
-    description.Frames = PlausibleFrames(length.Frames, bytes);
-    if (length.Exact) reader->left_ = description.Frames;
+    reader->Measure(bytes);
     return std::unique_ptr<SoundReader>(std::move(reader));
+}
+
+void FfmpegReader::Measure(std::int64_t bytes) {
+    const bool empty = frame_->nb_samples == 0;
+    const StreamLength length =
+        empty ? StreamLength{0, true}
+              : MeasureStream(*input_, *stream_, description_.SourceRate, skipped_, chained_);
+    description_.Frames = PlausibleFrames(length.Frames, bytes);
+    if (length.Exact) left_ = description_.Frames;
 }
 
 SoundError FfmpegReader::OpenDecoder() {
     AVFormatContext& context = input_->Context();
+    if (input_->IsDemuxer("ogg")) {
+        chained_ = IsChainedOgg(input_->File());
+        // The demuxer drops a whole packet too many when the last one ends with the sound. The last
+        // page tells the length all the same, and nothing behind it is delivered.
+        endsByLength_ = !chained_;
+    }
     const AVCodec* codec = nullptr;
     const int index = av_find_best_stream(&context, AVMEDIA_TYPE_AUDIO, -1, -1, &codec, 0);
     if (index == AVERROR_DECODER_NOT_FOUND) return SoundError::FormatNotSupported;
@@ -72,8 +91,8 @@ SoundError FfmpegReader::Start() {
     const std::int32_t channels =
         any ? frame_->ch_layout.nb_channels : stream_->codecpar->ch_layout.nb_channels;
     if (rate < 1 || rate > kHighestRate || channels < 1) return SoundError::FormatFile;
-    // A file that ends before its first sample may be complete all the same.
-    if (!any && stream_->duration != 0 && skipped_ == 0) return SoundError::FormatFile;
+    // A file may be whole and end before its first sample.
+    if (!any && refused_) return SoundError::FormatFile;
 
     const CodingText coding = DescribeCoding(input_->Context(), *stream_, rate, channels);
     description_.SourceRate = rate;
@@ -112,10 +131,14 @@ bool FfmpegReader::NextFrame() {
         const int result = avcodec_receive_frame(decoder_.get(), frame_.get());
         if (result >= 0) {
             if (TakeFrame()) return true;
-        } else if (result == AVERROR_EOF || draining_) {
+            continue;
+        }
+        refused_ = refused_ || (result != AVERROR_EOF && result != AVERROR(EAGAIN));
+        if (result == AVERROR_EOF || draining_) {
             av_frame_unref(frame_.get());
             return false;
-        } else if (!FeedDecoder()) {
+        }
+        if (!FeedDecoder()) {
             draining_ = true;
             avcodec_send_packet(decoder_.get(), nullptr);
         }
@@ -138,7 +161,8 @@ bool FfmpegReader::FeedDecoder() {
         if (result < 0) return false;
         const bool ours = packet_->stream_index == stream_->index;
         if (ours && !std::exchange(begun_, true)) skipped_ = SkipOf(*packet_);
-        if (ours) avcodec_send_packet(decoder_.get(), packet_.get());
+        if (ours && endsByLength_) ForgetPadding(*packet_);
+        if (ours && avcodec_send_packet(decoder_.get(), packet_.get()) < 0) refused_ = true;
         av_packet_unref(packet_.get());
         if (ours) return true;
     }

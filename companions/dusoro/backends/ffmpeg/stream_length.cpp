@@ -1,7 +1,6 @@
 #include "companions/dusoro/backends/ffmpeg/stream_length.h"
 
 #include <algorithm>
-#include <array>
 #include <cinttypes>
 #include <cstdio>
 #include <cstdlib>
@@ -40,29 +39,8 @@ StreamLength Estimate(const AvInput& input, const AVStream& stream, std::int32_t
     return CountPackets(input, stream, rate);
 }
 
-// Several streams one behind the other, as some radio stations and `cat` make them: the last page
-// tells the length of the last one only.
-bool IsChainedOgg(platform::File& file) {
-    constexpr std::int64_t kLongestPage = 65307;
-    const std::int64_t length = file.Length().value_or(0);
-    std::array<std::uint8_t, 27> first{};
-    if (file.Read(0, std::as_writable_bytes(std::span(first))).value_or(0) < first.size())
-        return false;
-    std::vector<std::uint8_t> tail(
-        static_cast<std::size_t>(std::min<std::int64_t>(length, 2 * kLongestPage)));
-    const auto got = file.Read(length - static_cast<std::int64_t>(tail.size()),
-                               std::as_writable_bytes(std::span(tail)));
-    tail.resize(got.value_or(0));
-    constexpr std::array<std::uint8_t, 5> kPage = {'O', 'g', 'g', 'S', 0};
-    const auto last = std::find_end(tail.begin(), tail.end(), kPage.begin(), kPage.end());
-    constexpr std::ptrdiff_t kSerial = 14;
-    return tail.end() - last >= kSerial + 4 &&
-           !std::equal(last + kSerial, last + kSerial + 4, first.begin() + kSerial);
-}
-
 StreamLength MeasureOgg(const AvInput& input, const AVStream& stream, std::int32_t rate) {
-    if (stream.duration == AV_NOPTS_VALUE || IsChainedOgg(input.File()))
-        return CountPackets(input, stream, rate);
+    if (stream.duration == AV_NOPTS_VALUE) return CountPackets(input, stream, rate);
     const std::int64_t preSkip = stream.codecpar->initial_padding;
     return {std::max<std::int64_t>(0, InFrames(stream.duration, stream.time_base, rate) - preSkip),
             true};
@@ -100,7 +78,8 @@ StreamLength MeasureMp4(const AvInput& input, const AVStream& stream, std::int32
 }  // namespace
 
 StreamLength MeasureStream(const AvInput& input, const AVStream& stream, std::int32_t rate,
-                           std::int64_t skipped) {
+                           std::int64_t skipped, bool chained) {
+    if (chained) return CountPackets(input, stream, rate);
     if (input.IsDemuxer("mp3")) {
         if (const auto found = MeasureMpeg(input.File())) return {found->Frames, found->Exact};
     } else if (input.IsDemuxer("ogg")) {

@@ -13,8 +13,9 @@ struct StreamLength {
 };
 
 // The length of one stream in sample frames at `rate`. `skipped` are the frames that the demuxer
-// has told to drop from the beginning.
+// has told to drop from the beginning; `chained` tells an Ogg file with several streams one behind
+// the other.
 StreamLength MeasureStream(const AvInput& input, const AVStream& stream, std::int32_t rate,
-                           std::int64_t skipped);
+                           std::int64_t skipped, bool chained);
 
 }  // namespace mavrin2::dusoro

@@ -13,10 +13,13 @@ constexpr std::size_t kBlockFrames = 1152 * 16;
 // The library's messages are for whoever debugs it.
 void Quiet(const char*, va_list) {}
 
-// kbit/s at a constant rate: transparent for most ears at the full rate, and in proportion below.
+// kbit/s at a constant rate: transparent for most ears at the full rate, in proportion below, and
+// never so little that the frames could not hold the tag that tells the length.
 int BitRateFor(PcmFormat format) {
-    const int stereo = format.Rate >= 32000 ? 192 : format.Rate >= 16000 ? 96 : 64;
-    return format.Channels == 2 ? stereo : stereo / 2;
+    const bool stereo = format.Channels == 2;
+    if (format.Rate >= 32000) return stereo ? 192 : 96;
+    if (format.Rate >= 16000) return stereo ? 96 : 64;
+    return stereo ? 64 : 32;
 }
 
 }  // namespace

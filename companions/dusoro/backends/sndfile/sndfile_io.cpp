@@ -35,9 +35,9 @@ sf_count_t Read(void* target, sf_count_t count, void* user) {
 sf_count_t Write(const void* source, sf_count_t count, void* user) {
     SndfileStream& stream = StreamOf(user);
     if (count <= 0) return 0;
-    if (!stream.File->Write(stream.Position, {static_cast<const std::byte*>(source),
-                                              static_cast<std::size_t>(count)}))
-        return 0;
+    stream.Failed = stream.Failed ||
+                    !stream.File->Write(stream.Position, {static_cast<const std::byte*>(source),
+                                                          static_cast<std::size_t>(count)});
     stream.Position += count;
     return count;
 }

@@ -13,6 +13,8 @@ namespace mavrin2::dusoro {
 struct SndfileStream {
     platform::File* File = nullptr;
     std::int64_t Position = 0;
+    // A write has failed. libsndfile is not told: it leaks when a file cannot even be begun.
+    bool Failed = false;
 
     // Opens this stream in `mode`; null when libsndfile refuses, and sf_error(nullptr) tells why.
     // The stream stays where it is as long as the handle lives.

@@ -5,6 +5,7 @@
 
 #include "companions/dusoro/backends/sndfile/sndfile_formats.h"
 #include "companions/dusoro/sound/format_text.h"
+#include "companions/dusoro/sound/plausible_length.h"
 #include "companions/dusoro/sound/sample_rounding.h"
 
 namespace mavrin2::dusoro {
@@ -79,29 +80,29 @@ Outcome<std::unique_ptr<SoundReader>> SndfileReader::Open(std::shared_ptr<platfo
     if (info.samplerate < 1 || info.samplerate > kHighestRate || info.channels < 1 ||
         info.channels > kMostChannels)
         return SoundError::FormatFile;
-    // Those that another library decodes faster have no subtype here.
-    if (!FindSubtype(info.format)) return SoundError::FormatNotSupported;
+    // What other libraries read better here is theirs.
+    if (!FindSubtype(info.format) || (info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_FLAC)
+        return SoundError::FormatNotSupported;
     reader->Describe(info);
     return std::unique_ptr<SoundReader>(std::move(reader));
 }
 
 void SndfileReader::Describe(const SF_INFO& info) {
     const SndfileSubtype& subtype = *FindSubtype(info.format);
-    const bool flac = (info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_FLAC;
     description_.SourceRate = info.samplerate;
     description_.Delivered = {info.samplerate, std::min(info.channels, 2)};
-    // A stream that was never completed claims all there could be.
-    description_.Frames = info.frames < SF_COUNT_MAX ? info.frames : 0;
+    description_.Frames = PlausibleFrames(info.frames, file_->Length().value_or(0));
     description_.BitsPerSample = subtype.Coding == SndfileCoding::Lossy ? 16 : subtype.Bits;
-    description_.PlainPcm = subtype.Coding == SndfileCoding::Integer && !flac;
-    description_.Text = subtype.Bits > 0
-                            ? TextWithBits(flac ? "FLAC" : subtype.Name, info.samplerate,
-                                           subtype.Bits, info.channels)
-                            : TextWithBitRate(subtype.Name, info.samplerate, 0, info.channels);
+    description_.PlainPcm = subtype.Coding == SndfileCoding::Integer;
+    description_.Text =
+        subtype.Bits > 0 ? TextWithBits(subtype.Name, info.samplerate, subtype.Bits, info.channels)
+                         : TextWithBitRate(subtype.Name, info.samplerate, 0, info.channels);
 
     if (info.channels > 2) {
         downMix_.emplace(Speakers(info.channels));
         native_ = Native::Float;
+    } else if (subtype.Format == SF_FORMAT_VOX_ADPCM) {
+        native_ = Native::Pairs;
     } else if (subtype.Coding == SndfileCoding::Float) {
         native_ = subtype.Bits == 64 ? Native::Double : Native::Float;
     } else if (subtype.Coding != SndfileCoding::Lossy && subtype.Bits > 16) {
@@ -129,6 +130,8 @@ std::size_t SndfileReader::Read(std::span<std::int16_t> samples) {
                 sf_readf_short(handle_.get(), samples.data(), static_cast<sf_count_t>(frames));
             return got > 0 ? static_cast<std::size_t>(got) : 0;
         }
+        case Native::Pairs:
+            return ReadPairs(samples);
         case Native::Int:
             return ReadConverted(sf_readf_int, ints_, samples.data(), frames);
         case Native::Float:
@@ -136,6 +139,26 @@ std::size_t SndfileReader::Read(std::span<std::int16_t> samples) {
         default:
             return ReadConverted(sf_readf_double, doubles_, samples.data(), frames);
     }
+}
+
+// Mono, two samples in a byte: asked for an odd number of them, libsndfile writes one more than it
+// was given room for.
+std::size_t SndfileReader::ReadPairs(std::span<std::int16_t> samples) {
+    std::size_t done = 0;
+    while (done < samples.size()) {
+        if (pairsLeft_.empty()) {
+            pairs_.resize(kBlockValues);
+            const auto got =
+                sf_read_short(handle_.get(), pairs_.data(), static_cast<sf_count_t>(kBlockValues));
+            if (got <= 0) break;
+            pairsLeft_ = std::span(pairs_).first(static_cast<std::size_t>(got));
+        }
+        const std::size_t count = std::min(samples.size() - done, pairsLeft_.size());
+        std::copy_n(pairsLeft_.begin(), count, samples.begin() + static_cast<std::ptrdiff_t>(done));
+        pairsLeft_ = pairsLeft_.subspan(count);
+        done += count;
+    }
+    return done;
 }
 
 template <class Sample>

@@ -19,11 +19,12 @@ public:
 
 private:
     // What libsndfile is asked for: the type that holds the file's samples without loss.
-    enum class Native : std::uint8_t { Short, Int, Float, Double };
+    enum class Native : std::uint8_t { Short, Pairs, Int, Float, Double };
 
     SndfileReader() = default;
     void Describe(const SF_INFO& info);
     std::vector<Speaker> Speakers(int channels);
+    std::size_t ReadPairs(std::span<std::int16_t> samples);
     std::size_t ReadMixed(std::int16_t* out, std::size_t frames);
     template <class Sample>
     std::size_t ReadConverted(sf_count_t (*read)(SNDFILE*, Sample*, sf_count_t),
@@ -35,6 +36,8 @@ private:
     SourceDescription description_;
     Native native_ = Native::Short;
     std::optional<DownMix> downMix_;
+    std::vector<std::int16_t> pairs_;
+    std::span<const std::int16_t> pairsLeft_;
     std::vector<std::int32_t> ints_;
     std::vector<float> floats_;
     std::vector<double> doubles_;

@@ -83,6 +83,7 @@ Outcome<std::unique_ptr<SoundWriter>> SndfileWriter::Create(platform::File& file
     info.channels = plan.Carried.Channels;
     info.format = SndfileFormat(plan);
     writer->handle_.reset(writer->stream_.Open(SFM_WRITE, info));
+    if (writer->stream_.Failed) return SoundError::FileAccess;
     if (!writer->handle_) return SoundError::FormatNotSupported;
     if (plan.Kind == Container::OggVorbis) {
         double quality = kVorbisQuality;
@@ -106,7 +107,7 @@ bool SndfileWriter::Write(std::span<const std::int16_t> samples) {
 
 bool SndfileWriter::Append(std::span<const std::int16_t> samples) {
     const auto count = static_cast<sf_count_t>(samples.size());
-    return sf_write_short(handle_.get(), samples.data(), count) == count;
+    return sf_write_short(handle_.get(), samples.data(), count) == count && !stream_.Failed;
 }
 
 // libsndfile cuts the lower half off; here it rounds to the nearest first.
@@ -144,7 +145,7 @@ bool SndfileWriter::Finish() {
         const std::array<std::int16_t, 2> pair = {*held_, 0};
         if (!Append(pair)) return false;
     }
-    return sf_close(handle_.release()) == 0;
+    return sf_close(handle_.release()) == 0 && !stream_.Failed;
 }
 
 }  // namespace mavrin2::dusoro

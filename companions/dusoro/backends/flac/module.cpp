@@ -1,0 +1,20 @@
+#include "companions/dusoro/backends/flac/flac_reader.h"
+
+namespace mavrin2::dusoro {
+namespace {
+
+class FlacDecoder final : public Decoder {
+public:
+    Outcome<std::unique_ptr<SoundReader>> Open(const std::shared_ptr<platform::File>& file,
+                                               const ReadingHint&) const override {
+        return FlacReader::Open(file);
+    }
+};
+
+}  // namespace
+}  // namespace mavrin2::dusoro
+
+MAVRIN2_DUSORO_EXPORT const mavrin2::dusoro::Decoder* Mavrin2DusoroDecoder() {
+    static const mavrin2::dusoro::FlacDecoder decoder;
+    return &decoder;
+}

@@ -1,0 +1,73 @@
+#include "tests/support/damaged_files.h"
+
+#include <sys/resource.h>
+
+#include "tests/companions/sound_test.h"
+
+namespace mavrin2::dusoro {
+namespace {
+
+class DamagedFilesTest : public SoundTest, public testing::WithParamInterface<const char*> {
+protected:
+    static long PeakKilobytes() {
+        rusage usage{};
+        getrusage(RUSAGE_SELF, &usage);
+        return usage.ru_maxrss;
+    }
+
+    std::string Whole(const std::string& name) {
+        if (std::filesystem::exists(Data(name))) return ReadBytes(Data(name));
+        EXPECT_TRUE(Save(In(name), {44100, 2}, Noise(60'000, 6000)));
+        return ReadBytes(In(name));
+    }
+};
+
+// Whatever stands in a file, opening and reading it comes to an end, gives at most what a file of
+// its size could hold, and takes a bounded amount of memory.
+TEST_P(DamagedFilesTest, DoNoHarm) {
+    const std::string name = GetParam();
+    const bool ogg = name == "a.ogg" || name == "a.opus";
+    tests::DamagedFiles damaged(Whole(name), 20'240'229, ogg ? tests::SealOggPages : nullptr);
+    ReadAll(Data("tone.m4a"));  // with all libraries loaded
+    const long before = PeakKilobytes();
+    int opened = 0;
+    Samples block(std::size_t{2} * 65536);
+    const int variants = std::filesystem::exists(Data(name)) ? 200 : 600;
+    for (int i = 0; i < variants; ++i) {
+        SCOPED_TRACE(i);
+        const std::string bytes = damaged.Next();
+        WriteBytes(In("damaged"), bytes);
+        auto found = files_.Open(In("damaged"), FormatType::Default);
+        if (!found) {
+            EXPECT_TRUE(found.Error == SoundError::FormatFile ||
+                        found.Error == SoundError::FormatNotSupported);
+            continue;
+        }
+        ++opened;
+        const SourceDescription& told = found.Result->Description();
+        ASSERT_TRUE(told.Delivered.IsUsable());
+        const auto most = static_cast<std::int64_t>(bytes.size()) * 8192;
+        EXPECT_LE(told.Frames, most);
+        std::int64_t read = 0;
+        while (const std::size_t frames = found.Result->Read(std::span(block).first(
+                   std::size_t{65536} * static_cast<std::size_t>(told.Delivered.Channels)))) {
+            read += static_cast<std::int64_t>(frames);
+            ASSERT_LE(read, most);
+        }
+    }
+    EXPECT_GT(opened, variants / 10);  // the damage is not so great that nothing is ever decoded
+    // The sanitizers keep freed memory for a while: 256 MiB of it.
+    EXPECT_LT(PeakKilobytes() - before, 400 * 1024);
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, DamagedFilesTest,
+                         testing::Values("a.wav", "a.flac", "a.ogg", "a.mp3", "a.opus", "tone.m4a",
+                                         "tone.wma", "tone.wv", "film.avi"),
+                         [](const auto& info) {
+                             std::string name = info.param;
+                             name[name.find('.')] = '_';
+                             return name;
+                         });
+
+}  // namespace
+}  // namespace mavrin2::dusoro

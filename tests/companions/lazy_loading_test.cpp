@@ -1,0 +1,64 @@
+#include "tests/companions/sound_test.h"
+
+namespace mavrin2::dusoro {
+namespace {
+
+class LazyLoadingTest : public SoundTest {
+protected:
+    // Other tests of this process may have loaded everything: each case starts a process anew.
+    void SetUp() override { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
+
+    static bool IsLoaded(const char* name) {
+        std::ifstream maps("/proc/self/maps");
+        const std::string text{std::istreambuf_iterator<char>(maps), {}};
+        return text.find(name) != std::string::npos;
+    }
+    static bool HeavyOnesAreLoaded() {
+        return IsLoaded("libavcodec") || IsLoaded("libavformat") || IsLoaded("dusoro-ffmpeg") ||
+               IsLoaded("dusoro-lame") || IsLoaded("libsoxr");
+    }
+};
+
+TEST_F(LazyLoadingTest, AWavIsReadAndWrittenWithoutTheHeavyLibraries) {
+    EXPECT_EXIT(
+        {
+            const bool done =
+                Save(In("a.wav"), {44100, 2}, Noise(100)) && ReadAll(In("a.wav")) == Noise(100);
+            _exit(done && IsLoaded("dusoro-sndfile") && !HeavyOnesAreLoaded() ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "");
+}
+
+TEST_F(LazyLoadingTest, AFlacIsReadWithoutTheHeavyLibraries) {
+    EXPECT_EXIT(
+        {
+            const bool done =
+                Save(In("a.flac"), {44100, 2}, Noise(100)) && ReadAll(In("a.flac")) == Noise(100);
+            _exit(done && !HeavyOnesAreLoaded() ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "");
+}
+
+TEST_F(LazyLoadingTest, AnMp3BringsThem) {
+    EXPECT_EXIT(
+        {
+            const bool before = HeavyOnesAreLoaded();
+            const bool done = Save(In("a.mp3"), {44100, 2}, Noise(100)) &&
+                              IsLoaded("dusoro-lame") && !IsLoaded("libavcodec") &&
+                              ReadAll(In("a.mp3")).size() == 100;
+            _exit(!before && done && IsLoaded("libavcodec") ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "");
+}
+
+TEST_F(LazyLoadingTest, WithoutTheModulesNothingIsSupported) {
+    Make(In("a.wav"), SF_FORMAT_WAV | SF_FORMAT_PCM_16, 44100, 2, Noise(100));
+    const SoundFiles nothing(In("no modules here"));
+    EXPECT_EQ(nothing.Open(In("a.wav"), FormatType::Default).Error, SoundError::FormatNotSupported);
+    EXPECT_EQ(nothing.Create(In("b.wav"), FormatType::Default, {}).Error,
+              SoundError::FormatNotSupported);
+    EXPECT_FALSE(std::filesystem::exists(In("b.wav")));
+}
+
+}  // namespace
+}  // namespace mavrin2::dusoro
