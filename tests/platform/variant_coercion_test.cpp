@@ -16,6 +16,14 @@ std::string Printed(const std::u16string& text) {
     return {text.begin(), text.end()};
 }
 
+// Appended piece by piece: GCC 12 warns of the shorter way when it optimises.
+std::string Quoted(const std::u16string& text) {
+    std::string quoted(1, '\'');
+    quoted += Printed(text);
+    quoted += '\'';
+    return quoted;
+}
+
 // What a change gives, as a text that tables can hold: the value, or the name of the failure.
 std::string Changed(VARIANT* source, VARTYPE type, USHORT flags = 0) {
     Value target(VT_I4, &VARIANT::lVal, 77);
@@ -58,7 +66,7 @@ std::string Changed(VARIANT* source, VARTYPE type, USHORT flags = 0) {
         case VT_BOOL:
             return std::to_string(target->boolVal);
         case VT_BSTR:
-            return "'" + Printed(target.Text()) + "'";
+            return Quoted(target.Text());
         default:
             return "done";
     }
