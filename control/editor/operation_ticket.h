@@ -21,12 +21,14 @@ private:
 class OperationTicket {
 public:
     OperationTicket(OperationCounter& counter, const UndoHistory& history)
-        : counter_(counter),
-          history_(history),
-          number_(counter.Next()),
-          state_(history.Current()) {}
+        : OperationTicket(counter, history, counter.Next()) {}
     OperationTicket(const OperationTicket&) = delete;
     OperationTicket& operator=(const OperationTicket&) = delete;
+
+    // For what may happen during an operation and does not take its place.
+    static OperationTicket Beside(OperationCounter& counter, const UndoHistory& history) {
+        return OperationTicket(counter, history, counter.Last());
+    }
 
     bool Stands() const { return counter_.Last() == number_ && history_.Current() == state_; }
 
@@ -34,6 +36,9 @@ public:
     void Moved() { state_ = history_.Current(); }
 
 private:
+    OperationTicket(OperationCounter& counter, const UndoHistory& history, std::uint64_t number)
+        : counter_(counter), history_(history), number_(number), state_(history.Current()) {}
+
     OperationCounter& counter_;
     const UndoHistory& history_;
     std::uint64_t number_;

@@ -29,7 +29,7 @@ void UndoRedo::BeginOperations() {
 }
 
 void UndoRedo::EndOperations() {
-    OperationTicket ticket(services_.Operations, services_.History);
+    const auto ticket = OperationTicket::Beside(services_.Operations, services_.History);
     services_.Settings.BatchMode = false;
     services_.View.BuildOverviewSummary();
     if (!ticket.Stands()) return;
