@@ -21,7 +21,7 @@ void DocumentOpening::New(std::int32_t frequency, std::int32_t channels) {
         services_.Status.LastError = ErrorConstants::FORMATNOTSUPPORT;
         return;
     }
-    if (services_.History.Current()) Close();
+    CloseDocument();
     OperationTicket ticket(services_.Operations, services_.History);
     services_.Status.LastError = ErrorConstants::NOERRORS;
     services_.Format.Frequency = frequency;
@@ -34,6 +34,12 @@ void DocumentOpening::New(std::int32_t frequency, std::int32_t channels) {
     if (!ticket.Stands()) return;
     services_.View.Redraw();
     if (ticket.Stands()) services_.Events.EndOperation();
+}
+
+void DocumentOpening::CloseDocument() {
+    if (services_.History.Current()) Close();
+    // A load from inside which this is called has no document yet, and is overtaken.
+    services_.Status.Status = StatusConstants::Idle;
 }
 
 bool DocumentOpening::PushEmptyDocument() {
@@ -52,7 +58,7 @@ bool DocumentOpening::PushEmptyDocument() {
 }
 
 ErrorConstants DocumentOpening::Open(const std::filesystem::path& path, FormatTypeConstants type) {
-    if (services_.History.Current()) Close();
+    CloseDocument();
     OperationTicket ticket(services_.Operations, services_.History);
     services_.Status.LastError = ErrorConstants::NOERRORS;
     Load(path, type, ticket);

@@ -25,6 +25,7 @@ public:
     void Close();
 
 private:
+    void CloseDocument();
     // False when it could not be made.
     bool PushEmptyDocument();
     void Load(const std::filesystem::path& path, FormatTypeConstants type, OperationTicket& ticket);
