@@ -12,8 +12,15 @@ public:
     std::uint64_t Next() { return ++last_; }
     std::uint64_t Last() const { return last_; }
 
+    // Whether an operation is on the way, be it one that has been overtaken: it may still have
+    // files of its own.
+    bool AnyRuns() const { return running_ > 0; }
+    void Enter() { ++running_; }
+    void Leave() { --running_; }
+
 private:
     std::uint64_t last_ = 0;
+    int running_ = 0;
 };
 
 // Held by an operation while it runs. A host may start another one from inside an event: the first
@@ -24,6 +31,7 @@ public:
         : OperationTicket(counter, history, counter.Next()) {}
     OperationTicket(const OperationTicket&) = delete;
     OperationTicket& operator=(const OperationTicket&) = delete;
+    ~OperationTicket() { counter_.Leave(); }
 
     // For what may happen during an operation and does not take its place.
     static OperationTicket Beside(OperationCounter& counter, const UndoHistory& history) {
@@ -37,7 +45,9 @@ public:
 
 private:
     OperationTicket(OperationCounter& counter, const UndoHistory& history, std::uint64_t number)
-        : counter_(counter), history_(history), number_(number), state_(history.Current()) {}
+        : counter_(counter), history_(history), number_(number), state_(history.Current()) {
+        counter_.Enter();
+    }
 
     OperationCounter& counter_;
     const UndoHistory& history_;

@@ -21,7 +21,7 @@ public:
     void Remove(const std::filesystem::path& path);
 
     // Deletes what crashed programs have left, unless another control is alive. Not to be called
-    // while a document is open.
+    // while a document is open or being made.
     void CleanTempFiles();
 
     // Takes the folder part of `path` for temporary files, when a program could work in it: false

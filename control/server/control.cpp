@@ -129,7 +129,8 @@ STDMETHODIMP CMavrin2::get_TempDirectory(BSTR* Value) {
 
 STDMETHODIMP CMavrin2::put_TempDirectory(BSTR Value) {
     return Run([&](DocumentEditor&) {
-        if (parts_.Temporary.ChooseFolder(ToPath(Bstr::View(Value))) && !History().Current())
+        if (parts_.Temporary.ChooseFolder(ToPath(Bstr::View(Value))) && !History().Current() &&
+            !parts_.State.Operations.AnyRuns())
             parts_.Temporary.CleanTempFiles();
     });
 }
