@@ -24,12 +24,6 @@ public:
     // True when every byte was written; the file may have grown by a part otherwise.
     virtual bool Write(std::int64_t offset, std::span<const std::byte> source) = 0;
 
-    // Copies bytes from another file of the same file system without showing them to the program:
-    // true when all were copied. False when it cannot be done this way or failed: the caller then
-    // reads and writes, over whatever part had been copied.
-    virtual bool CopyFrom(File& source, std::int64_t sourceOffset, std::int64_t offset,
-                          std::int64_t count) = 0;
-
     // The file's present length, or nothing when it cannot be told.
     virtual std::optional<std::int64_t> Length() = 0;
 };

@@ -3,7 +3,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 
 namespace mavrin2::platform {
@@ -39,23 +38,6 @@ bool LinuxFile::Write(std::int64_t offset, std::span<const std::byte> source) {
         if (count <= 0) return false;
         offset += count;
         source = source.subspan(static_cast<std::size_t>(count));
-    }
-    return true;
-}
-
-bool LinuxFile::CopyFrom(File& source, std::int64_t sourceOffset, std::int64_t offset,
-                         std::int64_t count) {
-    auto* const from = dynamic_cast<LinuxFile*>(&source);
-    if (from == nullptr || count < 0) return false;
-    // The kernel takes no more at a time.
-    constexpr std::int64_t largest = std::int64_t{1} << 30;
-    while (count > 0) {
-        const ssize_t copied =
-            ::copy_file_range(from->descriptor_.Get(), &sourceOffset, descriptor_.Get(), &offset,
-                              static_cast<std::size_t>(std::min(count, largest)), 0);
-        if (copied < 0 && errno == EINTR) continue;
-        if (copied <= 0) return false;
-        count -= copied;
     }
     return true;
 }

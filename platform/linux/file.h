@@ -14,8 +14,6 @@ public:
 
     std::optional<std::size_t> Read(std::int64_t offset, std::span<std::byte> target) override;
     bool Write(std::int64_t offset, std::span<const std::byte> source) override;
-    bool CopyFrom(File& source, std::int64_t sourceOffset, std::int64_t offset,
-                  std::int64_t count) override;
     std::optional<std::int64_t> Length() override;
 
 private:

@@ -35,7 +35,6 @@ struct MemoryFileSystem::Controls {
     };
     std::map<Operation, Plan> Plans;
     std::optional<std::int64_t> FreeSpace;
-    bool CopyAllowed = true;
     int OpenFiles = 0;
 
     // Counts a call; false when it is one that has to fail.
@@ -69,21 +68,6 @@ public:
     bool Write(std::int64_t offset, std::span<const std::byte> source) override {
         if (!controls_->Begin(Operation::Write) || !writable_ || offset < 0) return false;
         return Put(offset, source);
-    }
-
-    bool CopyFrom(File& source, std::int64_t sourceOffset, std::int64_t offset,
-                  std::int64_t count) override {
-        auto* const from = dynamic_cast<OpenFile*>(&source);
-        if (!controls_->Begin(Operation::Copy) || !controls_->CopyAllowed || from == nullptr ||
-            !writable_ || sourceOffset < 0 || offset < 0 || count < 0) {
-            return false;
-        }
-        const auto size = static_cast<std::int64_t>(from->content_->size());
-        const std::int64_t present = std::clamp<std::int64_t>(size - sourceOffset, 0, count);
-        // A copy, for both may be the same file.
-        const auto start = from->content_->begin() + std::min(sourceOffset, size);
-        const Content bytes(start, start + present);
-        return Put(offset, bytes) && present == count;
     }
 
     std::optional<std::int64_t> Length() override {
@@ -191,10 +175,6 @@ void MemoryFileSystem::Refuse(const std::filesystem::path& path) {
 
 void MemoryFileSystem::SetFreeSpace(std::optional<std::int64_t> bytes) {
     controls_->FreeSpace = bytes;
-}
-
-void MemoryFileSystem::AllowCopy(bool allowed) {
-    controls_->CopyAllowed = allowed;
 }
 
 void MemoryFileSystem::SetTemporaryFolder(const std::filesystem::path& folder) {

@@ -26,7 +26,6 @@ public:
         Create,  // also with a unique name
         Read,
         Write,
-        Copy,
         Length,
         Remove
     };
@@ -61,8 +60,6 @@ public:
     // Files can grow by so many bytes from now on, all together; a write that needs more grows its
     // file by what is left and fails. Nothing stands for room without end.
     void SetFreeSpace(std::optional<std::int64_t> bytes);
-    // Off: `CopyFrom` returns false, as between two file systems.
-    void AllowCopy(bool allowed);
 
     // What else can be set.
     void SetTemporaryFolder(const std::filesystem::path& folder);  // made; empty: there is none

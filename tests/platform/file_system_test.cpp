@@ -64,19 +64,6 @@ TYPED_TEST(FileSystems, OpenOnlyWhatIsThereAndOnlyAsAsked) {
     EXPECT_FALSE(this->Files().Create(this->At("folder")));
 }
 
-TYPED_TEST(FileSystems, CopyPartsOfFilesAndSayWhenTheyCannot) {
-    this->Make("source", "0123456789");
-    const auto source = this->Files().OpenForReading(this->At("source"));
-    const auto target = this->Files().Create(this->At("target"));
-    ASSERT_TRUE(Write(*target, 0, "abcdef"));
-    EXPECT_TRUE(target->CopyFrom(*source, 3, 2, 6));
-    EXPECT_EQ(this->Content("target"), "ab345678");
-    EXPECT_TRUE(target->CopyFrom(*source, 0, 0, 0));
-    EXPECT_FALSE(target->CopyFrom(*source, 8, 0, 5)) << "the source ends before";
-    EXPECT_FALSE(target->CopyFrom(*source, 0, 0, -1));
-    EXPECT_FALSE(this->Files().OpenForReading(this->At("target"))->CopyFrom(*source, 0, 0, 3));
-}
-
 TYPED_TEST(FileSystems, MakeUniqueFilesWithNamesOfOneForm) {
     std::set<std::filesystem::path> names;
     for (int i = 0; i < 50; ++i) {

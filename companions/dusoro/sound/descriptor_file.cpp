@@ -33,10 +33,6 @@ bool DescriptorFile::Write(std::int64_t offset, std::span<const std::byte> sourc
     return true;
 }
 
-bool DescriptorFile::CopyFrom(File&, std::int64_t, std::int64_t, std::int64_t) {
-    return false;  // nobody copies between files here
-}
-
 std::optional<std::int64_t> DescriptorFile::Length() {
     struct stat status {};
     if (fstat(descriptor_, &status) != 0) return std::nullopt;
