@@ -62,7 +62,7 @@ public:
         Samples block(blockSamples);
         BlockSender sender(companion_, pieces, services_.Format.Frequency);
         services_.View.RenderBackground();
-        bool more = Report(0) && !services_.Status.Idle();
+        bool more = Report(0);
         while (more) {
             const auto samples = Fill(block, blockSamples);
             if (!samples) {
@@ -73,8 +73,10 @@ public:
             if (*samples == 0) break;
             if (*samples < blockSamples) block.Resize(*samples);
             if (!sender.Send(block)) return companion_.ReasonOfFailure();
+            // A host that stops in an event still gets the block behind it, unreported.
+            if (services_.Status.Idle()) break;
             written_ += static_cast<std::int64_t>(*samples) * 2;
-            more = Report(PercentDone()) && *samples == blockSamples && !services_.Status.Idle();
+            more = Report(PercentDone()) && *samples == blockSamples;
             if (ticket_.Stands()) services_.View.Redraw();
         }
         return ErrorConstants::NOERRORS;
@@ -94,7 +96,8 @@ private:
 
     int PercentDone() const {
         const double part = static_cast<double>(written_) / static_cast<double>(total_);
-        return static_cast<int>(std::min(1.0, part) * 100);
+        // The end of what was selected may lie before its start, once that has been deleted.
+        return static_cast<int>(std::clamp(part, 0.0, 1.0) * 100);
     }
 
     bool Report(int percent) {
