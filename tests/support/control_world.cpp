@@ -56,8 +56,9 @@ std::vector<std::byte> WorkFileOf(std::uint32_t frequency, std::uint16_t channel
 }
 
 server::ControlEnvironment ControlWorld::Environment() const {
-    return {System.AsPorts(), [companion = Dusoro, status = CompanionStatus](
-                                  REFCLSID id, REFIID iid, void** object) -> HRESULT {
+    return {System.AsPorts(),
+            [companion = Dusoro, status = CompanionStatus](REFCLSID id, REFIID iid,
+                                                           void** object) -> HRESULT {
                 *object = nullptr;
                 if (!IsEqualGUID(id, contracts::CLSID_KovDusoro2)) return REGDB_E_CLASSNOTREG;
                 return FAILED(status) ? status : companion->QueryInterface(iid, object);
@@ -102,6 +103,10 @@ void ControlWorld::Select(std::int32_t first, std::int32_t end) {
     Position->put_Selected(1);
     Position->put_EndSelect(end);
     Events->Take();
+}
+
+editor::UndoHistory& ControlWorld::History() {
+    return static_cast<objects::CMavrin2Position*>(Position.Get())->History();
 }
 
 std::filesystem::path ControlWorld::WorkFile() {

@@ -54,6 +54,7 @@ struct ControlWorld {
     // Frames `first` to before `end`.
     void Select(std::int32_t first, std::int32_t end);
 
+    editor::UndoHistory& History();
     std::filesystem::path WorkFile();  // of the open document
     Samples DocumentSamples();
     std::string FormatString();

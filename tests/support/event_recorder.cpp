@@ -7,7 +7,8 @@ namespace {
 
 std::string TextOf(DISPID event, const DISPPARAMS& parameters) {
     const VARIANT* argument = parameters.cArgs == 1 ? parameters.rgvarg : nullptr;
-    if (event == 6 && argument && argument->vt == VT_I2) return std::to_string(argument->iVal) + "%";
+    if (event == 6 && argument && argument->vt == VT_I2)
+        return std::to_string(argument->iVal) + "%";
     if (event == 7 && parameters.cArgs == 0) return "position";
     if (event == 11 && parameters.cArgs == 0) return "end";
     return "?";

@@ -112,9 +112,9 @@ STDMETHODIMP FakeDusoro::SetFormatVOX(LONG frequency) {
 }
 
 STDMETHODIMP FakeDusoro::GetLength(LONG* frames) {
-    return Answer("GetLength", frames,
-                  Source.ClaimedFrames.value_or(static_cast<LONG>(Source.Samples.size()) /
-                                                Source.Channels));
+    return Answer(
+        "GetLength", frames,
+        Source.ClaimedFrames.value_or(static_cast<LONG>(Source.Samples.size()) / Source.Channels));
 }
 
 STDMETHODIMP FakeDusoro::GetSourceFrequency(LONG* frequency) {

@@ -1,0 +1,231 @@
+#include "tests/control/control_test.h"
+
+namespace mavrin2::tests {
+namespace {
+
+using interfaces::FormatTypeConstants;
+using platform::MemoryFileSystem;
+
+constexpr auto kFileAccess = static_cast<HRESULT>(0x80040309);
+constexpr auto kNotSupported = static_cast<HRESULT>(0x80040304);
+
+class Opening : public ControlTest {
+protected:
+    void Read(std::size_t values, LONG channels = 1) {
+        Dusoro->Source.Samples = Ramp(values);
+        Dusoro->Source.Channels = channels;
+    }
+    void ExpectNoDocument(std::size_t leftFiles = 0) {
+        EXPECT_EQ(Positions(), "select 0..0 view 0..0 of 0");
+        EXPECT_EQ(WorkFile(), "/tmp/private/");
+        EXPECT_EQ(TempFiles().size(), leftFiles);
+        EXPECT_EQ(System.Files->OpenFiles(), 0);
+        EXPECT_EQ(Status(), 0);
+    }
+};
+
+TEST_F(Opening, TakesWhatTheCompanionReads) {
+    Read(45000, 2);
+    std::int32_t statusInside = 0;
+    Events->InEvent(3, [&] { statusInside = Status(); });
+    EXPECT_EQ(Open("/sound.mp3", FormatTypeConstants::MP3), S_OK);
+    EXPECT_EQ(Dusoro->Calls,
+              "OpenSoundFile(/sound.mp3, 2, 1); GetErrorCode(); GetSourceFrequency(); "
+              "GetFrequency(); GetChannels(); GetBitsPerSample(); GetLength(); GetFormatKind(); "
+              "GetFormatText(); ReadBlock(20000) x3; CloseFile()");
+    EXPECT_EQ(Events->Take(), "88% 99% 100% end");
+    EXPECT_EQ(statusInside, 3);
+    EXPECT_EQ(System.Files->Bytes(WorkFile()), WorkFileOf(1000, 2, Ramp(45000)));
+    EXPECT_EQ(Positions(), "select 0..0 view 0..22500 of 22500");
+    EXPECT_EQ(FormatString(), "Fake sound");
+    EXPECT_FALSE(UndoEnabled());
+    EXPECT_EQ(Status(), 0);
+}
+
+TEST_F(Opening, ReportsAgainstTheLengthThatWasClaimed) {
+    struct {
+        LONG Claimed;
+        const char* Events;
+    } const cases[] = {{2000, "15% 30% 45% 50% 100% end"},
+                       {300, "99% 99% 99% 99% 100% end"},
+                       {0, "99% 99% 99% 99% 100% end"}};
+    Read(1000);
+    Dusoro->Source.FramesPerRead = 300;
+    for (const auto& c : cases) {
+        Dusoro->Source.ClaimedFrames = c.Claimed;
+        Open();
+        EXPECT_EQ(Events->Take(), c.Events);
+        EXPECT_EQ(DocumentSamples(), Ramp(1000));
+    }
+}
+
+TEST_F(Opening, MakesAnEmptyDocumentOfAnEmptySound) {
+    EXPECT_EQ(Open(), S_OK);
+    EXPECT_EQ(Events->Take(), "100% end");
+    EXPECT_EQ(System.Files->Bytes(WorkFile()), WorkFileOf(1000, 1, {}));
+    EXPECT_EQ(Positions(), "select 0..0 view 0..1 of 0");
+}
+
+TEST_F(Opening, ClosesWhatIsOpenFirst) {
+    OpenThousand();
+    Delete(0, 100);
+    Dusoro->OpenCode = -12;
+    EXPECT_EQ(Open(), static_cast<HRESULT>(0x80040303));
+    EXPECT_EQ(Dusoro->Calls,
+              "CloseFile(); OpenSoundFile(/sound.wav, 0, 1); GetErrorCode(); CloseFile()");
+    ExpectNoDocument(2);
+    EXPECT_EQ(FormatString(), "");
+}
+
+TEST_F(Opening, TellsKindsByTheEndOfTheName) {
+    struct {
+        const char* Name;
+        bool Wma;
+    } const cases[] = {{"/a.WMA", true}, {"/a.wma", true}, {"/a.wma.wav", false}, {"/wma", false}};
+    for (const auto& c : cases) {
+        Control->Close();
+        Dusoro->Calls.clear();
+        EXPECT_EQ(Open(c.Name), S_OK);
+        EXPECT_EQ(Dusoro->Calls.starts_with("SetWmaMode(1); OpenSoundFile("), c.Wma) << c.Name;
+        EXPECT_EQ(Dusoro->Calls.find("SetWmaMode") != std::string::npos, c.Wma) << c.Name;
+    }
+}
+
+TEST_F(Opening, DoesNotReadTracksOfDiscs) {
+    System.Files->SetCdDrive("/cd");
+    EXPECT_EQ(Open("/music/Track07.cda"), static_cast<HRESULT>(0x80040303));
+    EXPECT_EQ(LastError(), -12);
+    EXPECT_EQ(Open("/cd/Track07.CDA"), static_cast<HRESULT>(0x8004030D));
+    EXPECT_EQ(LastError(), -22);
+    EXPECT_EQ(Dusoro->Calls, "");
+    EXPECT_EQ(Events->Take(), "");
+    ExpectNoDocument();
+}
+
+TEST_F(Opening, KeepsWhatWasReadBeforeAStop) {
+    Read(1000);
+    Dusoro->Source.FramesPerRead = 300;
+    Events->InEvent(2, [this] { Control->Stop(); });
+    EXPECT_EQ(Open(), S_OK);
+    EXPECT_EQ(Events->Take(), "30% 60% 100% end");
+    EXPECT_EQ(DocumentSamples(), Ramp(600));
+    EXPECT_EQ(Status(), 0);
+}
+
+TEST_F(Opening, RefusesFormatsThatNoDocumentHas) {
+    struct {
+        LONG Frequency, Channels;
+    } const cases[] = {{0, 1}, {-8000, 2}, {8000, -1}, {8000, 6}};
+    for (const auto& c : cases) {
+        Dusoro->Source.Frequency = c.Frequency;
+        Dusoro->Source.Channels = c.Channels;
+        EXPECT_EQ(Open(), kNotSupported) << c.Frequency << " Hz, " << c.Channels << " channels";
+        ExpectNoDocument();
+    }
+}
+
+TEST_F(Opening, SurvivesACompanionThatThrows) {
+    Dusoro->ThrowsInOpen = true;
+    EXPECT_EQ(Open(), kNotSupported);
+    EXPECT_EQ(LastError(), -13);
+    ExpectNoDocument();
+    Dusoro->ThrowsInOpen = false;
+    Read(10);
+    EXPECT_EQ(Open(), S_OK);
+    EXPECT_EQ(LastError(), 0);
+}
+
+TEST_F(Opening, LeavesNoDocumentWithoutAPlaceForIt) {
+    Read(1000);
+    System.Files->Refuse("/tmp/private");
+    EXPECT_EQ(Open(), S_OK);
+    EXPECT_EQ(LastError(), 0);
+    ExpectNoDocument();
+}
+
+TEST_F(Opening, LeavesNoDocumentWhenTheDiskIsFull) {
+    Read(1000);
+    System.Files->SetFreeSpace(1000);
+    EXPECT_EQ(Open(), kFileAccess);
+    EXPECT_EQ(LastError(), -18);
+    EXPECT_TRUE(Dusoro->Calls.ends_with("CloseFile()"));
+    ExpectNoDocument();
+}
+
+using Closing = ControlTest;
+
+TEST_F(Closing, DropsTheDocumentOnce) {
+    OpenThousand();
+    Delete(0, 100);
+    Control->BeginOperations();
+    Events->Take();
+    EXPECT_EQ(Control->Close(), S_OK);
+    EXPECT_EQ(Control->Close(), S_OK);
+    EXPECT_EQ(Dusoro->Calls, "CloseFile()");
+    EXPECT_EQ(Events->Take(), "");
+    EXPECT_EQ(Positions(), "select 0..0 view 0..0 of 0");
+    EXPECT_EQ(FormatString(), "");
+    EXPECT_FALSE(UndoEnabled() || RedoEnabled());
+    EXPECT_EQ(TempFiles().size(), 2u) << "files stay until the history ends";
+
+    OpenThousand();
+    Delete(0, 100);
+    EXPECT_EQ(Positions(), "select 0..0 view 0..900 of 900") << "the batch has ended too";
+}
+
+using NewDocument = ControlTest;
+
+TEST_F(NewDocument, IsAnEmptyWorkFileOfTheFormat) {
+    struct {
+        LONG Frequency, Channels;
+        const char* Text;
+    } const cases[] = {{44100, 2, "PCM 44100 Hz; 16 bit; stereo"},
+                       {8000, 1, "PCM 8000 Hz; 16 bit; mono"},
+                       {12345, 1, "PCM 12345 Hz; 16 bit; mono"}};
+    std::size_t files = 0;
+    for (const auto& c : cases) {
+        EXPECT_EQ(Control->New(interfaces::FrequencyConstants{c.Frequency},
+                               interfaces::ChannelsConstants{c.Channels}),
+                  S_OK);
+        EXPECT_EQ(System.Files->Bytes(WorkFile()),
+                  WorkFileOf(static_cast<std::uint32_t>(c.Frequency),
+                             static_cast<std::uint16_t>(c.Channels), {}));
+        EXPECT_EQ(FormatString(), c.Text);
+        EXPECT_EQ(Positions(), "select 0..0 view 0..1 of 0");
+        EXPECT_EQ(Events->Take(), "end");
+        EXPECT_EQ(TempFiles().size(), ++files) << "the one before stays until the history ends";
+    }
+    EXPECT_FALSE(UndoEnabled());
+}
+
+TEST_F(NewDocument, HasAFormatThatDocumentsHave) {
+    OpenThousand();
+    for (const auto& [frequency, channels] :
+         {std::pair(0, 1), std::pair(-8000, 2), std::pair(8000, 0), std::pair(8000, 3)}) {
+        Control->New(interfaces::FrequencyConstants{frequency},
+                     interfaces::ChannelsConstants{channels});
+        EXPECT_EQ(LastError(), -13);
+        EXPECT_EQ(DocumentSamples(), Ramp(1000)) << "nothing else changes";
+    }
+    EXPECT_EQ(Events->Take(), "");
+}
+
+TEST_F(NewDocument, IsNoneWithoutAPlaceForIt) {
+    OpenThousand();
+    for (const int call : {1, 2}) {
+        System.Files->FailNth(MemoryFileSystem::Operation::Create, call);
+        EXPECT_EQ(Control->New(interfaces::FrequencyConstants::FQ_44_KHZ,
+                               interfaces::ChannelsConstants::STEREO),
+                  S_OK);
+        EXPECT_EQ(LastError(), 0);
+        EXPECT_EQ(Events->Take(), "");
+        EXPECT_EQ(WorkFile(), "/tmp/private/");
+        EXPECT_EQ(TempFiles().size(), 1u);
+        interfaces::FrequencyConstants frequency{};
+        FileInfo->get_Frequency(&frequency);
+        EXPECT_EQ(frequency, interfaces::FrequencyConstants::FQ_44_KHZ);
+    }
+}
+
+}  // namespace
+}  // namespace mavrin2::tests
