@@ -1,3 +1,8 @@
+#include <dlfcn.h>
+
+#include "automation/com_ptr.h"
+#include "automation/text.h"
+#include "companions/contracts/dusoro.h"
 #include "tests/companions/sound_test.h"
 
 namespace mavrin2::dusoro {
@@ -47,6 +52,27 @@ TEST_F(LazyLoadingTest, AnMp3BringsThem) {
                               IsLoaded("dusoro-lame") && !IsLoaded("libavcodec") &&
                               ReadAll(In("a.mp3")).size() == 100;
             _exit(!before && done && IsLoaded("libavcodec") ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "");
+}
+
+// As a host does it: the module that is registered, its class object, an instance.
+TEST_F(LazyLoadingTest, TheModuleFindsTheOthersBesideItself) {
+    Make(In("a.wav"), SF_FORMAT_WAV | SF_FORMAT_PCM_16, 44100, 2, Noise(100));
+    EXPECT_EXIT(
+        {
+            void* module = dlopen(BACKEND_FOLDER "/libKovDusoro2.so", RTLD_NOW | RTLD_LOCAL);
+            const auto entry =
+                reinterpret_cast<HRESULT(STDMETHODCALLTYPE*)(REFCLSID, REFIID, void**)>(
+                    dlsym(module, "DllGetClassObject"));
+            automation::ComPtr<IClassFactory> factory;
+            automation::ComPtr<contracts::IDusoro2> companion;
+            entry(contracts::CLSID_KovDusoro2, IID_IClassFactory, factory.PutVoid());
+            factory->CreateInstance(nullptr, contracts::IID_IDusoro2, companion.PutVoid());
+            const bool lean = !HeavyOnesAreLoaded() && !IsLoaded("dusoro-sndfile");
+            const HRESULT opened =
+                companion->OpenSoundFile(automation::Bstr(In("a.wav").string()).Get(), 0, 1);
+            _exit(lean && opened == S_OK && !HeavyOnesAreLoaded() ? 0 : 1);
         },
         testing::ExitedWithCode(0), "");
 }

@@ -1,9 +1,7 @@
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <csignal>
-
+#include "tests/companions/full_disk.h"
 #include "tests/companions/sound_test.h"
 
 namespace mavrin2::dusoro {
@@ -12,24 +10,6 @@ namespace {
 using Names = std::vector<std::string>;
 
 constexpr PcmFormat kStereo{44100, 2};
-
-// Lets no file grow beyond a size: writing further fails as it does on a full disk.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &old_);
-        const rlimit limit{bytes, old_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &old_);
-        std::signal(SIGXFSZ, handler_);
-    }
-
-private:
-    void (*handler_)(int);
-    rlimit old_{};
-};
 
 class SavingTest : public SoundTest {};
 

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <span>
+
+#include "automation/object.h"
+#include "automation/safe_array.h"
+#include "companions/contracts/dusoro.h"
+#include "companions/dusoro/sound/sound_files.h"
+
+namespace mavrin2::dusoro {
+
+// The class KovDusoro2: one sound file at a time, for reading or for writing.
+class FileCompanion final
+    : public automation::AutomationObject<FileCompanion, contracts::IDusoro2> {
+public:
+    FileCompanion(IUnknown* outer, SoundFiles files)
+        : AutomationObject(outer), files_(std::move(files)) {}
+
+    STDMETHODIMP OpenSoundFile(BSTR fileName, LONG formatType, LONG flag) override;
+    STDMETHODIMP CloseFile() override;
+    STDMETHODIMP CreateSoundFile(BSTR fileName, LONG formatType) override;
+    STDMETHODIMP WriteBlock(SAFEARRAY* samples) override;
+    STDMETHODIMP ReadBlock(LONG count, SAFEARRAY** samples) override;
+    STDMETHODIMP SetPcmFormat(LONG frequency, LONG channels) override;
+    STDMETHODIMP SetFormatVOX(LONG frequency) override;
+    STDMETHODIMP GetLength(LONG* frames) override;
+    STDMETHODIMP GetSourceFrequency(LONG* frequency) override;
+    STDMETHODIMP GetFormatText(BSTR* text) override;
+    STDMETHODIMP GetBitsPerSample(LONG* bits) override;
+    STDMETHODIMP GetErrorCode(LONG* code) override;
+    STDMETHODIMP GetChannels(LONG* channels) override;
+    STDMETHODIMP GetFrequency(LONG* frequency) override;
+    STDMETHODIMP GetFormatKind(LONG* kind) override;
+    STDMETHODIMP SetWmaMode(LONG on) override;
+
+private:
+    void Drop();
+    HRESULT FailOutput();
+    bool BeginReading();
+    bool BeginWriting();
+    bool Write(std::span<const std::int16_t> samples);
+    automation::SafeArray<std::int16_t> Read(std::size_t frames);
+    // Of the open file; of the chosen output format while none is open.
+    OutputDescription Described() const;
+
+    SoundFiles files_;
+    OutputSettings settings_;
+    std::unique_ptr<SoundReader> reader_;
+    std::unique_ptr<SoundWriter> writer_;
+    SoundError error_ = SoundError::None;
+    std::optional<PcmFormat> wanted_;  // of the open input file, when not its own
+    bool begun_ = false;               // samples have passed
+    bool outputFailed_ = false;        // and its file is gone
+    std::int64_t framesRead_ = 0;
+    std::optional<std::int16_t> half_;  // a left sample whose right one comes with the next block
+};
+
+}  // namespace mavrin2::dusoro

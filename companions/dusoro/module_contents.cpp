@@ -1,0 +1,35 @@
+// The class table of the file companion's module.
+
+#include "automation/module.h"
+#include "companions/dusoro/file_companion.h"
+#include "platform/module_path.h"
+
+namespace mavrin2 {
+namespace {
+
+// The modules around the sound libraries lie beside this one.
+std::filesystem::path BackendFolder() {
+    return platform::PathOfModule(reinterpret_cast<const void*>(&automation::ThisModule))
+        .parent_path();
+}
+
+HRESULT CreateFileCompanion(IUnknown* outer, REFIID iid, void** object) {
+    return automation::Guarded([&] {
+        return dusoro::FileCompanion::Create(outer, iid, object,
+                                             dusoro::SoundFiles(BackendFolder()));
+    });
+}
+
+constexpr automation::ClassEntry kClasses[] = {
+    {contracts::CLSID_KovDusoro2, CreateFileCompanion, "KovDusoro2 Class", "KovDusoro2.Dusoro2.1",
+     "KovDusoro2.Dusoro2", "Apartment"},
+};
+
+}  // namespace
+
+const automation::ModuleContents& automation::ThisModule() {
+    static const ModuleContents contents{kClasses, &contracts::DusoroLibrary};
+    return contents;
+}
+
+}  // namespace mavrin2
