@@ -26,6 +26,9 @@ target_compile_options(mavrin2_options INTERFACE
 if(WIN32)
   target_compile_definitions(mavrin2_options INTERFACE
     UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
+  # One file is all that a user copies. What no one calls stays out of it.
+  target_compile_options(mavrin2_options INTERFACE -ffunction-sections -fdata-sections)
+  target_link_options(mavrin2_options INTERFACE -static -Wl,--gc-sections)
 endif()
 if(MAVRIN2_SANITIZE)
   target_compile_options(mavrin2_options INTERFACE
@@ -64,9 +67,7 @@ endfunction()
 # registered in the build tree and installed.
 function(mavrin2_component name)
   if(WIN32)
-    # Compiled only: there is nothing to link with before the adapters for Windows exist.
-    add_library(${name} OBJECT "${CMAKE_SOURCE_DIR}/automation/module_exports.cpp")
-    target_link_libraries(${name} PRIVATE ${ARGN})
+    mavrin2_windows_component(${name} ${ARGN})
     return()
   endif()
   add_library(${name} SHARED "${CMAKE_SOURCE_DIR}/automation/module_exports.cpp")
