@@ -33,8 +33,8 @@ constexpr std::string_view kOptions[] = {kStart, kEnd};
 
 // The control takes an extension that it does not know for one kind of telephone sound; who types
 // one has made a mistake.
-constexpr std::string_view kExtensions[] = {".wav", ".aif",  ".aiff", ".flac",
-                                            ".ogg", ".opus", ".mp3",  ".vox"};
+constexpr std::string_view kExtensions[] = {".wav", ".aif",  ".aiff", ".flac", ".ogg",
+                                            ".oga", ".opus", ".mp3",  ".vox"};
 
 void CheckExtension(const std::string& file) {
     const std::string extension =

@@ -43,10 +43,13 @@ Editor::Editor()
 
 void Editor::OnEvent(DISPID event, std::span<const VARIANT> arguments) {
     if (event != progress_) return;
-    if (Interrupted()) editor_.Call("Stop");
+    if (Interrupted()) {
+        editor_.Call("Stop");
+        return;
+    }
     automation::Variant percent;
     if (arguments.empty() ||
-        FAILED(VariantChangeType(&percent, const_cast<VARIANT*>(&arguments[0]), 0, VT_I4)))
+        FAILED(VariantChangeType(&percent, const_cast<VARIANT*>(arguments.data()), 0, VT_I4)))
         return;
     bar_.Show(work_, percent.lVal);
 }

@@ -1,6 +1,7 @@
 #include "hosts/script/lua_object.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -142,7 +143,7 @@ void PushObject(lua_State* lua, IDispatch& object) {
     LuaHost& host = LuaHost::Of(lua);
     auto value = std::make_unique<ObjectValue>(
         ObjectValue{ComPtr<IDispatch>(&object), identity, &host.TypeOf(object), {}});
-    auto** slot = static_cast<ObjectValue**>(lua_newuserdatauv(lua, sizeof(ObjectValue*), 1));
+    auto** slot = static_cast<ObjectValue**>(lua_newuserdatauv(lua, sizeof(void*), 1));
     *slot = nullptr;
     SetObjectType(lua);
     // The handlers of each connection, by its number.
@@ -163,7 +164,7 @@ IDispatch* ToObject(lua_State* lua, int index) {
 
 ObjectValue& CheckObject(lua_State* lua, int argument) {
     auto* slot = static_cast<ObjectValue**>(luaL_checkudata(lua, argument, kObjectType));
-    if (!*slot) luaL_argerror(lua, argument, "the object was released");
+    if (!*slot) throw std::runtime_error("the object was released");
     return **slot;
 }
 

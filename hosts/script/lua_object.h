@@ -18,7 +18,7 @@ void PushObject(lua_State* lua, IDispatch& object);
 // released already.
 IDispatch* ToObject(lua_State* lua, int index);
 
-// What is kept for the object at `argument`; an error that names the argument for anything else.
+// What is kept for the object at `argument`; raises an error for anything else.
 ObjectValue& CheckObject(lua_State* lua, int argument);
 
 // Gives a connection to the object it listens to, the value at `index`, with the table of its

@@ -13,7 +13,6 @@ namespace {
 using automation::Bstr;
 using automation::ComPtr;
 using automation::EqualIgnoringCase;
-using automation::Variant;
 
 void Check(HRESULT status) {
     if (FAILED(status)) throw CallError(status, "Type description: " + StatusText(status));

@@ -1,0 +1,76 @@
+-- What somebody types who has read no more than the README; the arguments are a sound of three
+-- seconds at 44100 Hz and a folder for results.
+local sound <const>, results <const> = arg[1], arg[2]
+local editor <const> = mavrin2.create()
+local position <const> = editor.Position
+
+local percentages, ends = {}, 0
+local events <const> = mavrin2.connect(editor, {
+  BlockOperation = function(percent) percentages[#percentages + 1] = percent end,
+  EndOperation = function() ends = ends + 1 end,
+})
+local function heard()
+  local text <const> = table.concat(percentages, " ")
+  percentages = {}
+  return text
+end
+
+editor:Open(sound)
+assert(ends == 1 and heard():find("100$"))
+assert(position.TotalSamples == 132300 and editor.FileInfo.Frequency == 44100)
+assert(position == editor.Position)
+
+position.Selected = true
+position.StartSelect = position:SecToSamples(1500)
+position.EndSelect = position:SecToSamples(2000)
+assert(position.Selected == -1 and position.EndSelect - position.StartSelect == 22050)
+
+-- Blocks of half a second: three before the selection and two behind it.
+editor.FileBufferSize = 500
+editor:DeleteSelect()
+assert(ends == 2 and editor.LastErrorNum == mavrin2.const.NOERRORS)
+local told <const> = heard()
+assert(select(2, told:gsub("%d+", "")) >= 5 and told:find("100$"), told)
+assert(position.TotalSamples == 110250 and editor.UndoEnabled ~= 0)
+editor:Undo()
+assert(position.TotalSamples == 132300 and position.StartSelect == 66150)
+
+editor:Save(results .. "/piece.flac", true)
+local saved <const>, failure = pcall(function() editor:Save(results .. "/none/x.flac", true) end)
+assert(not saved and failure.status == 0x80040309)
+assert(failure.description == "File Access error.")
+assert(editor.LastErrorNum == mavrin2.const.FILEACCESS)
+local text <const> = tostring(failure)
+assert(text == "File Access error. (0x80040309)", text)
+
+-- The piece is a sound again, for a second editor beside the first one.
+do
+  local other <const> = mavrin2.create()
+  other:Open(results .. "/piece.flac")
+  assert(other.Position.TotalSamples == 22050)
+  assert(other.FileInfo.FormatString:find("FLAC"))
+end
+
+-- Stopped from inside an event: the document is as it was.
+heard()
+local stopping <const> = mavrin2.connect(editor, { BlockOperation = function() editor:Stop() end })
+editor:DeleteSelect()
+stopping:close()
+assert(position.TotalSamples == 132300 and editor.Status == 0)
+events:close()
+
+-- Let go in the middle of an edit.
+do
+  local gone = mavrin2.create()
+  gone:Open(sound)
+  mavrin2.connect(gone, {
+    BlockOperation = function()
+      gone = nil
+      collectgarbage()
+    end,
+  })
+  gone.Position.Selected = true
+  gone.Position.EndSelect = 1000
+  gone:DeleteSelect()
+end
+collectgarbage()
