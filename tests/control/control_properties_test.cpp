@@ -1,0 +1,139 @@
+#include "automation/text.h"
+#include "tests/control/control_test.h"
+
+namespace mavrin2::tests {
+namespace {
+
+using automation::Bstr;
+using interfaces::IMavrin2;
+
+class ControlProperties : public ControlTest {
+protected:
+    void PutTempDirectory(const char* path) {
+        EXPECT_EQ(Control->put_TempDirectory(Bstr(std::string_view(path)).Get()), S_OK);
+    }
+    std::string TempFileName() {
+        Bstr name;
+        EXPECT_EQ(Control->get_TempFileName(name.Put()), S_OK);
+        return name.Utf8();
+    }
+};
+
+TEST_F(ControlProperties, BeginWithTheirDefaults) {
+    EXPECT_EQ(Status(), 0);
+    EXPECT_EQ(LastError(), 0);
+    EXPECT_EQ(WorkFile(), "/tmp/private/") << "the folder, without a document";
+    EXPECT_EQ(TempFileName(), "/tmp/private/KovClipBoard.wav");
+    EXPECT_EQ(FormatString(), "");
+    interfaces::FrequencyConstants frequency{};
+    interfaces::ChannelsConstants channels{};
+    VARIANT_BOOL extra = 0, undo = 7, redo = 7;
+    EXPECT_EQ(FileInfo->get_Frequency(&frequency), S_OK);
+    EXPECT_EQ(FileInfo->get_Channels(&channels), S_OK);
+    EXPECT_EQ(FileInfo->get_SaveExtraInfoEnabled(&extra), S_OK);
+    EXPECT_EQ(Control->get_UndoEnabled(&undo), S_OK);
+    EXPECT_EQ(Control->get_RedoEnabled(&redo), S_OK);
+    EXPECT_EQ(static_cast<LONG>(frequency), 8000);
+    EXPECT_EQ(channels, interfaces::ChannelsConstants::MONO);
+    EXPECT_EQ(extra, 1);
+    EXPECT_EQ(undo + redo, 0);
+    FileInfo->put_SaveExtraInfoEnabled(-1);
+    FileInfo->get_SaveExtraInfoEnabled(&extra);
+    EXPECT_EQ(extra, -1);
+    EXPECT_EQ(Control->get_Status(nullptr), E_POINTER);
+}
+
+TEST_F(ControlProperties, KeepNumbersWithinTheirRanges) {
+    struct {
+        HRESULT (STDMETHODCALLTYPE IMavrin2::*Put)(LONG);
+        HRESULT (STDMETHODCALLTYPE IMavrin2::*Get)(LONG*);
+        LONG AtFirst;
+        std::vector<std::pair<LONG, LONG>> Values;
+    } const cases[] = {
+        {&IMavrin2::put_FileBufferSize,
+         &IMavrin2::get_FileBufferSize,
+         10001,
+         {{50, 100}, {-1, 100}, {100, 100}, {5000, 5000}, {600000, 600000}, {700000, 600000}}},
+        {&IMavrin2::put_UndoRedoCount,
+         &IMavrin2::get_UndoRedoCount,
+         999,
+         {{0, 1}, {-5, 1}, {1, 1}, {10000, 10000}, {20000, 10000}, {0x7FFFFFFF, 10000}}},
+    };
+    for (const auto& c : cases) {
+        LONG value = 0;
+        EXPECT_EQ((Control.Get()->*c.Get)(&value), S_OK);
+        EXPECT_EQ(value, c.AtFirst);
+        for (const auto& [put, got] : c.Values) {
+            EXPECT_EQ((Control.Get()->*c.Put)(put), S_OK);
+            (Control.Get()->*c.Get)(&value);
+            EXPECT_EQ(value, got) << put;
+        }
+    }
+}
+
+TEST_F(ControlProperties, TakeTheFolderOfAPathForTemporaryFiles) {
+    System.Files->AddFolder("/work/deep");
+    PutTempDirectory("/work/deep/");
+    EXPECT_EQ(WorkFile(), "/work/deep/");
+    PutTempDirectory("/work/deep");
+    EXPECT_EQ(WorkFile(), "/work/") << "a name without a separator behind it is a file's";
+    for (const char* refused : {"/missing/", "name", ""}) {
+        PutTempDirectory(refused);
+        EXPECT_EQ(WorkFile(), "/work/") << refused;
+        EXPECT_EQ(LastError(), 0);
+    }
+    EXPECT_EQ(TempFileName(), "/tmp/private/KovClipBoard.wav");
+    NewSound();
+    EXPECT_EQ(WorkFile().parent_path(), "/work");
+    EXPECT_TRUE(WorkFile().filename().string().starts_with("nct"));
+    EXPECT_EQ(WorkFile().extension(), ".tmp");
+}
+
+TEST_F(ControlProperties, CleanAFolderThatIsChosenWhenNothingIsOpenAndNobodyElseIsThere) {
+    const auto left = [&](const char* folder) {
+        System.Files->AddFile(std::string(folder) + "nct12ab.tmp", "left by a crash");
+        System.Files->AddFile(std::string(folder) + "nct12ab.wav", "somebody's");
+        System.Files->AddFile(std::string(folder) + "other.tmp", "somebody's");
+        PutTempDirectory(folder);
+        return System.Files->List(folder, "", "").size() == 3;
+    };
+    EXPECT_FALSE(left("/a/"));
+    EXPECT_EQ(System.Files->List("/a/", "", "").size(), 2u);
+    NewSound();
+    EXPECT_TRUE(left("/b/")) << "a document is open";
+    Control->Close();
+    const auto another = server::CMavrin2::Make(Environment());
+    EXPECT_TRUE(left("/c/")) << "another control is alive";
+    EXPECT_EQ(WorkFile(), "/c/");
+}
+
+TEST_F(ControlProperties, TakeANameThatEndsInWavForTheClipFile) {
+    struct {
+        const char* Name;
+        bool Taken;
+    } const cases[] = {{"/x/clip.WAV", true},
+                       {"/x/a.mp3.wav", true},
+                       {"/x/clip.mp3", false},
+                       {"/x/clipwav", false},
+                       {"", false},
+                       {"/x.wav/clip", false}};
+    for (const auto& c : cases) {
+        const std::string before = TempFileName();
+        EXPECT_EQ(Control->put_TempFileName(Bstr(std::string_view(c.Name)).Get()), S_OK);
+        EXPECT_EQ(TempFileName(), c.Taken ? c.Name : before) << c.Name;
+    }
+    EXPECT_EQ(LastError(), 0);
+}
+
+TEST_F(ControlProperties, HandOutTheOneObjectOfEachKind) {
+    automation::ComPtr<interfaces::IMavrin2Position> position;
+    automation::ComPtr<interfaces::IMavrin2FileInfo> fileInfo;
+    EXPECT_EQ(Control->get_Position(position.Put()), S_OK);
+    EXPECT_EQ(Control->get_FileInfo(fileInfo.Put()), S_OK);
+    EXPECT_EQ(position.Get(), Position.Get());
+    EXPECT_EQ(fileInfo.Get(), FileInfo.Get());
+    EXPECT_EQ(Control->get_Position(nullptr), E_POINTER);
+}
+
+}  // namespace
+}  // namespace mavrin2::tests

@@ -1,0 +1,141 @@
+#include "tests/control/control_test.h"
+
+namespace mavrin2::tests {
+namespace {
+
+using interfaces::IMavrin2Position;
+using Put = HRESULT (STDMETHODCALLTYPE IMavrin2Position::*)(LONG);
+
+constexpr Put kStartSelect = &IMavrin2Position::put_StartSelect;
+constexpr Put kEndSelect = &IMavrin2Position::put_EndSelect;
+constexpr Put kCurrent = &IMavrin2Position::put_CurrentPosition;
+constexpr Put kStartView = &IMavrin2Position::put_StartView;
+constexpr Put kEndView = &IMavrin2Position::put_EndView;
+
+class PositionTest : public ControlTest {
+protected:
+    LONG Converted(HRESULT (STDMETHODCALLTYPE IMavrin2Position::*convert)(LONG, LONG*), LONG from) {
+        LONG to = 0;
+        EXPECT_EQ((Position.Get()->*convert)(from, &to), S_OK);
+        return to;
+    }
+};
+
+TEST_F(PositionTest, FollowsTheTableOfPuts) {
+    struct {
+        VARIANT_BOOL Selected;
+        LONG Start, End;  // the selection before
+        Put Member;
+        LONG Value;
+        const char* After;
+    } const cases[] = {
+        {0, 5, 5, kStartSelect, -5, "select 0..0"},
+        {0, 5, 5, kStartSelect, 300, "select 300..300"},
+        {1, 100, 200, kStartSelect, 50, "selected 50..200"},
+        {1, 100, 200, kStartSelect, 200, "selected 200..200"},
+        {1, 100, 200, kStartSelect, 250, "selected 250..250"},
+        {0, 5, 5, kEndSelect, 300, "select 300..300"},
+        {0, 5, 5, kEndSelect, 5000, "select 1000..1000"},
+        {1, 100, 200, kEndSelect, 50, "selected 50..100"},
+        {1, 100, 200, kEndSelect, 100, "selected 100..100"},
+        {1, 100, 200, kEndSelect, 5000, "selected 100..1000"},
+        {0, 5, 5, kCurrent, 300, "select 300..300"},
+        {1, 100, 200, kCurrent, 400, "selected 200..400"},
+        {1, 100, 200, kCurrent, 200, "selected 200..200"},
+        {1, 100, 200, kCurrent, 150, "selected 150..200"},
+        // Four bytes a frame, counted in 32 bits.
+        {0, 5, 5, kStartSelect, 0x40000001, "select 1..1"},
+        {0, 5, 5, kStartSelect, 0x20000000, "select 0..0"},
+    };
+    OpenSound(Ramp(2000), 2);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.After);
+        Select(c.Start, c.End);
+        Position->put_Selected(c.Selected);
+        Events->Take();
+        EXPECT_EQ((Position.Get()->*c.Member)(c.Value), S_OK);
+        EXPECT_EQ(Positions(), std::string(c.After) + " view 0..1000 of 1000");
+        EXPECT_EQ(Events->Take(), "position");
+    }
+}
+
+TEST_F(PositionTest, GivesAChosenViewALevelOfItsOwn) {
+    struct {
+        Put Member;
+        LONG Value;
+        const char* View;
+        bool Heard;
+    } const cases[] = {
+        {kStartView, 0, "0..1000", false},     {kStartView, 100, "100..1000", true},
+        {kStartView, 100, "100..1000", false}, {kEndView, 300, "100..300", true},
+        {kEndView, 300, "100..300", false},    {kStartView, 500, "300..500", true},
+        {kEndView, 50, "50..300", true},       {kEndView, 50, "50..51", true},
+        {kStartView, -7, "0..51", true},       {kEndView, 7000, "0..1000", true},
+    };
+    OpenSound(Ramp(2000), 2);
+    Select(100, 200);
+    for (const auto& c : cases) {
+        EXPECT_EQ((Position.Get()->*c.Member)(c.Value), S_OK);
+        EXPECT_EQ(Positions(), "selected 100..200 view " + std::string(c.View) + " of 1000");
+        EXPECT_EQ(Events->Take(), c.Heard ? "position" : "");
+    }
+    const editor::DocumentState& state = *History().Current();
+    EXPECT_EQ(state.ZoomIndex, 1);
+    EXPECT_EQ(state.Zoom[0].EndView.Count(), 4000) << "the whole document's level stays";
+    EXPECT_EQ(state.Zoom[0].StartSelect.Count(), 400);
+}
+
+TEST_F(PositionTest, KeepsTheFlagAsItWasGiven) {
+    OpenThousand();
+    for (const VARIANT_BOOL given : {VARIANT_BOOL{-1}, VARIANT_BOOL{7}, VARIANT_BOOL{0}}) {
+        Position->put_Selected(given);
+        VARIANT_BOOL kept = 1;
+        Position->get_Selected(&kept);
+        EXPECT_EQ(kept, given);
+        EXPECT_EQ(Events->Take(), "position");
+    }
+}
+
+TEST_F(PositionTest, IsNothingWithoutADocument) {
+    for (const Put member : {kStartSelect, kEndSelect, kCurrent, kStartView, kEndView})
+        EXPECT_EQ((Position.Get()->*member)(5), S_OK);
+    EXPECT_EQ(Position->put_Selected(1), S_OK);
+    EXPECT_EQ(Positions(), "select 0..0 view 0..0 of 0");
+    LONG current = 1;
+    EXPECT_EQ(Position->get_CurrentPosition(&current), S_OK);
+    EXPECT_EQ(current, 0);
+    EXPECT_EQ(Events->Take(), "");
+    EXPECT_EQ(Position->get_CurrentPosition(nullptr), E_POINTER);
+}
+
+TEST_F(PositionTest, ConvertsAtTheRateOfTheDocument) {
+    const auto toSamples = &IMavrin2Position::SecToSamples;
+    const auto toSeconds = &IMavrin2Position::SamplesToSec;
+    EXPECT_EQ(Converted(toSamples, 1000), 8000);
+    EXPECT_EQ(Converted(toSeconds, 4000), 500);
+    EXPECT_EQ(Converted(toSeconds, 2000000), 250000);
+    EXPECT_EQ(Converted(toSamples, 2000000000), -1) << "no result in 32 bits";
+    Dusoro->Source.Frequency = 3;
+    OpenSound(Ramp(10));
+    EXPECT_EQ(Converted(toSeconds, 1), 333);
+    EXPECT_EQ(Converted(toSeconds, 2), 667);
+    EXPECT_EQ(Converted(toSamples, 500), 2) << "halves go away from zero";
+    EXPECT_EQ(Converted(toSamples, -500), -2);
+}
+
+TEST_F(PositionTest, TellsWhereTheCardIsWhileTheControlIsBusyAndStopsIt) {
+    OpenThousand();
+    Select(500, 600);
+    LONG inside = -1;
+    Events->InEvent(2, [&] {
+        Position->get_CurrentPosition(&inside);
+        Position->put_CurrentPosition(550);
+    });
+    Control->DeleteSelect();
+    EXPECT_EQ(inside, 0);
+    EXPECT_EQ(Events->Take(), "10% 20% position end");
+    EXPECT_EQ(Positions(), "selected 550..600 view 0..1000 of 1000");
+}
+
+}  // namespace
+}  // namespace mavrin2::tests
