@@ -67,7 +67,8 @@ public:
         if (!array || SafeArrayGetDim(array) != 1 || FAILED(SafeArrayGetVartype(array, &type)) ||
             type != ArrayElement<Element>::Type)
             return;
-        LONG lower = 0, upper = -1;
+        LONG lower = 0;
+        LONG upper = -1;
         void* data = nullptr;
         if (FAILED(SafeArrayGetLBound(array, 1, &lower)) ||
             FAILED(SafeArrayGetUBound(array, 1, &upper)) || upper < lower ||

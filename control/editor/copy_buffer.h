@@ -14,7 +14,7 @@ namespace mavrin2::editor {
 class CopyBuffer {
 public:
     static constexpr std::size_t PageSize = 4096;
-    static constexpr std::size_t Capacity = 1024 * 1024;
+    static constexpr std::size_t Capacity = std::size_t{1024} * 1024;
 
     // A place for at most `wanted` bytes that will be written at that offset of a file; empty when
     // there is no memory. Taken at the first use and kept.

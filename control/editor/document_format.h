@@ -18,7 +18,7 @@ struct DocumentFormat {
     std::int32_t BitsPerSample = 16;
     std::string FormatDescription;  // as shown to the user
 
-    Bytes FrameSize() const { return Bytes(Channels * 2); }
+    Bytes FrameSize() const { return Bytes(std::int64_t{Channels} * 2); }
 
     Frames ToFrames(Bytes position) const { return Frames(position.Count() / 2 / Channels); }
     // In 32 bits, as hosts count: what does not fit wraps.
