@@ -7,10 +7,11 @@ JOBS ?= $(shell nproc)
 # A compiler cache saves repeated work where one is installed; nothing depends on it.
 export CMAKE_CXX_COMPILER_LAUNCHER ?= $(shell command -v ccache 2>/dev/null)
 
+windows_systems := i686 x86_64
 packages := packaging/install-debian-packages
 cpp_files = git ls-files -z '*.cpp' '*.h'
 
-.PHONY: help deps build run test bench windows-objects install format check format-check \
+.PHONY: help deps build run test bench windows install format check format-check \
         words-check arrows-check tidy clean
 
 help:                ## this list
@@ -38,9 +39,14 @@ bench: deps          ## measure against the programs one would use instead
 	cmake --build --preset bench --parallel $(JOBS)
 	bench/run
 
-windows-objects: deps ## compile what must also compile for 32-bit Windows
-	cmake --preset windows-objects
-	cmake --build --preset windows-objects --parallel $(JOBS)
+# The programs that describe the type libraries run here, so they come from the native build.
+windows: deps        ## the DLL for Windows, in build/windows/i686/bin and build/windows/x86_64/bin
+	cmake --preset release
+	cmake --build --preset release --parallel $(JOBS) --target idl
+	set -e; for system in $(windows_systems); do \
+	    cmake --preset windows-$$system; \
+	    cmake --build --preset windows-$$system --parallel $(JOBS) --target KovMavrin2; \
+	done
 
 install: build       ## install below PREFIX (/usr/local), inside DESTDIR
 	DESTDIR="$(DESTDIR)" cmake --install build/release --prefix "$(abspath $(PREFIX))"

@@ -9,7 +9,7 @@
 #include "automation/dispatch.h"
 #include "automation/guarded.h"
 #include "automation/module.h"
-#include "automation/type_library.h"
+#include "automation/type_information.h"
 
 namespace mavrin2::automation {
 

@@ -7,6 +7,7 @@
 #include "automation/text.h"
 #include "platform/component_registry.h"
 #include "platform/module_path.h"
+#include "platform/module_type_library.h"
 
 namespace mavrin2::automation {
 namespace {
@@ -81,12 +82,14 @@ private:
 
 HRESULT RegisterModule(const ModuleContents& module) {
     return Guarded([&]() -> HRESULT {
-        const std::filesystem::path path = platform::PathOfModule(&ModuleLocks::OfThisModule());
+        const void* const here = &ModuleLocks::OfThisModule();
+        const std::filesystem::path path = platform::PathOfModule(here);
         if (path.empty()) return E_UNEXPECTED;
         EntryList entries(Wide(OleStringView(ToOle(path))));
         for (const ClassEntry& entry : module.Classes)
             entries.AddClass(entry, module.Library());
-        return platform::SystemComponentRegistry()->Apply(entries.Changes());
+        ThrowIfFailed(platform::SystemComponentRegistry()->Apply(entries.Changes()));
+        return platform::RegisterModuleTypeLibrary(here);
     });
 }
 
@@ -98,7 +101,9 @@ HRESULT UnregisterModule(const ModuleContents& module) {
                  {Wide(entry.VersionedProgId), Wide(entry.ProgId), u"CLSID\\" + Braced(entry.Id)})
                 changes.push_back({RegistryChange::Kind::RemoveKey, key, {}, {}});
         }
-        return platform::SystemComponentRegistry()->Apply(changes);
+        ThrowIfFailed(platform::SystemComponentRegistry()->Apply(changes));
+        const LibraryDescription& library = module.Library();
+        return platform::UnregisterTypeLibrary(library.Id, library.Major, library.Minor);
     });
 }
 

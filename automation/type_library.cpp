@@ -416,26 +416,10 @@ HRESULT TypeInformation::GetContainingTypeLib(ITypeLib** library, UINT* place) {
     });
 }
 
-ComPtr<ITypeInfo> Find(const LibraryDescription& library, REFGUID id) {
-    const auto index = std::make_shared<const LibraryIndex>(library);
-    const auto place = index->Find(id);
-    if (!place) return nullptr;
-    return ComPtr<ITypeInfo>::Adopt(new TypeInformation(index, *place));
-}
-
 }  // namespace
 
 ComPtr<ITypeLib> MakeTypeLibrary(const LibraryDescription& library) {
     return ComPtr<ITypeLib>::Adopt(new TypeLibrary(std::make_shared<const LibraryIndex>(library)));
-}
-
-ComPtr<ITypeInfo> TypeInformationOf(const InterfaceDescription& description) {
-    if (!description.Library) return nullptr;
-    return Find(description.Library(), description.Id);
-}
-
-ComPtr<ITypeInfo> TypeInformationOfClass(const LibraryDescription& library, REFCLSID id) {
-    return Find(library, id);
 }
 
 }  // namespace mavrin2::automation

@@ -9,10 +9,4 @@ namespace mavrin2::automation {
 // enumerations, interfaces, classes.
 ComPtr<ITypeLib> MakeTypeLibrary(const LibraryDescription& library);
 
-// The type information of one interface within its library; empty when it belongs to none.
-ComPtr<ITypeInfo> TypeInformationOf(const InterfaceDescription& description);
-
-// The same for the class of that identifier.
-ComPtr<ITypeInfo> TypeInformationOfClass(const LibraryDescription& library, REFCLSID id);
-
 }  // namespace mavrin2::automation

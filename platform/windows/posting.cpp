@@ -1,0 +1,149 @@
+#include "platform/posting.h"
+
+#include <algorithm>
+#include <deque>
+#include <mutex>
+
+#include "platform/automation.h"
+
+namespace mavrin2::platform {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr UINT kWorkWaits = WM_APP;
+constexpr wchar_t kWindowClass[] = L"KovMavrin2.Posting";
+
+// Work comes by a window's message, so that a host's own message loop runs it too; the window is
+// one for messages only.
+class MessageQueue final : public PostingQueue {
+public:
+    MessageQueue() {
+        WNDCLASSW description = {};
+        description.lpfnWndProc = &MessageQueue::Receive;
+        description.hInstance = Module();
+        description.lpszClassName = kWindowClass;
+        // It may be there already: then this fails and that one serves.
+        ::RegisterClassW(&description);
+        window_ = ::CreateWindowExW(0, kWindowClass, nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                    Module(), nullptr);
+        if (window_) ::SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    }
+
+    void Post(Work work) override {
+        const std::lock_guard guard(lock_);
+        if (ended_) return;
+        works_.push_back(std::move(work));
+        if (!told_) told_ = ::PostMessageW(window_, kWorkWaits, 0, 0) != 0;
+    }
+
+    void Pump(std::chrono::milliseconds duration) override {
+        // Far beyond any host's patience, and safe to add to a time.
+        constexpr std::chrono::milliseconds longest = std::chrono::hours(24 * 20);
+        const auto end = Clock::now() + std::min(duration, longest);
+        for (;;) {
+            // Their work is done now; left there, they would pile up.
+            MSG message = {};
+            while (::PeekMessageW(&message, window_, kWorkWaits, kWorkWaits, PM_REMOVE)) {
+            }
+            RunPresent();
+            const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+            if (left.count() <= 0) return;
+            ::MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(left.count()), QS_ALLINPUT,
+                                          MWMO_INPUTAVAILABLE);
+            if (!DispatchMessages()) return;
+        }
+    }
+
+    int Descriptor() const override { return -1; }
+
+    // Of the owning thread. What is dropped goes outside of the lock: it may post.
+    void End() {
+        std::deque<Work> dropped;
+        {
+            const std::lock_guard guard(lock_);
+            ended_ = true;
+            dropped.swap(works_);
+        }
+        if (window_) ::DestroyWindow(window_);
+    }
+
+private:
+    static HINSTANCE Module() {
+        HMODULE module = nullptr;
+        ::GetModuleHandleExW(
+            GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+            kWindowClass, &module);
+        return module;
+    }
+
+    static LRESULT CALLBACK Receive(HWND window, UINT message, WPARAM first, LPARAM second) {
+        if (message != kWorkWaits) return ::DefWindowProcW(window, message, first, second);
+        if (auto* queue =
+                reinterpret_cast<MessageQueue*>(::GetWindowLongPtrW(window, GWLP_USERDATA)))
+            queue->RunPresent();
+        return 0;
+    }
+
+    // As any message loop of this thread does; false when the program is to end.
+    static bool DispatchMessages() {
+        MSG message = {};
+        while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            if (message.message == WM_QUIT) {
+                ::PostQuitMessage(static_cast<int>(message.wParam));
+                return false;
+            }
+            ::TranslateMessage(&message);
+            ::DispatchMessageW(&message);
+        }
+        return true;
+    }
+
+    // What is there now; what it posts itself waits for the next time.
+    void RunPresent() {
+        std::size_t count = 0;
+        {
+            const std::lock_guard guard(lock_);
+            told_ = false;
+            count = works_.size();
+        }
+        for (; count > 0; --count) {
+            Work work;
+            {
+                const std::lock_guard guard(lock_);
+                if (works_.empty()) return;  // run from inside one of them
+                work.swap(works_.front());
+                works_.pop_front();
+            }
+            try {
+                if (work) work();
+            } catch (...) {
+                // Whoever posted it is on another thread and cannot be told.
+            }
+        }
+    }
+
+    std::mutex lock_;
+    std::deque<Work> works_;
+    HWND window_ = nullptr;
+    bool told_ = false;
+    bool ended_ = false;
+};
+
+// The queue of a thread, which others may hold longer than the thread lives.
+struct Owner {
+    std::shared_ptr<MessageQueue> Queue = std::make_shared<MessageQueue>();
+    Owner() = default;
+    Owner(const Owner&) = delete;
+    Owner& operator=(const Owner&) = delete;
+    ~Owner() { Queue->End(); }
+};
+
+}  // namespace
+
+std::shared_ptr<PostingQueue> PostingQueue::OfThisThread() {
+    thread_local Owner owner;
+    return owner.Queue;
+}
+
+}  // namespace mavrin2::platform
