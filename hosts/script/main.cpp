@@ -7,5 +7,5 @@
 
 int main(int count, char** values) {
     const std::vector<std::string> arguments(values + (count > 0 ? 1 : 0), values + count);
-    return mavrin2::hosts::script::RunProgram(arguments);
+    return mavrin2::script::RunProgram(arguments);
 }

@@ -5,14 +5,14 @@
 #include <cstdio>
 #include <system_error>
 
-#include "hosts/script/component_finder.h"
-#include "hosts/script/convert_command.h"
-#include "hosts/script/failure.h"
-#include "hosts/script/info_command.h"
-#include "hosts/script/interrupt.h"
-#include "hosts/script/run_command.h"
+#include "hosts/script/commands/convert_command.h"
+#include "hosts/script/commands/failure.h"
+#include "hosts/script/commands/info_command.h"
+#include "hosts/script/commands/run_command.h"
+#include "hosts/script/process/component_finder.h"
+#include "hosts/script/process/interrupt.h"
 
-namespace mavrin2::hosts::script {
+namespace mavrin2::script {
 namespace {
 
 constexpr const char* kHelp =
@@ -91,4 +91,4 @@ int RunProgram(std::span<const std::string> arguments) {
     return code;
 }
 
-}  // namespace mavrin2::hosts::script
+}  // namespace mavrin2::script

@@ -1,10 +1,10 @@
-#include "hosts/script/progress_bar.h"
+#include "hosts/script/commands/progress_bar.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-namespace mavrin2::hosts::script {
+namespace mavrin2::script {
 namespace {
 
 using std::chrono::milliseconds;
@@ -60,4 +60,4 @@ TEST_F(Bar, DrawsNothingWithoutATerminal) {
 }
 
 }  // namespace
-}  // namespace mavrin2::hosts::script
+}  // namespace mavrin2::script

@@ -1,8 +1,8 @@
-#include "hosts/script/time_text.h"
+#include "hosts/script/commands/time_text.h"
 
 #include <gtest/gtest.h>
 
-namespace mavrin2::hosts::script {
+namespace mavrin2::script {
 namespace {
 
 TEST(TimeText, ReadsSecondsMinutesHoursAndFrames) {
@@ -70,4 +70,4 @@ TEST(TimeText, WritesDurations) {
 }
 
 }  // namespace
-}  // namespace mavrin2::hosts::script
+}  // namespace mavrin2::script

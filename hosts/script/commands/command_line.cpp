@@ -1,0 +1,41 @@
+#include "hosts/script/commands/command_line.h"
+
+#include <algorithm>
+
+#include "hosts/script/commands/failure.h"
+
+namespace mavrin2::script {
+
+CommandLine::CommandLine(std::span<const std::string> arguments,
+                         std::span<const std::string_view> options, bool leading) {
+    bool onlyOperands = false;
+    for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+        // A lone dash is a name.
+        if (onlyOperands || !argument->starts_with('-') || *argument == "-") {
+            operands_.push_back(*argument);
+            onlyOperands = onlyOperands || leading;
+        } else if (*argument == "--") {
+            onlyOperands = true;
+        } else if (*argument == "--help" || *argument == "-h") {
+            help_ = true;
+        } else {
+            const std::size_t sign = std::min(argument->find('='), argument->size());
+            const std::string name = argument->substr(0, sign);
+            if (std::ranges::find(options, name) == options.end())
+                throw UsageError("unknown option " + name);
+            if (sign < argument->size())
+                values_[name] = argument->substr(sign + 1);
+            else if (++argument == arguments.end())
+                throw UsageError(name + " needs a value");
+            else
+                values_[name] = *argument;
+        }
+    }
+}
+
+std::optional<std::string> CommandLine::Value(std::string_view option) const {
+    const auto found = values_.find(option);
+    return found == values_.end() ? std::nullopt : std::optional(found->second);
+}
+
+}  // namespace mavrin2::script

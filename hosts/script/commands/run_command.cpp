@@ -1,0 +1,72 @@
+#include "hosts/script/commands/run_command.h"
+
+#include <cstdio>
+#include <lua.hpp>
+
+#include "hosts/script/commands/failure.h"
+#include "hosts/script/lua/lua_error.h"
+#include "hosts/script/lua/lua_host.h"
+#include "hosts/script/lua/lua_interrupt.h"
+
+namespace mavrin2::script {
+namespace {
+
+constexpr const char* kHelp =
+    R"(Usage: mavrin2 run SCRIPT.lua [ARGUMENT...]
+
+Runs a script in Lua 5.4, with Lua's whole library, the arguments in `arg` and these functions:
+
+  mavrin2.create([name])         a new sound editor, or another component by its name
+  object.Name, object.Name = v   a property
+  object:Name(a, b)              a method, or an indexed property
+  mavrin2.put(object, "Name", index, v)   writes an indexed property
+  mavrin2.const.NAME             the member of an enumeration
+  mavrin2.connect(object, {Event = function(...) end})   listens, until close() of the result
+  mavrin2.pump(milliseconds)     waits, and delivers the events that arrive
+  mavrin2.members(object)        what an object understands
+
+A call that fails raises a table {status =, description =}.
+Exit codes: 0 all went well, 1 the script failed, 2 wrong use.
+)";
+
+// Gets the arguments as a light userdata; runs the script.
+int RunScript(lua_State* lua) {
+    const auto& arguments = *static_cast<const std::vector<std::string>*>(lua_touserdata(lua, 1));
+    lua_settop(lua, 0);
+    lua_createtable(lua, static_cast<int>(arguments.size()) - 1, 1);
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        lua_pushlstring(lua, arguments[i].data(), arguments[i].size());
+        lua_rawseti(lua, 1, static_cast<lua_Integer>(i));
+    }
+    lua_setglobal(lua, "arg");
+
+    lua_pushcfunction(lua, &WithTraceback);
+    if (luaL_loadfile(lua, arguments.front().c_str()) != LUA_OK) return lua_error(lua);
+    const int count = static_cast<int>(arguments.size()) - 1;
+    luaL_checkstack(lua, count, "too many arguments");
+    for (int i = 1; i <= count; ++i)
+        lua_pushlstring(lua, arguments[static_cast<std::size_t>(i)].data(),
+                        arguments[static_cast<std::size_t>(i)].size());
+    if (lua_pcall(lua, count, 0, 1) != LUA_OK) return lua_error(lua);
+    return 0;
+}
+
+int Run(const CommandLine& line) {
+    if (line.Operands().empty()) throw UsageError("run needs a script");
+    LuaHost host;
+    lua_State* lua = host.Main();
+    const InterruptibleLua interruptible(lua);
+    lua_pushcfunction(lua, &RunScript);
+    lua_pushlightuserdata(lua, const_cast<std::vector<std::string>*>(&line.Operands()));
+    if (lua_pcall(lua, 1, 0, 0) == LUA_OK) return kSuccess;
+    const char* message = lua_tostring(lua, -1);
+    std::fflush(stdout);
+    std::fprintf(stderr, "mavrin2: %s\n", message ? message : "the script failed");
+    return kFailure;
+}
+
+}  // namespace
+
+const Command kRunCommand{"run", kHelp, {}, true, &Run};
+
+}  // namespace mavrin2::script

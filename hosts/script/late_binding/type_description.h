@@ -1,0 +1,80 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "automation/com_ptr.h"
+#include "automation/variant.h"
+#include "platform/automation.h"
+
+namespace mavrin2::script {
+
+// What a type library says of a value: how it travels in a variant (an enumeration as VT_I4, an
+// object as VT_DISPATCH, an array as VT_ARRAY | its element) and what people call it.
+struct DescribedType {
+    VARTYPE Type = VT_VOID;
+    std::string Name;
+
+    bool IsVoid() const { return Type == VT_VOID; }
+    bool IsObject() const { return Type == VT_DISPATCH || Type == VT_UNKNOWN; }
+};
+
+struct DescribedParameter {
+    std::string Name;
+    DescribedType Type;
+    bool In = true;
+    bool Out = false;
+    bool Optional = false;
+    automation::Variant Default;  // empty without one
+};
+
+struct DescribedMember {
+    std::string Name;
+    DISPID Id = DISPID_UNKNOWN;
+    INVOKEKIND Kind = INVOKE_FUNC;
+    std::string Help;
+    std::vector<DescribedParameter> Parameters;  // the value of a put stands last
+    DescribedType Result;                        // void when there is none
+};
+
+// An interface as its type information tells it. Failures of the type information throw CallError.
+class TypeDescription {
+public:
+    explicit TypeDescription(ITypeInfo& information);
+
+    const std::string& Name() const { return name_; }
+    const std::vector<DescribedMember>& Members() const { return members_; }
+
+    // The member of that name that is one of the kinds (a sum of INVOKEKIND), or null. Names are
+    // compared without regard to case, as automation does.
+    const DescribedMember* Find(std::string_view name, int kinds) const;
+    const DescribedMember* Find(DISPID id, int kinds) const;
+
+private:
+    std::string name_;
+    std::vector<DescribedMember> members_;
+};
+
+inline constexpr int kAnyKind =
+    INVOKE_FUNC | INVOKE_PROPERTYGET | INVOKE_PROPERTYPUT | INVOKE_PROPERTYPUTREF;
+
+// The type information of an object's interface. Throws CallError when it has none.
+automation::ComPtr<ITypeInfo> TypeInformationOf(IDispatch& object);
+
+// The identifier of a type.
+GUID IdOf(ITypeInfo& information);
+
+// The default event interface of an object's class; nothing when the object tells of none.
+automation::ComPtr<ITypeInfo> EventsOf(IDispatch& object);
+
+struct Constant {
+    std::string Name;
+    automation::Variant Value;
+};
+
+// The members of all enumerations of the library that describes a type.
+std::vector<Constant> ConstantsBeside(ITypeInfo& information);
+
+}  // namespace mavrin2::script

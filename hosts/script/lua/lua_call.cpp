@@ -1,0 +1,140 @@
+#include "hosts/script/lua/lua_call.h"
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "automation/variant.h"
+#include "hosts/script/late_binding/late_binding.h"
+#include "hosts/script/lua/lua_object.h"
+#include "hosts/script/lua/lua_value.h"
+
+namespace mavrin2::script {
+namespace {
+
+using automation::Variant;
+
+bool IsLeftOut(const VARIANT& value) {
+    return value.vt == VT_ERROR && value.scode == DISP_E_PARAMNOTFOUND;
+}
+
+// The arguments of one call in the order of declaration.
+class Arguments {
+public:
+    Arguments(lua_State* lua, const DescribedMember& member, int first)
+        : lua_(lua), member_(member), values_(member.Parameters.size()) {
+        int next = first;
+        for (std::size_t i = 0; i < values_.size(); ++i) {
+            const DescribedParameter& parameter = member.Parameters[i];
+            if (parameter.In) Take(next++, parameter, values_[i]);
+            passed_.push_back(parameter.Out ? ByReference(i) : values_[i]);
+        }
+        if (const int given = lua_gettop(lua) - first + 1; given > next - first)
+            throw CallError(DISP_E_BADPARAMCOUNT,
+                            member.Name + " takes at most " + std::to_string(next - first) +
+                                " arguments, " + std::to_string(given) + " given.");
+        while (!passed_.empty() && IsLeftOut(passed_.back()))
+            passed_.pop_back();
+    }
+
+    std::span<VARIANT> Passed() { return passed_; }
+
+    int PushResults() {
+        int count = 0;
+        for (std::size_t i = 0; i < values_.size(); ++i) {
+            if (!member_.Parameters[i].Out) continue;
+            PushVariant(lua_, values_[i]);
+            ++count;
+        }
+        return count;
+    }
+
+private:
+    void Take(int index, const DescribedParameter& parameter, Variant& value) {
+        const bool given = index <= lua_gettop(lua_);
+        const bool nothing = !given || lua_isnil(lua_, index);
+        const bool meansNull =
+            given && (parameter.Type.IsObject() || parameter.Type.Type == VT_VARIANT);
+        if (nothing && (parameter.Optional || !meansNull)) {
+            if (!parameter.Optional)
+                throw CallError(DISP_E_PARAMNOTOPTIONAL,
+                                member_.Name + ": argument " + parameter.Name + " is missing.");
+            value.vt = VT_ERROR;
+            value.scode = DISP_E_PARAMNOTFOUND;
+            return;
+        }
+        try {
+            value = ToVariant(lua_, index, parameter.Type);
+        } catch (const ConversionError& error) {
+            throw CallError(DISP_E_TYPEMISMATCH, member_.Name + ": argument " + parameter.Name +
+                                                     ": " + error.what() + ".");
+        }
+    }
+
+    // The address of a value of the parameter's own type, which every component accepts.
+    VARIANT ByReference(std::size_t i) {
+        Variant& value = values_[i];
+        const VARTYPE type = member_.Parameters[i].Type.Type;
+        VARIANT reference;
+        VariantInit(&reference);
+        reference.vt = static_cast<VARTYPE>(VT_BYREF | type);
+        reference.byref = &value;
+        if (type == VT_VARIANT) return reference;
+        const bool given = member_.Parameters[i].In && !IsLeftOut(value) &&
+                           SUCCEEDED(VariantChangeType(&value, &value, 0, type));
+        if (!given) {
+            VariantClear(&value);
+            value.llVal = 0;
+            value.vt = type;
+        }
+        reference.byref = &value.llVal;
+        return reference;
+    }
+
+    lua_State* lua_;
+    const DescribedMember& member_;
+    std::vector<Variant> values_;
+    std::vector<VARIANT> passed_;
+};
+
+Variant Call(IDispatch& object, const DescribedMember& member, Arguments& arguments) {
+    // Kinds of members and kinds of calls have the same values.
+    return Invoke(object,
+                  {member.Name, member.Id, static_cast<WORD>(member.Kind), arguments.Passed()});
+}
+
+// The member that takes a new value: the one for references when an object is given and there is
+// one.
+const DescribedMember& Settable(lua_State* lua, const TypeDescription& type,
+                                std::string_view name) {
+    const DescribedMember* value = type.Find(name, INVOKE_PROPERTYPUT);
+    const DescribedMember* reference = type.Find(name, INVOKE_PROPERTYPUTREF);
+    if (reference && (!value || ToObject(lua, -1))) return *reference;
+    if (value) return *value;
+    const DescribedMember* other = type.Find(name, kAnyKind);
+    if (!other)
+        throw CallError(DISP_E_UNKNOWNNAME,
+                        type.Name() + " has no member '" + std::string(name) + "'.");
+    throw CallError(DISP_E_MEMBERNOTFOUND,
+                    type.Name() + "." + other->Name +
+                        (other->Kind == INVOKE_FUNC ? " is a method." : " can only be read."));
+}
+
+}  // namespace
+
+int CallMember(lua_State* lua, IDispatch& object, const DescribedMember& member, int first) {
+    Arguments arguments(lua, member, first);
+    const Variant result = Call(object, member, arguments);
+    if (member.Result.IsVoid()) return arguments.PushResults();
+    PushVariant(lua, result);
+    return 1 + arguments.PushResults();
+}
+
+void PutMember(lua_State* lua, IDispatch& object, const TypeDescription& type,
+               std::string_view name, int first) {
+    const DescribedMember& member = Settable(lua, type, name);
+    Arguments arguments(lua, member, first);
+    Call(object, member, arguments);
+}
+
+}  // namespace mavrin2::script

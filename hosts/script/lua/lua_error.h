@@ -1,0 +1,42 @@
+#pragma once
+
+#include <lua.hpp>
+#include <new>
+#include <stdexcept>
+
+#include "automation/guarded.h"
+#include "hosts/script/late_binding/late_binding.h"
+#include "hosts/script/late_binding/status_text.h"
+#include "hosts/script/lua/lua_host.h"
+
+namespace mavrin2::script {
+
+// Pushes what a failing call raises: {status =, description =}, which prints as a sentence.
+void PushError(lua_State* lua, HRESULT status, const char* description);
+
+// Pushes a message that begins with the line of the script that runs.
+void PushMessage(lua_State* lua, const char* message);
+
+// A message handler: the error as text with a traceback.
+int WithTraceback(lua_State* lua);
+
+// A function for Lua made of one that throws C++ exceptions: they become Lua errors.
+template <int (*Body)(lua_State*)>
+int Protected(lua_State* lua) {
+    const LuaHost::Entry entry(lua);
+    // Lua's own errors are exceptions of another type and pass.
+    try {
+        return Body(lua);
+    } catch (const CallError& error) {
+        PushError(lua, error.Status(), error.what());
+    } catch (const automation::StatusError& error) {
+        PushError(lua, error.Status, StatusText(error.Status).c_str());
+    } catch (const std::bad_alloc&) {
+        PushMessage(lua, "not enough memory");
+    } catch (const std::exception& error) {
+        PushMessage(lua, error.what());
+    }
+    return lua_error(lua);
+}
+
+}  // namespace mavrin2::script

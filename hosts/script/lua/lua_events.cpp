@@ -1,0 +1,139 @@
+#include "hosts/script/lua/lua_events.h"
+
+#include <cstdio>
+#include <memory>
+#include <new>
+#include <span>
+#include <string>
+
+#include "hosts/script/late_binding/event_connection.h"
+#include "hosts/script/lua/lua_error.h"
+#include "hosts/script/lua/lua_host.h"
+#include "hosts/script/lua/lua_interrupt.h"
+#include "hosts/script/lua/lua_object.h"
+#include "hosts/script/lua/lua_value.h"
+#include "hosts/script/process/interrupt.h"
+
+namespace mavrin2::script {
+namespace {
+
+constexpr const char* kConnectionType = "mavrin2.connection";
+
+// An event on its way to a handler. The connection is known by number only: what Lua holds must not
+// be held from inside the component as well.
+struct Delivery {
+    const void* Identity;
+    lua_Integer Connection;
+    DISPID Event;
+    std::span<const VARIANT> Arguments;
+};
+
+void Report(const char* where, const char* message) {
+    std::fprintf(stderr, "mavrin2: %s: %s\n", where, message ? message : "an error");
+}
+
+int Deliver(lua_State* lua) {
+    const auto& delivery = *static_cast<const Delivery*>(lua_touserdata(lua, 1));
+    // Held, because the handler may close it.
+    const auto connection = FindConnection(lua, delivery.Identity, delivery.Connection);
+    if (!connection) return 0;
+    lua_pushcfunction(lua, &WithTraceback);
+    PushHandlers(lua, delivery.Identity, delivery.Connection);
+    if (lua_rawgeti(lua, -1, delivery.Event) != LUA_TFUNCTION) return 0;
+    lua_remove(lua, -2);
+    for (const VARIANT& argument : delivery.Arguments)
+        PushVariant(lua, argument);
+    const int count = static_cast<int>(delivery.Arguments.size());
+    if (lua_pcall(lua, count, 0, -count - 2) == LUA_OK) return 0;
+    const DescribedMember* event = connection->Events().Find(delivery.Event, INVOKE_FUNC);
+    Report(("in the handler of " + (event ? event->Name : "an event")).c_str(),
+           lua_tostring(lua, -1));
+    return 0;
+}
+
+// Called from inside the component: no error may go further.
+void DeliverToScript(LuaHost& host, Delivery delivery) {
+    lua_State* lua = host.Current();
+    if (!lua_checkstack(lua, 3)) return;
+    lua_pushcfunction(lua, &Protected<&Deliver>);
+    lua_pushlightuserdata(lua, &delivery);
+    if (lua_pcall(lua, 1, 0, 0) != LUA_OK) {
+        Report("an event was lost", lua_tostring(lua, -1));
+        lua_pop(lua, 1);
+    }
+    // What was to end the script may have ended no more than the handler.
+    if (Interrupted()) InterruptLua(host.Main());
+}
+
+std::string NamesOf(const TypeDescription& events) {
+    std::string names;
+    for (const DescribedMember& event : events.Members())
+        names += (names.empty() ? "" : ", ") + event.Name;
+    return names;
+}
+
+// Replaces the table of handlers by name on top of the stack with one by identifier.
+void ResolveHandlers(lua_State* lua, const TypeDescription& events) {
+    lua_newtable(lua);
+    lua_pushnil(lua);
+    while (lua_next(lua, -3)) {
+        const char* name = lua_type(lua, -2) == LUA_TSTRING ? lua_tostring(lua, -2) : nullptr;
+        const DescribedMember* event = name ? events.Find(name, INVOKE_FUNC) : nullptr;
+        if (!event)
+            luaL_error(lua, "no event '%s'; there are %s", luaL_tolstring(lua, -2, nullptr),
+                       NamesOf(events).c_str());
+        if (!lua_isfunction(lua, -1))
+            luaL_error(lua, "the handler of %s is a %s, not a function", name,
+                       luaL_typename(lua, -1));
+        lua_rawseti(lua, -3, event->Id);
+    }
+    lua_replace(lua, -2);
+}
+
+// What the script holds of a connection, which belongs to the object it listens to.
+struct ConnectionValue {
+    const void* Identity;
+    lua_Integer Number;
+};
+
+int CloseConnection(lua_State* lua) {
+    const auto* value =
+        static_cast<const ConnectionValue*>(luaL_checkudata(lua, 1, kConnectionType));
+    DetachConnection(lua, value->Identity, value->Number);
+    return 0;
+}
+
+void SetConnectionType(lua_State* lua) {
+    static constexpr luaL_Reg kMembers[] = {{"__close", &Protected<&CloseConnection>},
+                                            {"close", &Protected<&CloseConnection>},
+                                            {nullptr, nullptr}};
+    if (luaL_newmetatable(lua, kConnectionType)) {
+        luaL_setfuncs(lua, kMembers, 0);
+        lua_pushvalue(lua, -1);
+        lua_setfield(lua, -2, "__index");
+    }
+    lua_setmetatable(lua, -2);
+}
+
+}  // namespace
+
+int Connect(lua_State* lua) {
+    const ObjectValue& value = CheckObject(lua, 1);
+    luaL_checktype(lua, 2, LUA_TTABLE);
+    lua_settop(lua, 2);
+
+    LuaHost& host = LuaHost::Of(lua);
+    const void* identity = value.Identity;
+    const lua_Integer number = host.NewNumber();
+    const auto connection = std::make_shared<EventConnection>(
+        *value.Object, [&host, identity, number](DISPID event, std::span<const VARIANT> arguments) {
+            DeliverToScript(host, {identity, number, event, arguments});
+        });
+    ResolveHandlers(lua, connection->Events());
+    AttachConnection(lua, 1, number, connection);
+    new (lua_newuserdatauv(lua, sizeof(ConnectionValue), 0)) ConnectionValue{identity, number};
+    SetConnectionType(lua);
+    return 1;
+}
+
+}  // namespace mavrin2::script

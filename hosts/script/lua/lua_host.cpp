@@ -1,0 +1,68 @@
+#include "hosts/script/lua/lua_host.h"
+
+#include <algorithm>
+#include <new>
+#include <stdexcept>
+#include <string>
+
+#include "hosts/script/lua/lua_module.h"
+
+namespace mavrin2::script {
+namespace {
+
+// os.exit leaves without a word to C++: the state is closed first, as if the script had ended, so
+// that no work file stays behind.
+int ExitClosingState(lua_State* lua) {
+    lua_settop(lua, 1);
+    lua_pushvalue(lua, lua_upvalueindex(1));
+    lua_insert(lua, 1);
+    lua_pushboolean(lua, 1);
+    lua_call(lua, 2, 0);
+    return 0;
+}
+
+int OpenLibraries(lua_State* lua) {
+    luaL_openlibs(lua);
+    lua_getglobal(lua, "os");
+    lua_getfield(lua, -1, "exit");
+    lua_pushcclosure(lua, &ExitClosingState, 1);
+    lua_setfield(lua, -2, "exit");
+    luaL_requiref(lua, "mavrin2", &OpenModule, 1);
+    return 0;
+}
+
+}  // namespace
+
+LuaHost::LuaHost() : main_(luaL_newstate()), current_(main_) {
+    if (!main_) throw std::bad_alloc();
+    // New coroutines get a copy.
+    *static_cast<LuaHost**>(lua_getextraspace(main_)) = this;
+    lua_pushcfunction(main_, &OpenLibraries);
+    if (lua_pcall(main_, 0, 0, 0) == LUA_OK) return;
+    const char* message = lua_tostring(main_, -1);
+    const std::string reason = message ? message : "Lua cannot be started";
+    lua_close(main_);
+    throw std::runtime_error(reason);
+}
+
+LuaHost::~LuaHost() {
+    lua_close(main_);
+}
+
+LuaHost& LuaHost::Of(lua_State* lua) {
+    return **static_cast<LuaHost**>(lua_getextraspace(lua));
+}
+
+const KnownType& LuaHost::TypeOf(IDispatch& object) {
+    automation::ComPtr<ITypeInfo> information = TypeInformationOf(object);
+    const GUID id = IdOf(*information);
+    const auto found = std::ranges::find_if(
+        types_, [&](const std::unique_ptr<KnownType>& type) { return IsEqualGUID(type->Id, id); });
+    if (found != types_.end()) return **found;
+    TypeDescription description(*information);
+    types_.push_back(
+        std::make_unique<KnownType>(KnownType{id, std::move(information), std::move(description)}));
+    return *types_.back();
+}
+
+}  // namespace mavrin2::script

@@ -1,0 +1,66 @@
+#include "hosts/script/lua/lua_module.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include "hosts/script/lua/lua_call.h"
+#include "hosts/script/lua/lua_constants.h"
+#include "hosts/script/lua/lua_error.h"
+#include "hosts/script/lua/lua_events.h"
+#include "hosts/script/lua/lua_members.h"
+#include "hosts/script/lua/lua_object.h"
+#include "hosts/script/process/component_finder.h"
+#include "hosts/script/process/interrupt.h"
+#include "platform/posting.h"
+
+namespace mavrin2::script {
+namespace {
+
+using std::chrono::milliseconds;
+
+// mavrin2.create([progid])
+int Create(lua_State* lua) {
+    PushObject(lua, *CreateObject(luaL_optstring(lua, 1, kEditorProgId)));
+    return 1;
+}
+
+// mavrin2.put(object, name, [index…,] value)
+int Put(lua_State* lua) {
+    const ObjectValue& value = CheckObject(lua, 1);
+    const char* name = luaL_checkstring(lua, 2);
+    luaL_checkany(lua, 3);
+    const automation::ComPtr<IDispatch> object = value.Object;
+    PutMember(lua, *object, value.Type->Description, name, 3);
+    return 0;
+}
+
+// mavrin2.pump(milliseconds)
+int Pump(lua_State* lua) {
+    constexpr milliseconds kPatience(50);  // with somebody who wants to interrupt
+    using Clock = std::chrono::steady_clock;
+    const auto queue = platform::PostingQueue::OfThisThread();
+    const lua_Number wanted = std::clamp<lua_Number>(luaL_checknumber(lua, 1), 0, 1e12);
+    const auto end = Clock::now() + milliseconds(static_cast<std::int64_t>(wanted));
+    milliseconds left{};
+    do {
+        left = std::chrono::ceil<milliseconds>(end - Clock::now());
+        queue->Pump(std::clamp(left, milliseconds(0), kPatience));
+        if (Interrupted()) return luaL_error(lua, "interrupted");
+    } while (left > kPatience);
+    return 0;
+}
+
+}  // namespace
+
+int OpenModule(lua_State* lua) {
+    static constexpr luaL_Reg kFunctions[] = {
+        {"connect", &Protected<&Connect>}, {"create", &Protected<&Create>},
+        {"members", &Protected<&Members>}, {"pump", &Protected<&Pump>},
+        {"put", &Protected<&Put>},         {nullptr, nullptr}};
+    luaL_newlib(lua, kFunctions);
+    PushConstants(lua);
+    lua_setfield(lua, -2, "const");
+    return 1;
+}
+
+}  // namespace mavrin2::script

@@ -1,0 +1,209 @@
+#include "hosts/script/lua/lua_value.h"
+
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <utility>
+
+#include "automation/com_ptr.h"
+#include "automation/guarded.h"
+#include "automation/text.h"
+#include "hosts/script/lua/lua_object.h"
+
+namespace mavrin2::script {
+namespace {
+
+using automation::Bstr;
+using automation::ComPtr;
+using automation::ThrowIfFailed;
+using automation::Variant;
+
+template <class Narrow>
+bool Fits(lua_Integer value) {
+    return value >= std::numeric_limits<Narrow>::min() &&
+           value <= std::numeric_limits<Narrow>::max();
+}
+
+[[noreturn]] void Refuse(lua_State* lua, int index, const DescribedType& wanted) {
+    throw ConversionError(std::string(luaL_typename(lua, index)) + " given, " + wanted.Name +
+                          " expected");
+}
+
+Variant NumberToVariant(lua_State* lua, int index, const DescribedType& wanted) {
+    Variant result;
+    int whole = 0;
+    const lua_Integer integer = lua_tointegerx(lua, index, &whole);
+    if (wanted.Type == VT_BOOL) {
+        if (!whole || !Fits<VARIANT_BOOL>(integer))
+            throw ConversionError("a boolean is true, false or a whole number of 16 bits");
+        result.vt = VT_BOOL;
+        result.boolVal = static_cast<VARIANT_BOOL>(integer);
+    } else if (lua_isinteger(lua, index) && Fits<LONG>(integer)) {
+        result.vt = VT_I4;
+        result.lVal = static_cast<LONG>(integer);
+    } else {
+        result.vt = VT_R8;
+        result.dblVal = lua_tonumber(lua, index);
+    }
+    return result;
+}
+
+// The place of a value within its variant, as arrays take and give it.
+void* ElementOf(VARIANT& value, VARTYPE type, bool put) {
+    if (type == VT_VARIANT) return &value;
+    // Put by value, taken by address.
+    if (put && (type == VT_BSTR || type == VT_DISPATCH || type == VT_UNKNOWN)) return value.byref;
+    return &value.llVal;
+}
+
+Variant TableToVariant(lua_State* lua, int index, const DescribedType& wanted) {
+    const bool any = wanted.Type == VT_VARIANT;
+    if (!any && !(wanted.Type & VT_ARRAY)) Refuse(lua, index, wanted);
+    const auto type = static_cast<VARTYPE>(any ? VT_VARIANT : wanted.Type & ~VT_ARRAY);
+    const DescribedType element{type, "element"};
+    const auto count = luaL_len(lua, index);
+    if (!Fits<LONG>(count)) throw ConversionError("the table is too long");
+
+    Variant result;
+    result.parray = SafeArrayCreateVector(type, 0, static_cast<ULONG>(count));
+    if (!result.parray) throw std::bad_alloc();
+    result.vt = static_cast<VARTYPE>(VT_ARRAY | type);
+    const int table = lua_absindex(lua, index);
+    for (LONG i = 0; i < static_cast<LONG>(count); ++i) {
+        lua_geti(lua, table, i + 1);
+        Variant value = ToVariant(lua, -1, element);
+        lua_pop(lua, 1);
+        if (!any && FAILED(VariantChangeType(&value, &value, 0, type)))
+            throw ConversionError("element " + std::to_string(i + 1) + " does not fit");
+        ThrowIfFailed(SafeArrayPutElement(result.parray, &i, ElementOf(value, type, true)));
+    }
+    return result;
+}
+
+void PushArray(lua_State* lua, SAFEARRAY* array) {
+    if (!array) {
+        lua_newtable(lua);
+        return;
+    }
+    VARTYPE type = VT_EMPTY;
+    LONG lower = 0;
+    LONG upper = -1;
+    if (SafeArrayGetDim(array) != 1)
+        throw ConversionError("an array of several dimensions cannot be read");
+    ThrowIfFailed(SafeArrayGetVartype(array, &type));
+    ThrowIfFailed(SafeArrayGetLBound(array, 1, &lower));
+    ThrowIfFailed(SafeArrayGetUBound(array, 1, &upper));
+    const auto count = static_cast<lua_Integer>(upper) - lower + 1;
+    lua_createtable(lua, static_cast<int>(count), 0);
+    for (lua_Integer i = 0; i < count; ++i) {
+        auto place = static_cast<LONG>(lower + i);
+        Variant element;
+        ThrowIfFailed(SafeArrayGetElement(array, &place, ElementOf(element, type, false)));
+        if (type != VT_VARIANT) element.vt = type;
+        PushVariant(lua, element);
+        lua_rawseti(lua, -2, i + 1);
+    }
+}
+
+void PushObjectOf(lua_State* lua, IUnknown* object) {
+    if (!object) {
+        lua_pushnil(lua);
+        return;
+    }
+    const auto dispatch = ComPtr<IUnknown>(object).As<IDispatch>();
+    if (!dispatch) throw ConversionError("the object has no automation interface");
+    PushObject(lua, *dispatch);
+}
+
+void PushText(lua_State* lua, BSTR text) {
+    const std::string utf8 = automation::ToUtf8(Bstr::View(text));
+    lua_pushlstring(lua, utf8.data(), utf8.size());
+}
+
+// Numbers of whatever width; true when `value` is one.
+bool PushNumber(lua_State* lua, const VARIANT& value) {
+    switch (value.vt) {
+        case VT_I1:
+            return lua_pushinteger(lua, value.cVal), true;
+        case VT_UI1:
+            return lua_pushinteger(lua, value.bVal), true;
+        case VT_I2:
+        case VT_BOOL:
+            return lua_pushinteger(lua, value.iVal), true;
+        case VT_UI2:
+            return lua_pushinteger(lua, value.uiVal), true;
+        case VT_I4:
+        case VT_INT:
+        case VT_ERROR:
+            return lua_pushinteger(lua, value.lVal), true;
+        case VT_UI4:
+        case VT_UINT:
+            return lua_pushinteger(lua, value.ulVal), true;
+        case VT_I8:
+            return lua_pushinteger(lua, value.llVal), true;
+        case VT_R4:
+            return lua_pushnumber(lua, value.fltVal), true;
+        case VT_R8:
+        case VT_DATE:
+            return lua_pushnumber(lua, value.dblVal), true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+Variant ToVariant(lua_State* lua, int index, const DescribedType& wanted) {
+    Variant result;
+    switch (lua_type(lua, index)) {
+        case LUA_TNIL:
+            return result;
+        case LUA_TBOOLEAN:
+            result.vt = VT_BOOL;
+            result.boolVal = lua_toboolean(lua, index) ? VARIANT_TRUE : VARIANT_FALSE;
+            return result;
+        case LUA_TNUMBER:
+            return NumberToVariant(lua, index, wanted);
+        case LUA_TSTRING: {
+            std::size_t size = 0;
+            const char* text = lua_tolstring(lua, index, &size);
+            result.bstrVal = automation::NewBstr(std::string_view(text, size));
+            result.vt = VT_BSTR;
+            return result;
+        }
+        case LUA_TTABLE:
+            return TableToVariant(lua, index, wanted);
+        default:
+            break;
+    }
+    IDispatch* object = ToObject(lua, index);
+    if (!object) Refuse(lua, index, wanted);
+    result.pdispVal = ComPtr<IDispatch>(object).Detach();
+    result.vt = VT_DISPATCH;
+    return result;
+}
+
+void PushVariant(lua_State* lua, const VARIANT& value) {
+    luaL_checkstack(lua, 4, "too many values");
+    if (value.vt & VT_BYREF) {
+        Variant plain;
+        ThrowIfFailed(VariantCopyInd(&plain, const_cast<VARIANT*>(&value)));
+        PushVariant(lua, plain);
+        return;
+    }
+    if (PushNumber(lua, value)) return;
+    if (value.vt == VT_EMPTY || value.vt == VT_NULL) {
+        lua_pushnil(lua);
+    } else if (value.vt == VT_BSTR) {
+        PushText(lua, value.bstrVal);
+    } else if (value.vt == VT_DISPATCH || value.vt == VT_UNKNOWN) {
+        PushObjectOf(lua, value.punkVal);
+    } else if (value.vt & VT_ARRAY) {
+        PushArray(lua, value.parray);
+    } else {
+        throw ConversionError("a value of automation type " + std::to_string(value.vt) +
+                              " cannot be read");
+    }
+}
+
+}  // namespace mavrin2::script

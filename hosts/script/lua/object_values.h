@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <unordered_map>
+
+#include "automation/com_ptr.h"
+#include "hosts/script/late_binding/event_connection.h"
+#include "hosts/script/late_binding/type_description.h"
+
+namespace mavrin2::script {
+
+// A type that objects of a script are of.
+struct KnownType {
+    GUID Id;
+    automation::ComPtr<ITypeInfo> Information;
+    TypeDescription Description;
+};
+
+// What C++ keeps for one object that a script holds.
+struct ObjectValue {
+    automation::ComPtr<IDispatch> Object;
+    const void* Identity;  // names the object for as long as it lives
+    const KnownType* Type;
+    std::map<std::int64_t, std::shared_ptr<EventConnection>> Connections;  // by their numbers
+
+    void Disconnect() {
+        for (const auto& [number, connection] : Connections)
+            connection->Close();
+    }
+};
+
+// The owner of all of them. Lua collects them one by one, but makes no promise for those that it
+// is given while it closes: they are released with this.
+class ObjectValues {
+public:
+    ObjectValues() = default;
+    ObjectValues(const ObjectValues&) = delete;
+    ObjectValues& operator=(const ObjectValues&) = delete;
+    ~ObjectValues() { DisconnectAll(); }
+
+    ObjectValue* Add(std::unique_ptr<ObjectValue> value) {
+        ObjectValue* key = value.get();
+        values_.emplace(key, std::move(value));
+        return key;
+    }
+
+    // Disconnects the object first: no event may arrive while it goes.
+    void Release(ObjectValue* value) {
+        const auto node = values_.extract(value);
+        if (node) node.mapped()->Disconnect();
+    }
+
+    void DisconnectAll() {
+        for (const auto& [key, value] : values_)
+            value->Disconnect();
+    }
+
+private:
+    std::unordered_map<ObjectValue*, std::unique_ptr<ObjectValue>> values_;
+};
+
+}  // namespace mavrin2::script
