@@ -83,6 +83,8 @@ int Run(const CommandLine& line) {
     CheckExtension(out);
     CheckDifferent(in, out);
 
+    // First, so that nobody waits for a sound that cannot be put anywhere.
+    OutputFile output(out);
     Editor editor;
     editor.Open(in);
     if (start || end) {
@@ -91,7 +93,6 @@ int Run(const CommandLine& line) {
         Check(range, editor, in);
         editor.Select(static_cast<std::int32_t>(range.Start), static_cast<std::int32_t>(range.End));
     }
-    OutputFile output(out);
     editor.Save(output.Path(), out, start || end);
     output.Commit();
     return kSuccess;

@@ -18,6 +18,11 @@ using automation::ComPtr;
 using automation::ThrowIfFailed;
 using automation::Variant;
 
+// A table may hold itself.
+constexpr int kDeepestTable = 16;
+
+Variant Convert(lua_State* lua, int index, const DescribedType& wanted, int depth);
+
 template <class Narrow>
 bool Fits(lua_Integer value) {
     return value >= std::numeric_limits<Narrow>::min() &&
@@ -56,7 +61,8 @@ void* ElementOf(VARIANT& value, VARTYPE type, bool put) {
     return &value.llVal;
 }
 
-Variant TableToVariant(lua_State* lua, int index, const DescribedType& wanted) {
+Variant TableToVariant(lua_State* lua, int index, const DescribedType& wanted, int depth) {
+    if (depth > kDeepestTable) throw ConversionError("tables lie too deep in each other");
     const bool any = wanted.Type == VT_VARIANT;
     if (!any && !(wanted.Type & VT_ARRAY)) Refuse(lua, index, wanted);
     const auto type = static_cast<VARTYPE>(any ? VT_VARIANT : wanted.Type & ~VT_ARRAY);
@@ -71,7 +77,7 @@ Variant TableToVariant(lua_State* lua, int index, const DescribedType& wanted) {
     const int table = lua_absindex(lua, index);
     for (LONG i = 0; i < static_cast<LONG>(count); ++i) {
         lua_geti(lua, table, i + 1);
-        Variant value = ToVariant(lua, -1, element);
+        Variant value = Convert(lua, -1, element, depth + 1);
         lua_pop(lua, 1);
         if (!any && FAILED(VariantChangeType(&value, &value, 0, type)))
             throw ConversionError("element " + std::to_string(i + 1) + " does not fit");
@@ -151,9 +157,8 @@ bool PushNumber(lua_State* lua, const VARIANT& value) {
     }
 }
 
-}  // namespace
-
-Variant ToVariant(lua_State* lua, int index, const DescribedType& wanted) {
+Variant Convert(lua_State* lua, int index, const DescribedType& wanted, int depth) {
+    luaL_checkstack(lua, 4, "too many values");
     Variant result;
     switch (lua_type(lua, index)) {
         case LUA_TNIL:
@@ -172,7 +177,7 @@ Variant ToVariant(lua_State* lua, int index, const DescribedType& wanted) {
             return result;
         }
         case LUA_TTABLE:
-            return TableToVariant(lua, index, wanted);
+            return TableToVariant(lua, index, wanted, depth);
         default:
             break;
     }
@@ -181,6 +186,12 @@ Variant ToVariant(lua_State* lua, int index, const DescribedType& wanted) {
     result.pdispVal = ComPtr<IDispatch>(object).Detach();
     result.vt = VT_DISPATCH;
     return result;
+}
+
+}  // namespace
+
+Variant ToVariant(lua_State* lua, int index, const DescribedType& wanted) {
+    return Convert(lua, index, wanted, 0);
 }
 
 void PushVariant(lua_State* lua, const VARIANT& value) {

@@ -32,6 +32,10 @@ expect(0x80020005, "DoubleAll: argument Values: element 2 does not fit.", thing.
   { 1, 70000 })
 expect(0x80020005, "EchoBoolean: argument Value: a boolean is true, false or a whole number of 16 bits.",
   thing.EchoBoolean, thing, 32768)
+local endless <const> = {}
+endless[1] = endless
+expect(0x80020005, "EchoAny: argument Value: tables lie too deep in each other.", thing.EchoAny,
+  thing, endless)
 expect(0x8002000F, "Divide: argument Divisor is missing.", thing.Divide, thing, 1)
 expect(0x8002000F, "IsSame: argument Other is missing.", thing.IsSame, thing)
 expect(0x8002000E, "EchoLong takes at most 1 arguments, 2 given.", thing.EchoLong, thing, 1, 2)
