@@ -93,7 +93,9 @@ bool WaveStream::ReadHeader() {
     dataStart_ = 0;
     std::array<std::byte, 12> riff;
     if (file_->Read(0, riff) != riff.size()) return false;
-    std::uint32_t name = 0, size = 0, form = 0;
+    std::uint32_t name = 0;
+    std::uint32_t size = 0;
+    std::uint32_t form = 0;
     HeaderReader(riff).Get(name).Get(size).Get(form);
     if (name != FourCc("RIFF") || form != FourCc("WAVE")) return false;
 

@@ -2,12 +2,10 @@
 
 #include "automation/interface_description.h"
 
-namespace mavrin2::interfaces {
-
 // Every member that any interface of the control will have, in its place and with its dispatch
 // identifier, whether it is built yet or not: a host compiled against one version finds the same
 // identifiers in the next. Only ever append.
-namespace plan {
+namespace mavrin2::interfaces::plan {
 extern const automation::MemberPlan Mavrin2;
 extern const automation::MemberPlan Mavrin2Events;
 extern const automation::MemberPlan Channel;
@@ -22,6 +20,4 @@ extern const automation::MemberPlan Recorder;
 extern const automation::MemberPlan Scale;
 extern const automation::MemberPlan FileFormat;
 extern const automation::MemberPlan Transform;
-}  // namespace plan
-
-}  // namespace mavrin2::interfaces
+}  // namespace mavrin2::interfaces::plan

@@ -21,7 +21,9 @@ HRESULT CVeltoCallback::Handle(DISPID event, const EventArguments& arguments) {
         case VeltoEvent::Reserved:
             return S_OK;
         case VeltoEvent::Position: {
-            LONG frames = 0, left = 0, right = 0;
+            LONG frames = 0;
+            LONG left = 0;
+            LONG right = 0;
             if (!arguments.Read(0, frames)) return E_NOTIMPL;
             arguments.Read(1, left);
             arguments.Read(2, right);
@@ -47,7 +49,9 @@ HRESULT CRimbalCallback::Handle(DISPID event, const EventArguments& arguments) {
             control_.StoreRecordedBlock();
             return S_OK;
         case RimbalEvent::Position: {
-            LONG frames = 0, left = 0, right = 0;
+            LONG frames = 0;
+            LONG left = 0;
+            LONG right = 0;
             if (!arguments.Read(0, frames)) return E_NOTIMPL;
             arguments.Read(1, left);
             if (!arguments.Read(2, right)) return E_NOTIMPL;

@@ -42,7 +42,7 @@ constexpr Report kReports[] = {
 std::string ProgramIdentifier() {
     LPOLESTR text = nullptr;
     if (FAILED(ProgIDFromCLSID(interfaces::CLSID_Mavrin2, &text)) || !text) return {};
-    const std::string result = automation::ToUtf8(text);
+    std::string result = automation::ToUtf8(text);
     CoTaskMemFree(text);
     return result;
 }

@@ -14,7 +14,10 @@ public:
 
     constexpr std::int64_t Count() const { return count_; }
 
-    friend constexpr auto operator<=>(Quantity, Quantity) = default;
+    friend constexpr bool operator==(Quantity a, Quantity b) { return a.count_ == b.count_; }
+    friend constexpr std::strong_ordering operator<=>(Quantity a, Quantity b) {
+        return a.count_ <=> b.count_;
+    }
     friend constexpr Quantity operator+(Quantity a, Quantity b) {
         return Quantity(a.count_ + b.count_);
     }
