@@ -65,18 +65,28 @@ BAD_WORDS = [
 
 
 class Checks(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.root = cls.enterClassContext(tempfile.TemporaryDirectory())
+        subprocess.run(["git", "init", "-q", cls.root], check=True)
+        for name, text in SOUND_TREE.items():
+            cls.write(name, text)
+
+    @classmethod
+    def write(cls, name, text):
+        file = pathlib.Path(cls.root, name)
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_text(text, encoding="utf-8")
+
     def faults(self, check, name=None, line=None):
         """What `check` finds in the sound tree with one more line in one of its files."""
-        with tempfile.TemporaryDirectory() as root:
-            subprocess.run(["git", "init", "-q", root], check=True)
-            tree = dict(SOUND_TREE)
-            if name:
-                tree[name] = "\n" + tree.get(name, "") + line + "\n"
-            for path, text in tree.items():
-                file = pathlib.Path(root, path)
-                file.parent.mkdir(parents=True, exist_ok=True)
-                file.write_text(text, encoding="utf-8")
-            return check.faults(root)
+        if not name:
+            return check.faults(self.root)
+        self.write(name, "\n" + SOUND_TREE.get(name, "") + line + "\n")
+        try:
+            return check.faults(self.root)
+        finally:
+            self.write(name, SOUND_TREE.get(name, ""))
 
     def test_a_sound_tree_has_no_fault(self):
         self.assertEqual(self.faults(check_arrows), [])
