@@ -6,6 +6,7 @@ namespace {
 
 using automation::Bstr;
 using interfaces::IMavrin2;
+using interfaces::IMavrin2FileInfo;
 
 class ControlProperties : public ControlTest {
 protected:
@@ -25,21 +26,13 @@ TEST_F(ControlProperties, BeginWithTheirDefaults) {
     EXPECT_EQ(WorkFile(), "/tmp/private/") << "the folder, without a document";
     EXPECT_EQ(TempFileName(), "/tmp/private/KovClipBoard.wav");
     EXPECT_EQ(FormatString(), "");
-    interfaces::FrequencyConstants frequency{};
-    interfaces::ChannelsConstants channels{};
-    VARIANT_BOOL extra = 0, undo = 7, redo = 7;
-    EXPECT_EQ(FileInfo->get_Frequency(&frequency), S_OK);
-    EXPECT_EQ(FileInfo->get_Channels(&channels), S_OK);
-    EXPECT_EQ(FileInfo->get_SaveExtraInfoEnabled(&extra), S_OK);
-    EXPECT_EQ(Control->get_UndoEnabled(&undo), S_OK);
-    EXPECT_EQ(Control->get_RedoEnabled(&redo), S_OK);
-    EXPECT_EQ(static_cast<LONG>(frequency), 8000);
-    EXPECT_EQ(channels, interfaces::ChannelsConstants::MONO);
-    EXPECT_EQ(extra, 1);
-    EXPECT_EQ(undo + redo, 0);
+    EXPECT_EQ(static_cast<int>(Got(*FileInfo, &IMavrin2FileInfo::get_Frequency)), 8000);
+    EXPECT_EQ(static_cast<int>(Got(*FileInfo, &IMavrin2FileInfo::get_Channels)), 1);
+    EXPECT_EQ(Got(*FileInfo, &IMavrin2FileInfo::get_SaveExtraInfoEnabled), 1);
+    EXPECT_EQ(Got(*Control, &IMavrin2::get_UndoEnabled), 0);
+    EXPECT_EQ(Got(*Control, &IMavrin2::get_RedoEnabled), 0);
     FileInfo->put_SaveExtraInfoEnabled(-1);
-    FileInfo->get_SaveExtraInfoEnabled(&extra);
-    EXPECT_EQ(extra, -1);
+    EXPECT_EQ(Got(*FileInfo, &IMavrin2FileInfo::get_SaveExtraInfoEnabled), -1) << "as given";
     EXPECT_EQ(Control->get_Status(nullptr), E_POINTER);
 }
 
@@ -60,15 +53,13 @@ TEST_F(ControlProperties, KeepNumbersWithinTheirRanges) {
          {{0, 1}, {-5, 1}, {1, 1}, {10000, 10000}, {20000, 10000}, {0x7FFFFFFF, 10000}}},
     };
     for (const auto& c : cases) {
-        LONG value = 0;
-        EXPECT_EQ((Control.Get()->*c.Get)(&value), S_OK);
-        EXPECT_EQ(value, c.AtFirst);
+        EXPECT_EQ(Got(*Control, c.Get), c.AtFirst);
         for (const auto& [put, got] : c.Values) {
             EXPECT_EQ((Control.Get()->*c.Put)(put), S_OK);
-            (Control.Get()->*c.Get)(&value);
-            EXPECT_EQ(value, got) << put;
+            EXPECT_EQ(Got(*Control, c.Get), got) << put;
         }
     }
+    EXPECT_EQ(History().Limit(), 10001) << "the current version is one more than can be undone";
 }
 
 TEST_F(ControlProperties, TakeTheFolderOfAPathForTemporaryFiles) {
@@ -123,16 +114,6 @@ TEST_F(ControlProperties, TakeANameThatEndsInWavForTheClipFile) {
         EXPECT_EQ(TempFileName(), c.Taken ? c.Name : before) << c.Name;
     }
     EXPECT_EQ(LastError(), 0);
-}
-
-TEST_F(ControlProperties, HandOutTheOneObjectOfEachKind) {
-    automation::ComPtr<interfaces::IMavrin2Position> position;
-    automation::ComPtr<interfaces::IMavrin2FileInfo> fileInfo;
-    EXPECT_EQ(Control->get_Position(position.Put()), S_OK);
-    EXPECT_EQ(Control->get_FileInfo(fileInfo.Put()), S_OK);
-    EXPECT_EQ(position.Get(), Position.Get());
-    EXPECT_EQ(fileInfo.Get(), FileInfo.Get());
-    EXPECT_EQ(Control->get_Position(nullptr), E_POINTER);
 }
 
 }  // namespace

@@ -83,7 +83,23 @@ void CheckOpen(ControlWorld& world, HRESULT status, const Fault& fault, int n) {
     EXPECT_TRUE(world.Dusoro->Calls.ends_with("CloseFile()"));
 }
 
+void CheckNew(ControlWorld& world, HRESULT status, const Fault&, int) {
+    EXPECT_EQ(status, S_OK);
+    EXPECT_EQ(world.LastError(), 0);
+    EXPECT_EQ(world.History().Current(), nullptr);
+    EXPECT_EQ(world.TempFiles().size(), 3u);
+    EXPECT_EQ(world.Events->Take(), "");
+    EXPECT_EQ(Got(*world.FileInfo, &interfaces::IMavrin2FileInfo::get_Channels),
+              interfaces::ChannelsConstants::STEREO);
+}
+
 const Operation kOperations[] = {
+    {"New",
+     [](ControlWorld& world) {
+         return world.Control->New(interfaces::FrequencyConstants::FQ_8_KHZ,
+                                   interfaces::ChannelsConstants::STEREO);
+     },
+     CheckNew, 58},
     {"Open",
      [](ControlWorld& world) {
          world.Dusoro->OpenCode = 0;

@@ -31,17 +31,11 @@ TEST(Descriptions, AgreeWithTheirPlanAndVirtualTable) {
             EXPECT_STRNE(member.Help, "") << member.Name;
     }
     contracts::DusoroLibrary().Interfaces.front()();
-
-    struct {
-        DISPID Id;
-        const char* Name;
-    } const members[] = {
-        {5, "Frequency"}, {6, "Channels"}, {11, "FormatString"}, {30, "SaveExtraInfoEnabled"}};
-    for (const auto& [id, name] : members)
-        EXPECT_EQ(automation::DescriptionOf<interfaces::IMavrin2FileInfo>()
-                      .Find(std::string_view(name))
-                      ->Id,
-                  id);
+    const auto& fileInfo = automation::DescriptionOf<interfaces::IMavrin2FileInfo>();
+    const std::pair<const char*, DISPID> published[] = {
+        {"Frequency", 5}, {"Channels", 6}, {"FormatString", 11}, {"SaveExtraInfoEnabled", 30}};
+    for (const auto& [name, id] : published)
+        EXPECT_EQ(fileInfo.Find(std::string_view(name))->Id, id);
 }
 
 TEST(Descriptions, PlanEveryMemberOnce) {
@@ -56,7 +50,6 @@ TEST(Descriptions, PlanEveryMemberOnce) {
             EXPECT_TRUE(ids.insert(member.Id).second) << member.Name;
             EXPECT_TRUE(names.insert(automation::AsciiLower(member.Name)).second) << member.Name;
         }
-        EXPECT_FALSE(ids.empty());
     }
 }
 

@@ -1,3 +1,5 @@
+#include <sstream>
+
 #include "tests/control/control_test.h"
 
 namespace mavrin2::tests {
@@ -75,13 +77,6 @@ INSTANTIATE_TEST_SUITE_P(
 
 using DeleteSelect = ControlTest;
 
-TEST_F(DeleteSelect, TakesBlocksOfTheLengthThatIsSet) {
-    OpenThousand();
-    Control->put_FileBufferSize(250);
-    Delete(500, 510);
-    EXPECT_EQ(Events->Take(), "25% 50% 76% 100% 100% end");
-}
-
 TEST_F(DeleteSelect, KeepsTheZoomedViewLessWhatIsGone) {
     OpenThousand();
     Position->put_StartView(200);
@@ -157,113 +152,64 @@ TEST_F(DeleteSelect, KeepsTheSelectionItBeganWith) {
     EXPECT_EQ(DocumentSamples(), Without(Ramp(1000), 500, 600));
 }
 
-TEST_F(DeleteSelect, DoesNothingWithoutItsWorkFile) {
+TEST_F(DeleteSelect, IsReportedInABatchToo) {
     OpenThousand();
-    Select(500, 600);
-    System.Files->Remove(WorkFile());
-    EXPECT_EQ(Control->DeleteSelect(), S_OK);
-    EXPECT_EQ(Events->Take(), "end");
-    EXPECT_EQ(LastError(), 0);
-    EXPECT_EQ(Positions(), "selected 500..600 view 0..1000 of 1000");
-    EXPECT_TRUE(TempFiles().empty());
-}
-
-using UndoAndRedo = ControlTest;
-
-TEST_F(UndoAndRedo, MoveAStepAtATimeToEitherEnd) {
-    Control->Undo();
-    EXPECT_FALSE(UndoEnabled() || RedoEnabled());
-    OpenThousand();
-    Control->Undo();
-    for (std::size_t left = 1000; left > 700; left -= 100) {
-        Delete(0, 100);
-        EXPECT_EQ(DocumentSamples().size(), left - 100);
-    }
-    EXPECT_TRUE(UndoEnabled());
-    for (const std::size_t left : {800u, 900u, 1000u, 1000u}) {
-        EXPECT_EQ(Control->Undo(), S_OK);
-        EXPECT_EQ(DocumentSamples().size(), left);
-    }
-    EXPECT_FALSE(UndoEnabled());
-    EXPECT_TRUE(RedoEnabled());
-    for (const std::size_t left : {900u, 800u, 700u, 700u}) {
-        EXPECT_EQ(Control->Redo(), S_OK);
-        EXPECT_EQ(DocumentSamples().size(), left);
-    }
-    EXPECT_FALSE(RedoEnabled());
-}
-
-TEST_F(UndoAndRedo, LoseWhatWasUndoneAtTheNextEdit) {
-    OpenThousand();
-    Delete(0, 100);
-    Delete(0, 100);
-    Control->Undo();
-    Control->Undo();
-    EXPECT_EQ(TempFiles().size(), 3u);
-    Delete(0, 500);
-    EXPECT_FALSE(RedoEnabled());
-    EXPECT_EQ(TempFiles().size(), 2u);
-}
-
-TEST_F(UndoAndRedo, MoveOverABatchAtOnce) {
-    OpenThousand();
-    Delete(0, 1);
-    Events->Take();
     Control->BeginOperations();
     Delete(0, 800);
-    EXPECT_EQ(Events->Take(), "90% 100% 100% end") << "a batch is not silent";
-    EXPECT_EQ(Positions(), "select 0..0 view 0..199 of 199");
-    Delete(0, 50);
-    Delete(0, 50);
+    EXPECT_EQ(Events->Take(), "90% 100% 100% end");
     EXPECT_EQ(Control->EndOperations(), S_OK);
-    Control->Undo();
-    EXPECT_EQ(DocumentSamples().size(), 999u);
-    Control->Redo();
-    EXPECT_EQ(DocumentSamples().size(), 99u);
-    Control->Undo();
-    // Two of the three steps cannot be made: the one that can stays.
-    Control->Undo();
-    EXPECT_EQ(DocumentSamples().size(), 1000u);
+    EXPECT_EQ(Events->Take(), "");
+    EXPECT_EQ(Positions(), "select 0..0 view 0..200 of 200");
+}
+
+class UndoAndRedo : public ControlTest {
+protected:
+    // An act, and the document behind it: hundreds of frames, "<" where it can be undone, ">" where
+    // it can be redone.
+    std::string Act(char act) {
+        switch (act) {
+            case 'd':
+                Delete(0, 100);
+                break;
+            case 'u':
+                EXPECT_EQ(Control->Undo(), S_OK);
+                break;
+            case 'r':
+                EXPECT_EQ(Control->Redo(), S_OK);
+                break;
+            case 'b':
+                Control->BeginOperations();
+                break;
+            case 'e':
+                Control->EndOperations();
+                break;
+            case 'o':
+                Open();
+        }
+        return act + std::to_string(DocumentSamples().size() / 100) + (UndoEnabled() ? "<" : "") +
+               (RedoEnabled() ? ">" : "");
+    }
+};
+
+TEST_F(UndoAndRedo, CountTheStepsOfTheLastEditOrBatch) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"edits by themselves", "u10 d9< d8< d7< u8<> u9<> u10> u10> r9<> r8<> r7< r7<"},
+        {"an edit behind an undo", "d9< d8< u9<> u10> d9< r9< u10> r9<"},
+        {"a batch, of which only a part can be undone again",
+         "d9< b9< d8< d7< e7< u9<> r7< u9<> u10>"},
+        {"an undo in a batch that is empty, which ends it", "d9< b9< u9< d8< d7< u8<>"},
+        {"an edit behind a batch", "b10 d9< d8< e8< d7< u8<> u9<>"},
+        {"another document", "d9< d8< o10 u10 r10"},
+    };
+    for (const auto& [what, script] : cases) {
+        OpenThousand();
+        std::string done;
+        std::istringstream acts(script);
+        for (std::string act; acts >> act;)
+            done += (done.empty() ? "" : " ") + Act(act[0]);
+        EXPECT_EQ(done, script) << what;
+    }
     EXPECT_EQ(Status(), 0);
-}
-
-TEST_F(UndoAndRedo, CountStepsFromTheLastEditOnly) {
-    OpenThousand();
-    Delete(0, 100);
-    Control->BeginOperations();
-    Control->Undo();
-    EXPECT_EQ(DocumentSamples().size(), 900u) << "there is nothing in the batch yet";
-    // That undo has ended the batch.
-    Delete(0, 100);
-    Delete(0, 100);
-    Control->Undo();
-    EXPECT_EQ(DocumentSamples().size(), 800u);
-
-    Control->BeginOperations();
-    Delete(0, 100);
-    Delete(0, 100);
-    Control->EndOperations();
-    Delete(0, 100);
-    Control->Undo();
-    EXPECT_EQ(DocumentSamples().size(), 600u);
-    Control->Undo();
-    EXPECT_EQ(DocumentSamples().size(), 700u);
-    Open();
-    Control->Undo();
-    EXPECT_EQ(DocumentSamples().size(), 1000u) << "the chain begins with what was opened";
-}
-
-TEST_F(UndoAndRedo, KeepAsManyStepsAsAreSet) {
-    OpenThousand();
-    Control->put_UndoRedoCount(1);
-    const auto first = WorkFile();
-    Delete(0, 100);
-    Delete(0, 100);
-    EXPECT_EQ(TempFiles().size(), 2u);
-    EXPECT_FALSE(System.Files->Exists(first));
-    Control->Undo();
-    EXPECT_EQ(DocumentSamples().size(), 900u);
-    EXPECT_FALSE(UndoEnabled());
 }
 
 }  // namespace

@@ -51,7 +51,6 @@ TEST_F(WaveStreamTest, ReadsUpToTheEndOfItsData) {
     EXPECT_EQ(ReadSamples(4), Ramp(4));
     EXPECT_EQ(stream_.DataPos(), 8u);
     EXPECT_EQ(ReadSamples(100), Ramp(6, 4));
-    EXPECT_TRUE(ReadSamples(1).empty());
     EXPECT_TRUE(stream_.Seek(16));
     EXPECT_EQ(ReadSamples(1), Samples({8}));
     EXPECT_TRUE(stream_.Seek(1000));

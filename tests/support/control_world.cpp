@@ -8,19 +8,7 @@
 namespace mavrin2::tests {
 
 using automation::Bstr;
-using interfaces::IMavrin2;
 using interfaces::IMavrin2Position;
-
-namespace {
-
-template <class Value, class Interface>
-Value Got(Interface& object, HRESULT (STDMETHODCALLTYPE Interface::*getter)(Value*)) {
-    Value value{};
-    (object.*getter)(&value);
-    return value;
-}
-
-}  // namespace
 
 Samples Ramp(std::size_t count, std::int16_t first) {
     Samples samples(count);
@@ -126,22 +114,6 @@ std::string ControlWorld::FormatString() {
     Bstr text;
     FileInfo->get_FormatString(text.Put());
     return text.Utf8();
-}
-
-std::int32_t ControlWorld::Status() {
-    return Got(*Control, &IMavrin2::get_Status);
-}
-
-std::int32_t ControlWorld::LastError() {
-    return static_cast<std::int32_t>(Got(*Control, &IMavrin2::get_LastErrorNum));
-}
-
-bool ControlWorld::UndoEnabled() {
-    return Got(*Control, &IMavrin2::get_UndoEnabled) == 1;
-}
-
-bool ControlWorld::RedoEnabled() {
-    return Got(*Control, &IMavrin2::get_RedoEnabled) == 1;
 }
 
 std::string ControlWorld::Positions() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -23,6 +25,14 @@ Samples Without(Samples samples, std::size_t first, std::size_t last);
 // The bytes of a work file, written down field by field.
 std::vector<std::byte> WorkFileOf(std::uint32_t frequency, std::uint16_t channels,
                                   const Samples& samples);
+
+// What a property gives.
+template <class Value, class Interface>
+Value Got(Interface& object, HRESULT (STDMETHODCALLTYPE Interface::*getter)(Value*)) {
+    Value value{};
+    EXPECT_EQ((object.*getter)(&value), S_OK);
+    return value;
+}
 
 // A control with everything around it: a system of memory, a file companion that is a fake, a host
 // that writes down the events. Start makes the control; until then what it is made of can be set.
@@ -58,10 +68,12 @@ struct ControlWorld {
     std::filesystem::path WorkFile();  // of the open document
     Samples DocumentSamples();
     std::string FormatString();
-    std::int32_t Status();
-    std::int32_t LastError();
-    bool UndoEnabled();
-    bool RedoEnabled();
+    LONG Status() { return Got(*Control, &interfaces::IMavrin2::get_Status); }
+    LONG LastError() {
+        return static_cast<LONG>(Got(*Control, &interfaces::IMavrin2::get_LastErrorNum));
+    }
+    bool UndoEnabled() { return Got(*Control, &interfaces::IMavrin2::get_UndoEnabled) == 1; }
+    bool RedoEnabled() { return Got(*Control, &interfaces::IMavrin2::get_RedoEnabled) == 1; }
     // "select 1..2 view 0..9 of 9", with "selected" for "select" where something is.
     std::string Positions();
     // The temporary files there are.

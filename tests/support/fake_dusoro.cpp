@@ -19,26 +19,17 @@ std::string Name(BSTR fileName) {
 
 }  // namespace
 
-void FakeDusoro::Record(const std::string& name, const std::string& arguments) {
+HRESULT FakeDusoro::Record(const std::string& name, const std::string& arguments) {
     const std::string call = name + "(" + arguments + ")";
     if (call == lastCall_ && !Calls.empty()) {
         if (++repeated_ > 2) Calls.resize(Calls.rfind(" x"));
         Calls += " x" + std::to_string(repeated_);
-        return;
+        return S_OK;
     }
     lastCall_ = call;
     repeated_ = 1;
     if (!Calls.empty()) Calls += "; ";
     Calls += call;
-}
-
-void FakeDusoro::GiveUpOutput() {
-    if (State == Output::Unfinished) State = Output::GivenUp;
-}
-
-HRESULT FakeDusoro::Answer(const char* name, LONG* target, LONG value) {
-    Record(name);
-    *target = value;
     return S_OK;
 }
 
@@ -102,54 +93,13 @@ STDMETHODIMP FakeDusoro::ReadBlock(LONG count, SAFEARRAY** samples) {
 }
 
 STDMETHODIMP FakeDusoro::SetPcmFormat(LONG frequency, LONG channels) {
-    Record("SetPcmFormat", Numbers(frequency, channels));
-    return S_OK;
-}
-
-STDMETHODIMP FakeDusoro::SetFormatVOX(LONG frequency) {
-    Record("SetFormatVOX", std::to_string(frequency));
-    return S_OK;
-}
-
-STDMETHODIMP FakeDusoro::GetLength(LONG* frames) {
-    return Answer(
-        "GetLength", frames,
-        Source.ClaimedFrames.value_or(static_cast<LONG>(Source.Samples.size()) / Source.Channels));
-}
-
-STDMETHODIMP FakeDusoro::GetSourceFrequency(LONG* frequency) {
-    return Answer("GetSourceFrequency", frequency, Source.SourceFrequency);
+    return Record("SetPcmFormat", Numbers(frequency, channels));
 }
 
 STDMETHODIMP FakeDusoro::GetFormatText(BSTR* text) {
     Record("GetFormatText");
     *text = automation::NewBstr(
-        std::string_view(State == Output::Unfinished ? "Fake output" : Source.Text));
-    return S_OK;
-}
-
-STDMETHODIMP FakeDusoro::GetBitsPerSample(LONG* bits) {
-    return Answer("GetBitsPerSample", bits, Source.Bits);
-}
-
-STDMETHODIMP FakeDusoro::GetErrorCode(LONG* code) {
-    return Answer("GetErrorCode", code, code_);
-}
-
-STDMETHODIMP FakeDusoro::GetChannels(LONG* channels) {
-    return Answer("GetChannels", channels, Source.Channels);
-}
-
-STDMETHODIMP FakeDusoro::GetFrequency(LONG* frequency) {
-    return Answer("GetFrequency", frequency, Source.Frequency);
-}
-
-STDMETHODIMP FakeDusoro::GetFormatKind(LONG* kind) {
-    return Answer("GetFormatKind", kind, Source.Kind);
-}
-
-STDMETHODIMP FakeDusoro::SetWmaMode(LONG on) {
-    Record("SetWmaMode", std::to_string(on));
+        std::string_view(State == Output::Unfinished ? "Fake output" : "Fake sound"));
     return S_OK;
 }
 

@@ -19,14 +19,12 @@ public:
     // What every file holds that is opened.
     struct {
         LONG Frequency = 1000;
-        LONG SourceFrequency = 1000;
         LONG Channels = 1;
         std::vector<std::int16_t> Samples;  // interleaved
         std::optional<LONG> ClaimedFrames;  // where it is not the true length
-        std::optional<LONG> FramesPerRead;  // where blocks come smaller than asked for
         LONG Bits = 16;
-        LONG Kind = 1;  // plain PCM
-        std::string Text = "Fake sound";
+        LONG Kind = 1;                      // plain PCM
+        std::optional<LONG> FramesPerRead;  // where blocks come smaller than asked for
     } Source;
 
     // What goes wrong.
@@ -52,21 +50,41 @@ public:
     STDMETHODIMP WriteBlock(SAFEARRAY* samples) override;
     STDMETHODIMP ReadBlock(LONG count, SAFEARRAY** samples) override;
     STDMETHODIMP SetPcmFormat(LONG frequency, LONG channels) override;
-    STDMETHODIMP SetFormatVOX(LONG frequency) override;
-    STDMETHODIMP GetLength(LONG* frames) override;
-    STDMETHODIMP GetSourceFrequency(LONG* frequency) override;
+    STDMETHODIMP SetFormatVOX(LONG frequency) override {
+        return Record("SetFormatVOX", std::to_string(frequency));
+    }
+    STDMETHODIMP GetLength(LONG* frames) override {
+        const auto length = static_cast<LONG>(Source.Samples.size()) / Source.Channels;
+        return Answer("GetLength", frames, Source.ClaimedFrames.value_or(length));
+    }
+    STDMETHODIMP GetSourceFrequency(LONG* frequency) override {
+        return Answer("GetSourceFrequency", frequency, Source.Frequency);
+    }
+    STDMETHODIMP GetBitsPerSample(LONG* bits) override {
+        return Answer("GetBitsPerSample", bits, Source.Bits);
+    }
+    STDMETHODIMP GetErrorCode(LONG* code) override { return Answer("GetErrorCode", code, code_); }
+    STDMETHODIMP GetChannels(LONG* channels) override {
+        return Answer("GetChannels", channels, Source.Channels);
+    }
+    STDMETHODIMP GetFrequency(LONG* frequency) override {
+        return Answer("GetFrequency", frequency, Source.Frequency);
+    }
+    STDMETHODIMP GetFormatKind(LONG* kind) override {
+        return Answer("GetFormatKind", kind, Source.Kind);
+    }
     STDMETHODIMP GetFormatText(BSTR* text) override;
-    STDMETHODIMP GetBitsPerSample(LONG* bits) override;
-    STDMETHODIMP GetErrorCode(LONG* code) override;
-    STDMETHODIMP GetChannels(LONG* channels) override;
-    STDMETHODIMP GetFrequency(LONG* frequency) override;
-    STDMETHODIMP GetFormatKind(LONG* kind) override;
-    STDMETHODIMP SetWmaMode(LONG on) override;
+    STDMETHODIMP SetWmaMode(LONG on) override { return Record("SetWmaMode", std::to_string(on)); }
 
 private:
-    void Record(const std::string& name, const std::string& arguments = {});
-    void GiveUpOutput();
-    HRESULT Answer(const char* name, LONG* target, LONG value);
+    HRESULT Record(const std::string& name, const std::string& arguments = {});
+    void GiveUpOutput() {
+        if (State == Output::Unfinished) State = Output::GivenUp;
+    }
+    HRESULT Answer(const char* name, LONG* target, LONG value) {
+        *target = value;
+        return Record(name);
+    }
 
     std::string lastCall_;
     int repeated_ = 0;
