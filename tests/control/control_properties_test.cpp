@@ -63,19 +63,19 @@ TEST_F(ControlProperties, KeepNumbersWithinTheirRanges) {
 }
 
 TEST_F(ControlProperties, TakeTheFolderOfAPathForTemporaryFiles) {
-    System.Files->AddFolder("/work/deep");
-    PutTempDirectory("/work/deep/");
-    EXPECT_EQ(WorkFile(), "/work/deep/");
-    PutTempDirectory("/work/deep");
-    EXPECT_EQ(WorkFile(), "/work/") << "a name without a separator behind it is a file's";
+    System.Files->AddFolder("/other/deep");
+    PutTempDirectory("/other/deep/");
+    EXPECT_EQ(WorkFile(), "/other/deep/");
+    PutTempDirectory("/other/deep");
+    EXPECT_EQ(WorkFile(), "/other/") << "a name without a separator behind it is a file's";
     for (const char* refused : {"/missing/", "name", ""}) {
         PutTempDirectory(refused);
-        EXPECT_EQ(WorkFile(), "/work/") << refused;
+        EXPECT_EQ(WorkFile(), "/other/") << refused;
         EXPECT_EQ(LastError(), 0);
     }
     EXPECT_EQ(TempFileName(), "/tmp/private/KovClipBoard.wav");
     NewSound();
-    EXPECT_EQ(WorkFile().parent_path(), "/work");
+    EXPECT_EQ(WorkFile().parent_path(), "/other");
     EXPECT_TRUE(WorkFile().filename().string().starts_with("nct"));
     EXPECT_EQ(WorkFile().extension(), ".tmp");
 }
