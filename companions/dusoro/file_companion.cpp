@@ -46,7 +46,8 @@ HRESULT StatusOf(SoundError error) {
 // The path a host means; empty, which no file has, for a name that no file can have.
 std::filesystem::path PathOf(BSTR name) {
     const automation::OleStringView text = automation::Bstr::View(name);
-    return text.find(OLECHAR{0}) == text.npos ? automation::ToPath(text) : std::filesystem::path();
+    return text.find(OLECHAR{0}) == automation::OleStringView::npos ? automation::ToPath(text)
+                                                                    : std::filesystem::path();
 }
 
 HRESULT Give(LONG* target, std::int64_t value) {

@@ -3,6 +3,7 @@
 #include "automation/module.h"
 #include "companions/dusoro/file_companion.h"
 #include "platform/module_path.h"
+#include "platform/ports.h"
 
 namespace mavrin2 {
 namespace {
@@ -15,8 +16,8 @@ std::filesystem::path BackendFolder() {
 
 HRESULT CreateFileCompanion(IUnknown* outer, REFIID iid, void** object) {
     return automation::Guarded([&] {
-        return dusoro::FileCompanion::Create(outer, iid, object,
-                                             dusoro::SoundFiles(BackendFolder()));
+        return dusoro::FileCompanion::Create(
+            outer, iid, object, dusoro::SoundFiles(platform::SystemPorts().Files, BackendFolder()));
     });
 }
 

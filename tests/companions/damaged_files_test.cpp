@@ -2,6 +2,7 @@
 
 #include <sys/resource.h>
 
+#include "platform/memory/memory_file_system.h"
 #include "tests/companions/sound_test.h"
 
 namespace mavrin2::dusoro {
@@ -30,14 +31,16 @@ TEST_P(DamagedFilesTest, DoNoHarm) {
     tests::DamagedFiles damaged(Whole(name), 20'240'229, ogg ? tests::SealOggPages : nullptr);
     ReadAll(Data("tone.m4a"));  // with all libraries loaded
     const long before = PeakKilobytes();
+    const auto memory = std::make_shared<platform::MemoryFileSystem>();
+    const SoundFiles files(memory, BACKEND_FOLDER);
     int opened = 0;
     Samples block(std::size_t{2} * 65536);
     const int variants = std::filesystem::exists(Data(name)) ? 200 : 600;
     for (int i = 0; i < variants; ++i) {
         SCOPED_TRACE(i);
         const std::string bytes = damaged.Next();
-        WriteBytes(In("damaged"), bytes);
-        auto found = files_.Open(In("damaged"), FormatType::Default);
+        memory->AddFile("/damaged", bytes);
+        auto found = files.Open("/damaged", FormatType::Default);
         if (!found) {
             EXPECT_TRUE(found.Error == SoundError::FormatFile ||
                         found.Error == SoundError::FormatNotSupported);

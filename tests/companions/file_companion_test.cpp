@@ -49,7 +49,8 @@ protected:
         return text.Utf8();
     }
 
-    automation::ComPtr<FileCompanion> companion_ = FileCompanion::Make(SoundFiles(BACKEND_FOLDER));
+    automation::ComPtr<FileCompanion> companion_ =
+        FileCompanion::Make(SoundFiles(platform::SystemPorts().Files, BACKEND_FOLDER));
 };
 
 using I = contracts::IDusoro2;

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "platform/memory/memory_file_system.h"
 #include "tests/companions/sound_test.h"
 
 namespace mavrin2::dusoro {
@@ -251,7 +252,8 @@ TEST_F(ReadingTest, ContentDecidesNotTheName) {
 TEST_F(ReadingTest, TakesHeaderlessDataForVoxByNameOrType) {
     WriteBytes(In("a.vox"), std::string(500, '\x08'));
     WriteBytes(In("b.bin"), std::string(500, '\x08'));
-    const auto byName = Open(In("a.vox")), byType = Open(In("b.bin"), FormatType::Vox);
+    const auto byName = Open(In("a.vox"));
+    const auto byType = Open(In("b.bin"), FormatType::Vox);
     for (const SoundReader* reader : {byName.get(), byType.get()}) {
         ASSERT_TRUE(reader);
         EXPECT_EQ(reader->Description().Delivered, (PcmFormat{8000, 1}));
@@ -316,6 +318,25 @@ TEST_F(ReadingTest, DeliversWhatIsThereWhenTheHeaderClaimsMore) {
     // A length that no file of this size can have is not believed.
     EXPECT_LE(Open(In("b.flac"))->Description().Frames,
               static_cast<std::int64_t>(bytes.size()) * 8192);
+}
+
+TEST_F(ReadingTest, EndsWhereTheDiskFails) {
+    const PcmFormat format{44100, 2};
+    const Samples noise = Noise(600'000, 8000);
+    const auto memory = std::make_shared<platform::MemoryFileSystem>();
+    const SoundFiles files(memory, BACKEND_FOLDER);
+    for (const char* name : {"a.wav", "a.flac", "a.ogg", "a.mp3"}) {
+        ASSERT_TRUE(Save(In(name), format, noise));
+        memory->AddFile("/a", ReadBytes(In(name)));
+        memory->FailFrom(platform::MemoryFileSystem::Operation::Read, 1);
+        EXPECT_EQ(files.Open("/a", FormatType::Default).Error, SoundError::FileAccess);
+        memory->FailNothing();
+        const auto opened = files.Open("/a", FormatType::Default);
+        ASSERT_TRUE(opened) << name;
+        memory->FailFrom(platform::MemoryFileSystem::Operation::Read, 2);
+        EXPECT_LT(ReadAll(*opened.Result).size(), noise.size()) << name;
+        memory->FailNothing();
+    }
 }
 
 TEST_F(ReadingTest, LeavesDamagedPacketsOutAndGoesOn) {

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "companions/dusoro/sound/sound_files.h"
+#include "platform/ports.h"
 #include "tests/support/scratch_folder.h"
 
 namespace mavrin2::dusoro {
@@ -91,7 +92,8 @@ protected:
     // All that is left, in blocks of that many frames.
     static Samples ReadAll(SoundReader& reader, std::size_t block = 4096) {
         const auto channels = static_cast<std::size_t>(reader.Description().Delivered.Channels);
-        Samples all, part(block * channels);
+        Samples all;
+        Samples part(block * channels);
         while (const std::size_t frames = reader.Read(part))
             all.insert(all.end(), part.begin(),
                        part.begin() + static_cast<std::ptrdiff_t>(frames * channels));
@@ -121,7 +123,7 @@ protected:
         return writer && writer->Write(samples) && writer->Finish();
     }
 
-    SoundFiles files_{BACKEND_FOLDER};
+    SoundFiles files_{platform::SystemPorts().Files, BACKEND_FOLDER};
 
 private:
     tests::ScratchFolder folder_;

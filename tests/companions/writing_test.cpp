@@ -18,9 +18,11 @@ struct PlanCase {
 
 TEST_F(WritingTest, NameAndTypeChooseTheKindOfFile) {
     using enum Container;
-    constexpr SoundError kFine = SoundError::None, kNo = SoundError::FormatNotSupported;
+    constexpr SoundError kFine = SoundError::None;
+    constexpr SoundError kNo = SoundError::FormatNotSupported;
     constexpr FormatType kByName = FormatType::Default;
-    constexpr PcmFormat kStereo{44100, 2}, kVox{6000, 1};
+    constexpr PcmFormat kStereo{44100, 2};
+    constexpr PcmFormat kVox{6000, 1};
     const PlanCase cases[] = {
         {"a.wav", kByName, kStereo, kFine, Wav, kStereo},
         {"a.WAV", kByName, {1, 1}, kFine, Wav, {1, 1}},
@@ -107,9 +109,9 @@ TEST_F(WritingTest, KeepsTheSoundInTheLossyKinds) {
         ASSERT_TRUE(writer);
         EXPECT_EQ(writer->Description().Text, text);
         // In pieces of an odd size, as a cancelled save or a small block would.
-        for (std::size_t i = 0; i < tone.size(); i += 2 * 777)
+        for (std::size_t i = 0; i < tone.size(); i += 1554)
             ASSERT_TRUE(writer->Write(
-                std::span(tone).subspan(i, std::min<std::size_t>(2 * 777, tone.size() - i))));
+                std::span(tone).subspan(i, std::min<std::size_t>(1554, tone.size() - i))));
         ASSERT_TRUE(writer->Finish());
         const Samples read = ReadAll(In(name));
         ASSERT_EQ(read.size(), tone.size());
@@ -133,9 +135,9 @@ TEST_F(WritingTest, WritesVoxInMonoAtItsOwnRate) {
     ASSERT_TRUE(writer);
     EXPECT_EQ(writer->Description().Carried, (PcmFormat{8000, 1}));
     EXPECT_EQ(writer->Description().Text, "VOX ADPCM 8000 Hz; 4 bit; mono");
-    for (std::size_t i = 0; i < tone.size(); i += 2 * 333)
-        ASSERT_TRUE(writer->Write(
-            std::span(tone).subspan(i, std::min<std::size_t>(2 * 333, tone.size() - i))));
+    for (std::size_t i = 0; i < tone.size(); i += 666)
+        ASSERT_TRUE(
+            writer->Write(std::span(tone).subspan(i, std::min<std::size_t>(666, tone.size() - i))));
     ASSERT_TRUE(writer->Finish());
     EXPECT_EQ(std::filesystem::file_size(In("a.vox")), 4000U);
     const Samples read = ReadAll(In("a.vox"));

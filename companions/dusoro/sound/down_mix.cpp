@@ -74,7 +74,8 @@ void DownMix::Apply(std::span<const float> in, std::int16_t* out) const {
     const std::size_t channels = gains_.size();
     const std::size_t frames = in.size() / channels;
     for (std::size_t i = 0; i < frames; ++i) {
-        float left = 0, right = 0;
+        float left = 0;
+        float right = 0;
         for (std::size_t c = 0; c < channels; ++c) {
             const float x = in[i * channels + c];
             left += x * gains_[c].Left;

@@ -5,7 +5,8 @@
 namespace mavrin2::dusoro {
 
 std::int64_t FramesAtRate(std::int64_t frames, std::int32_t from, std::int32_t to) {
-    const std::int64_t whole = frames / from, rest = frames % from;
+    const std::int64_t whole = frames / from;
+    const std::int64_t rest = frames % from;
     return whole * to + (rest * to * 2 + from) / (std::int64_t{2} * from);
 }
 

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <random>
+#include <utility>
 
 namespace mavrin2::dusoro {
 namespace {
@@ -45,7 +46,7 @@ int CreateBeside(const fs::path& target, fs::path& name) {
 }  // namespace
 
 std::unique_ptr<OutputFile> OutputFile::Create(const fs::path& path) {
-    const fs::path target = FollowLinks(path);
+    fs::path target = FollowLinks(path);
     if (!target.has_filename()) return nullptr;
 
     struct stat older {};
@@ -65,12 +66,45 @@ std::unique_ptr<OutputFile> OutputFile::Create(const fs::path& path) {
 }
 
 OutputFile::~OutputFile() {
+    Close();
     if (!temporary_.empty()) unlink(temporary_.c_str());
 }
 
+std::optional<std::size_t> OutputFile::Read(std::int64_t offset, std::span<std::byte> target) {
+    std::size_t done = 0;
+    while (done < target.size()) {
+        const ssize_t got = pread(descriptor_, target.data() + done, target.size() - done,
+                                  offset + static_cast<std::int64_t>(done));
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) return std::nullopt;
+        if (got == 0) break;
+        done += static_cast<std::size_t>(got);
+    }
+    return done;
+}
+
 bool OutputFile::Write(std::int64_t offset, std::span<const std::byte> source) {
-    if (!failed_) failed_ = !DescriptorFile::Write(offset, source);
+    while (!failed_ && !source.empty()) {
+        const ssize_t put = pwrite(descriptor_, source.data(), source.size(), offset);
+        if (put < 0 && errno == EINTR) continue;
+        failed_ = put <= 0;
+        if (failed_) break;
+        source = source.subspan(static_cast<std::size_t>(put));
+        offset += put;
+    }
     return !failed_;
+}
+
+std::optional<std::int64_t> OutputFile::Length() {
+    struct stat status {};
+    if (fstat(descriptor_, &status) != 0) return std::nullopt;
+    return status.st_size;
+}
+
+// Some file systems tell only now that something was not written.
+bool OutputFile::Close() {
+    const int descriptor = std::exchange(descriptor_, -1);
+    return descriptor < 0 || close(descriptor) == 0;
 }
 
 bool OutputFile::Commit() {

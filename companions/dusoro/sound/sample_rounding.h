@@ -1,6 +1,7 @@
 #pragma once
 
 #include <bit>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <type_traits>
@@ -14,7 +15,7 @@ namespace mavrin2::dusoro {
 template <class Float>
 inline std::int16_t RoundSteps(Float x) {
     static_assert(std::is_floating_point_v<Float>);
-    x = x == x ? x : Float(0);
+    x = std::isnan(x) ? Float(0) : x;
     x = x > Float(-32768) ? x : Float(-32768);
     x = x < Float(32767) ? x : Float(32767);
     // Added to 1.5 x 2^(bits of the mantissa), a number of this size lands rounded in the low bits.

@@ -4,7 +4,6 @@
 
 #include "companions/dusoro/sound/converting_reader.h"
 #include "companions/dusoro/sound/converting_writer.h"
-#include "companions/dusoro/sound/descriptor_file.h"
 #include "companions/dusoro/sound/output_file.h"
 #include "companions/dusoro/sound/reading_plan.h"
 
@@ -47,7 +46,7 @@ private:
 
 Outcome<std::unique_ptr<SoundReader>> SoundFiles::Open(const std::filesystem::path& path,
                                                        FormatType type) const {
-    const std::shared_ptr<platform::File> file = OpenInput(path);
+    const std::shared_ptr<platform::File> file = inputs_->OpenForReading(path);
     if (!file) return SoundError::FileAccess;
     std::array<std::byte, kHeadSize> head{};
     const auto got = file->Read(0, head);

@@ -10,15 +10,17 @@
 #include "companions/dusoro/sound/sound_error.h"
 #include "companions/dusoro/sound/sound_reader.h"
 #include "companions/dusoro/sound/sound_writer.h"
+#include "platform/files.h"
 
 namespace mavrin2::dusoro {
 
 // Opens and creates sound files of every kind, with the library that each needs.
 class SoundFiles {
 public:
-    // `backendFolder` holds the modules around the libraries.
-    explicit SoundFiles(std::filesystem::path backendFolder)
-        : backends_(std::move(backendFolder)) {}
+    // `files` is where sounds are read from; `backendFolder` holds the modules around the
+    // libraries.
+    SoundFiles(std::shared_ptr<platform::FileSystem> files, std::filesystem::path backendFolder)
+        : inputs_(std::move(files)), backends_(std::move(backendFolder)) {}
 
     // A reader at the file's own rate, mono or stereo.
     Outcome<std::unique_ptr<SoundReader>> Open(const std::filesystem::path& path,
@@ -38,6 +40,7 @@ public:
 private:
     std::unique_ptr<FormatConverter> Converter(PcmFormat from, PcmFormat to) const;
 
+    std::shared_ptr<platform::FileSystem> inputs_;
     BackendLoader backends_;
 };
 

@@ -7,7 +7,8 @@
 namespace mavrin2::dusoro {
 
 bool IsChainedOgg(platform::File& file) {
-    constexpr std::size_t kHeader = 27, kMostSegments = 255;
+    constexpr std::size_t kHeader = 27;
+    constexpr std::size_t kMostSegments = 255;
     constexpr std::array<std::uint8_t, 5> kMagic = {'O', 'g', 'g', 'S', 0};
     constexpr std::uint8_t kFirstOfStream = 2;
     std::array<std::uint8_t, kHeader + kMostSegments> page{};

@@ -8,7 +8,7 @@
 namespace mavrin2::dusoro {
 namespace {
 
-constexpr std::size_t kBlockFrames = 1152 * 16;
+constexpr std::size_t kBlockFrames = 18'432;  // 16 frames of MPEG
 
 // The library's messages are for whoever debugs it.
 void Quiet(const char*, va_list) {}
