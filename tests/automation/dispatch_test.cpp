@@ -5,6 +5,7 @@
 
 #include "tests/automation/late_call.h"
 #include "tests/automation/thing.h"
+#include "tests/automation/ways_to_call.h"
 
 namespace mavrin2::tests {
 namespace {
@@ -23,7 +24,8 @@ constexpr WORD kGet = DISPATCH_PROPERTYGET;
 constexpr WORD kPut = DISPATCH_PROPERTYPUT;
 constexpr DISPID kNewValue = DISPID_PROPERTYPUT;
 
-class Dispatch : public testing::Test {
+// Every call is made in each way that the system has.
+class Dispatch : public testing::TestWithParam<WayToCall> {
 protected:
     ~Dispatch() override {
         object_.Reset();
@@ -34,8 +36,11 @@ protected:
     IDispatch& Object() { return *object_; }
 
     ComPtr<TestThing> thing_ = TestThing::Make();
-    ComPtr<IDispatch> object_ = thing_.As<IDispatch>();
+    ComPtr<IDispatch> object_ = GetParam().To(*thing_);
 };
+
+INSTANTIATE_TEST_SUITE_P(Through, Dispatch, testing::ValuesIn(WaysToCall()),
+                         [](const auto& way) { return std::string(way.param.Name); });
 
 struct CallCase {
     const char* Why;
@@ -47,7 +52,7 @@ struct CallCase {
     UINT BadArgument = LateCall::kNone;
 };
 
-TEST_F(Dispatch, ConvertsArgumentsAsTheSystemDoesAndTellsWhichOneIsWrong) {
+TEST_P(Dispatch, ConvertsArgumentsAsTheSystemDoesAndTellsWhichOneIsWrong) {
     const CallCase cases[] = {
         {"as it is", "EchoLong", {LONG{-5}}, {}, S_OK, LONG{-5}},
         {"wider", "EchoLong", {SHORT{-5}}, {}, S_OK, LONG{-5}},
@@ -124,7 +129,7 @@ TEST_F(Dispatch, ConvertsArgumentsAsTheSystemDoesAndTellsWhichOneIsWrong) {
     }
 }
 
-TEST_F(Dispatch, FollowsReferencesToArguments) {
+TEST_P(Dispatch, FollowsReferencesToArguments) {
     LONG number = 41;
     VARIANT byNumber{};
     byNumber.vt = VT_BYREF | VT_I4;
@@ -142,7 +147,7 @@ TEST_F(Dispatch, FollowsReferencesToArguments) {
               Value("17"));
 }
 
-TEST_F(Dispatch, FillsOutParametersOfEitherKindAndOnlyOnSuccess) {
+TEST_P(Dispatch, FillsOutParametersOfEitherKindAndOnlyOnSuccess) {
     LONG remainder = 0;
     VARIANT exact{};
     exact.vt = VT_BYREF | VT_I4;
@@ -171,7 +176,7 @@ TEST_F(Dispatch, FillsOutParametersOfEitherKindAndOnlyOnSuccess) {
     EXPECT_EQ(wrong.BadArgument, 1U);
 }
 
-TEST_F(Dispatch, PassesArraysOfTheDescribedElementOnly) {
+TEST_P(Dispatch, PassesArraysOfTheDescribedElementOnly) {
     for (const VARTYPE type : {VT_I2, VT_I4}) {
         Variant values;
         values.parray = SafeArrayCreateVector(type, 0, 3);
@@ -192,10 +197,10 @@ TEST_F(Dispatch, PassesArraysOfTheDescribedElementOnly) {
     }
 }
 
-TEST_F(Dispatch, HandsObjectsThroughByTheInterfaceThatIsDescribed) {
+TEST_P(Dispatch, HandsObjectsThroughByTheInterfaceThatIsDescribed) {
     VARIANT self{};
     self.vt = VT_UNKNOWN;
-    self.punkVal = object_.Get();
+    self.punkVal = thing_.Get();
     EXPECT_EQ(FromVariant(LateCall(Object(), "IsSame", kCall, Raw{{self}}).Result),
               Value(Bool{-1}));
 
@@ -211,7 +216,7 @@ TEST_F(Dispatch, HandsObjectsThroughByTheInterfaceThatIsDescribed) {
     EXPECT_EQ(LateCall(Object(), "IsSame", kCall, Raw{{self}}).Status, DISP_E_TYPEMISMATCH);
 }
 
-TEST_F(Dispatch, ReadsAndWritesPropertiesWithAndWithoutIndices) {
+TEST_P(Dispatch, ReadsAndWritesPropertiesWithAndWithoutIndices) {
     EXPECT_EQ(LateCall(Object(), "Item", kPut, {"five", LONG{5}}, {kNewValue}).Status, S_OK);
     EXPECT_EQ(FromVariant(LateCall(Object(), "Item", kGet, Values{LONG{5}}).Result), Value("five"));
     // Languages that cannot tell a call from an indexed property ask for both.
@@ -241,7 +246,7 @@ TEST_F(Dispatch, ReadsAndWritesPropertiesWithAndWithoutIndices) {
     EXPECT_EQ(LateCall(Object(), "Item", kPut, Values{}).Status, DISP_E_BADPARAMCOUNT);
 }
 
-TEST_F(Dispatch, ReportsTheFailureOfAMemberWithItsOwnWords) {
+TEST_P(Dispatch, ReportsTheFailureOfAMemberWithItsOwnWords) {
     const LateCall told(Object(), "Fail", kCall, {LONG{E_ACCESSDENIED}, "No entry."});
     EXPECT_EQ(told.Status, DISP_E_EXCEPTION);
     EXPECT_EQ(told.Exception.scode, E_ACCESSDENIED);
@@ -258,7 +263,7 @@ TEST_F(Dispatch, ReportsTheFailureOfAMemberWithItsOwnWords) {
     EXPECT_EQ(thrown.Exception.scode, E_OUTOFMEMORY);
 }
 
-TEST_F(Dispatch, RefusesCallsThatMakeNoSense) {
+TEST_P(Dispatch, RefusesCallsThatMakeNoSense) {
     DISPPARAMS none{};
     const auto invoke = [&](DISPID id, REFIID reserved, DISPPARAMS* arguments) {
         return object_->Invoke(id, reserved, 0, kCall, arguments, nullptr, nullptr, nullptr);
@@ -275,7 +280,7 @@ TEST_F(Dispatch, RefusesCallsThatMakeNoSense) {
     EXPECT_EQ(invoke(15, IID_NULL, &broken), E_INVALIDARG) << "more names than arguments";
 }
 
-TEST_F(Dispatch, FindsMembersAndParametersByName) {
+TEST_P(Dispatch, FindsMembersAndParametersByName) {
     OleString member = ToOle(std::string_view("WITHdefaults"));
     OleString third = ToOle(std::string_view("third"));
     OleString first = ToOle(std::string_view("First"));

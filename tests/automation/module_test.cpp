@@ -2,14 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
 #include "platform/component_registry.h"
+#include "platform/module_path.h"
 #include "tests/automation/thing.h"
-#include "tests/support/environment_variable.h"
-#include "tests/support/scratch_folder.h"
+#include "tests/support/scratch_registry.h"
 
 namespace mavrin2::tests {
 namespace {
@@ -85,20 +81,12 @@ protected:
                                             const std::u16string& name = {}) {
         return platform::SystemComponentRegistry()->Value(key, name);
     }
-    std::string Text() const {
-        std::ostringstream text;
-        text << std::ifstream(file_).rdbuf();
-        return text.str();
-    }
-
-    ScratchFolder folder_;
-    std::filesystem::path file_ = folder_.Path() / "components";
-    EnvironmentVariable variable_{"MAVRIN2_REGISTRY", file_.string()};
+    ScratchRegistry registry_;
 };
 
 TEST_F(Registration, EntersEveryClassWithAllItsKeys) {
     ASSERT_EQ(RegisterModule(kModule), S_OK);
-    const std::u16string module = std::filesystem::canonical("/proc/self/exe").u16string();
+    const std::u16string module = platform::PathOfModule(&kModule).u16string();
     const std::u16string library = u"{5E1F0004-7A51-4C1E-8F01-20116D9A3301}";
     struct {
         const char16_t *Key, *Id, *Description, *Versioned, *ProgId, *Model;
@@ -157,17 +145,21 @@ TEST_F(Registration, IsTakenBackWithoutTouchingOthers) {
         {platform::RegistryChange::Kind::SetValue, u"Other.Class", {}, u"Somebody's"}};
     ASSERT_EQ(platform::SystemComponentRegistry()->Apply(others), S_OK);
     ASSERT_EQ(RegisterModule(kModule), S_OK);
-    ASSERT_NE(Text().find("Test.Control"), std::string::npos);
+    ASSERT_EQ(At(u"Test.Control"), u"Control Class");
     ASSERT_EQ(UnregisterModule(kModule), S_OK);
     EXPECT_EQ(At(u"Other.Class"), u"Somebody's");
-    for (const char* trace : {"Test.", "Class Class", "5E1F00", "5e1f00", "Programmable"})
-        EXPECT_EQ(Text().find(trace), std::string::npos) << trace;
+    for (const std::u16string key :
+         {u"Test.Control.2", u"Test.Control.2\\CLSID", u"Test.Control", u"Test.Control\\CurVer",
+          u"Test.Thing", u"Test.Plain.1\\CLSID", kControlKey, kThingKey, kPlainKey})
+        EXPECT_EQ(At(key), std::nullopt) << testing::PrintToString(key);
+    EXPECT_EQ(At(std::u16string(kControlKey) + u"\\MiscStatus\\1"), std::nullopt);
     EXPECT_EQ(UnregisterModule(kModule), S_OK) << "nothing to remove is no failure";
 }
 
 TEST_F(Registration, TellsWhenTheRegistryCannotBeWritten) {
-    std::filesystem::create_directory(file_);
+    registry_.ForbidWriting();
     EXPECT_TRUE(FAILED(RegisterModule(kModule)));
+    EXPECT_EQ(At(u"Test.Control.2"), std::nullopt);
 }
 
 }  // namespace

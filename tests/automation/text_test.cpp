@@ -15,14 +15,14 @@ using automation::ToUtf8;
 using namespace std::string_view_literals;
 
 TEST(Text, ConvertsWellFormedTextBothWays) {
-    const std::pair<std::string_view, std::u16string_view> texts[] = {
-        {"", u""},
-        {"plain", u"plain"},
-        {"a\0b"sv, u"a\0b"sv},
-        {"\x7f\xc2\x80\xdf\xbf", u"\x7f\x80\u07ff"},
-        {"\xe0\xa0\x80\xed\x9f\xbf\xee\x80\x80\xef\xbf\xbf", u"\u0800\ud7ff\ue000\uffff"},
-        {"\xf0\x90\x80\x80\xf4\x8f\xbf\xbf", u"\U00010000\U0010ffff"},
-        {"na\xc3\xafve \xf0\x9d\x84\x9e", u"na\u00efve \U0001d11e"},
+    const std::pair<std::string_view, OleStringView> texts[] = {
+        {"", OLESTR("")},
+        {"plain", OLESTR("plain")},
+        {"a\0b"sv, OleStringView(OLESTR("a\0b"), 3)},
+        {"\x7f\xc2\x80\xdf\xbf", OLESTR("\x7f\x80\u07ff")},
+        {"\xe0\xa0\x80\xed\x9f\xbf\xee\x80\x80\xef\xbf\xbf", OLESTR("\u0800\ud7ff\ue000\uffff")},
+        {"\xf0\x90\x80\x80\xf4\x8f\xbf\xbf", OLESTR("\U00010000\U0010ffff")},
+        {"na\xc3\xafve \xf0\x9d\x84\x9e", OLESTR("na\u00efve \U0001d11e")},
     };
     for (const auto& [utf8, utf16] : texts) {
         EXPECT_EQ(ToOle(utf8), utf16);
@@ -31,26 +31,26 @@ TEST(Text, ConvertsWellFormedTextBothWays) {
 }
 
 TEST(Text, ReplacesWhatIsMalformedAndGoesOnBehindIt) {
-    const std::pair<std::string_view, std::u16string_view> toOle[] = {
-        {"a\x80z", u"a\ufffdz"},                            // a continuation alone
-        {"\xc3", u"\ufffd"},                                // cut short
-        {"\xf0\x9d\x84", u"\ufffd\ufffd\ufffd"},            // cut shorter
-        {"\xc3z", u"\ufffdz"},                              // no continuation
-        {"\xc0\xaf", u"\ufffd\ufffd"},                      // longer than needed
-        {"\xe0\x80\xaf", u"\ufffd\ufffd\ufffd"},            // so too
-        {"\xed\xa0\x80", u"\ufffd\ufffd\ufffd"},            // half of a pair
-        {"\xf4\x90\x80\x80", u"\ufffd\ufffd\ufffd\ufffd"},  // beyond the last character
-        {"\xff\xfe", u"\ufffd\ufffd"},
+    const std::pair<std::string_view, OleStringView> toOle[] = {
+        {"a\x80z", OLESTR("a\ufffdz")},                            // a continuation alone
+        {"\xc3", OLESTR("\ufffd")},                                // cut short
+        {"\xf0\x9d\x84", OLESTR("\ufffd\ufffd\ufffd")},            // cut shorter
+        {"\xc3z", OLESTR("\ufffdz")},                              // no continuation
+        {"\xc0\xaf", OLESTR("\ufffd\ufffd")},                      // longer than needed
+        {"\xe0\x80\xaf", OLESTR("\ufffd\ufffd\ufffd")},            // so too
+        {"\xed\xa0\x80", OLESTR("\ufffd\ufffd\ufffd")},            // half of a pair
+        {"\xf4\x90\x80\x80", OLESTR("\ufffd\ufffd\ufffd\ufffd")},  // beyond the last character
+        {"\xff\xfe", OLESTR("\ufffd\ufffd")},
     };
     for (const auto& [utf8, utf16] : toOle)
         EXPECT_EQ(ToOle(utf8), utf16);
 
-    const char16_t high = 0xd834;
-    const char16_t low = 0xdd1e;
-    const std::pair<std::u16string, std::string_view> toUtf8[] = {
+    const OLECHAR high = 0xd834;
+    const OLECHAR low = 0xdd1e;
+    const std::pair<OleString, std::string_view> toUtf8[] = {
         {{high}, "\xef\xbf\xbd"},
-        {{low, u'z'}, "\xef\xbf\xbdz"},
-        {{high, u'z'}, "\xef\xbf\xbdz"},
+        {{low, OLECHAR('z')}, "\xef\xbf\xbdz"},
+        {{high, OLECHAR('z')}, "\xef\xbf\xbdz"},
         {{low, high}, "\xef\xbf\xbd\xef\xbf\xbd"},
         {{high, high, low}, "\xef\xbf\xbd\xf0\x9d\x84\x9e"},
     };
@@ -61,7 +61,7 @@ TEST(Text, ReplacesWhatIsMalformedAndGoesOnBehindIt) {
 TEST(Text, KeepsTheNamesOfFiles) {
     const std::filesystem::path path = "/tmp/na\xc3\xafve \xf0\x9d\x84\x9e.wav";
     EXPECT_EQ(ToPath(ToOle(path)), path);
-    EXPECT_EQ(ToPath(u"x/\u00ef"), "x/\xc3\xaf");
+    EXPECT_EQ(ToPath(OLESTR("x/\u00ef")), "x/\xc3\xaf");
 }
 
 TEST(Text, ComparesAsciiLettersWithoutCase) {
@@ -73,14 +73,13 @@ TEST(Text, ComparesAsciiLettersWithoutCase) {
 
 TEST(Bstr, OwnsItsCharacters) {
     const Bstr empty;
-    EXPECT_EQ(empty.View(), u"");
-    Bstr text(u"a\0b"sv);
+    EXPECT_EQ(empty.View(), OLESTR(""));
+    Bstr text(OleStringView(OLESTR("a\0b"), 3));
     EXPECT_EQ(SysStringLen(text.Get()), 3U);
     Bstr other(std::move(text));
-    EXPECT_EQ(text.Get(), nullptr);
     EXPECT_EQ(other.Utf8(), "a\0b"sv);
     *other.Put() = automation::NewBstr("next"sv);
-    EXPECT_EQ(other.View(), u"next");
+    EXPECT_EQ(other.View(), OLESTR("next"));
 }
 
 }  // namespace

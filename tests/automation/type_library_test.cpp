@@ -6,6 +6,7 @@
 #include "automation/text.h"
 #include "tests/automation/late_call.h"
 #include "tests/automation/thing.h"
+#include "tests/automation/type_texts.h"
 
 namespace mavrin2::tests {
 namespace {
@@ -17,76 +18,6 @@ using automation::OleString;
 using automation::ToOle;
 using automation::ToUtf8;
 using testing::ElementsAre;
-
-std::string NameOf(ITypeInfo& information, MEMBERID member = MEMBERID_NIL) {
-    Bstr name;
-    EXPECT_EQ(information.GetDocumentation(member, name.Put(), nullptr, nullptr, nullptr), S_OK);
-    return name.Utf8();
-}
-
-std::string HelpOf(ITypeInfo& information, MEMBERID member) {
-    Bstr help;
-    EXPECT_EQ(information.GetDocumentation(member, nullptr, help.Put(), nullptr, nullptr), S_OK);
-    return help.Utf8();
-}
-
-// A type as text: enumerations and objects by the names they are referred to.
-std::string TypeText(ITypeInfo& information, const TYPEDESC& type) {
-    if (type.vt == VT_PTR) return "*" + TypeText(information, *type.lptdesc);
-    if (type.vt == VT_SAFEARRAY) return "[" + TypeText(information, *type.lptdesc) + "]";
-    if (type.vt != VT_USERDEFINED) return std::to_string(type.vt);
-    ComPtr<ITypeInfo> referred;
-    EXPECT_EQ(information.GetRefTypeInfo(type.hreftype, referred.Put()), S_OK);
-    return referred ? NameOf(*referred) : "?";
-}
-
-std::string DirectionText(const ELEMDESC& parameter) {
-    std::string text;
-    const auto add = [&](USHORT flag, const char* word) {
-        if (parameter.paramdesc.wParamFlags & flag) text += word;
-    };
-    add(PARAMFLAG_FIN, "in ");
-    add(PARAMFLAG_FOUT, "out ");
-    add(PARAMFLAG_FRETVAL, "retval ");
-    add(PARAMFLAG_FOPT, "optional ");
-    if (parameter.paramdesc.wParamFlags & PARAMFLAG_FHASDEFAULT) {
-        std::ostringstream value;
-        value << FromVariant(parameter.paramdesc.pparamdescex->varDefaultValue);
-        text += "= " + value.str() + " ";
-    }
-    return text;
-}
-
-std::string MemberText(ITypeInfo& information, const FUNCDESC& function) {
-    constexpr UINT kRoom = 8;
-    BSTR names[kRoom] = {};
-    UINT count = 0;
-    EXPECT_EQ(information.GetNames(function.memid, names, kRoom, &count), S_OK);
-    std::string text = std::to_string(function.invkind) + " " +
-                       TypeText(information, function.elemdescFunc.tdesc) + " " +
-                       ToUtf8(Bstr::View(names[0])) + "(";
-    for (SHORT i = 0; i < function.cParams; ++i) {
-        const ELEMDESC& parameter = function.lprgelemdescParam[i];
-        const UINT name = static_cast<UINT>(i) + 1;
-        text += (i ? ", " : "") + DirectionText(parameter) + TypeText(information, parameter.tdesc);
-        if (name < count) text += " " + ToUtf8(Bstr::View(names[name]));
-    }
-    for (BSTR name : names)
-        SysFreeString(name);
-    return text + ")";
-}
-
-// The members of a type as texts, by their places.
-std::map<MEMBERID, std::vector<std::string>> MembersOf(ITypeInfo& information) {
-    std::map<MEMBERID, std::vector<std::string>> members;
-    FUNCDESC* function = nullptr;
-    for (UINT i = 0; SUCCEEDED(information.GetFuncDesc(i, &function)); ++i) {
-        EXPECT_EQ(function->funckind, FUNC_DISPATCH);
-        members[function->memid].push_back(MemberText(information, *function));
-        information.ReleaseFuncDesc(function);
-    }
-    return members;
-}
 
 class TypeLibrary : public testing::Test {
 protected:
@@ -142,8 +73,9 @@ TEST_F(TypeLibrary, TellsItsNameVersionAndWhichNamesItHolds) {
     EXPECT_EQ(name.Utf8(), "TestLib");
     EXPECT_EQ(help.Utf8(), "Library of the tests");
 
-    for (const auto& [text, there] :
-         {std::pair(u"echoLONG", true), {u"TestThing", true}, {u"LaterOne", false}}) {
+    for (const auto& [text, there] : {std::pair(OLESTR("echoLONG"), true),
+                                      {OLESTR("TestThing"), true},
+                                      {OLESTR("LaterOne"), false}}) {
         OleString wanted = text;
         BOOL found = 2;
         EXPECT_EQ(library_->IsName(wanted.data(), 0, &found), S_OK);
@@ -230,20 +162,7 @@ TEST_F(TypeLibrary, DescribesEventsThatAClassRaises) {
 
 TEST_F(TypeLibrary, DescribesEnumerations) {
     const auto shapes = Type(0);
-    std::map<std::string, LONG> values;
-    VARDESC* variable = nullptr;
-    for (UINT i = 0; SUCCEEDED(shapes->GetVarDesc(i, &variable)); ++i) {
-        EXPECT_EQ(variable->varkind, VAR_CONST);
-        BSTR name = nullptr;
-        UINT count = 0;
-        EXPECT_EQ(shapes->GetNames(variable->memid, &name, 1, &count), S_OK);
-        values[ToUtf8(Bstr::View(name))] = variable->lpvarValue->lVal;
-        EXPECT_EQ(NameOf(*shapes, variable->memid), ToUtf8(Bstr::View(name)));
-        SysFreeString(name);
-        shapes->ReleaseVarDesc(variable);
-    }
-    const std::map<std::string, LONG> expected{{"ROUND", 1}, {"SQUARE", 4}, {"SUNKEN", -3}};
-    EXPECT_EQ(values, expected);
+    EXPECT_THAT(ConstantsOf(*shapes), ElementsAre("ROUND = 1", "SQUARE = 4", "SUNKEN = -3"));
 }
 
 TEST_F(TypeLibrary, InvokesByWayOfTheTypeInformation) {
