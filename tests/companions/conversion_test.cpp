@@ -1,6 +1,8 @@
+#include <bit>
 #include <cmath>
 
 #include "companions/dusoro/sound/format_converter.h"
+#include "companions/dusoro/sound/sample_blocks.h"
 #include "tests/companions/sound_test.h"
 
 namespace mavrin2::dusoro {
@@ -70,6 +72,28 @@ TEST_F(ConversionTest, DoublesMonoAndAveragesStereo) {
     EXPECT_EQ(doubled.size() / 2, static_cast<std::size_t>(FramesAtRate(5000, 8000, 11025)));
     for (std::size_t i = 0; i < doubled.size(); i += 2)
         ASSERT_EQ(doubled[i], doubled[i + 1]);
+}
+
+TEST_F(ConversionTest, ABlockIsConvertedLikeItsSamples) {
+    std::mt19937 random(5);
+    std::vector<float> left;
+    std::vector<float> right;
+    for (int i = 0; i < 1000; ++i) {
+        // Any bit pattern at all, and in turn what is near a tie.
+        left.push_back(std::bit_cast<float>(static_cast<std::uint32_t>(random())));
+        right.push_back((static_cast<float>(random() % 70'000) - 35'000) / 65536);
+    }
+    for (const std::size_t count : {0, 1, 7, 8, 9, 999}) {
+        Samples single(count);
+        Samples both(2 * count);
+        ConvertSamples(left.data() + 1, single.data(), count);
+        InterleaveStereo(left.data() + 1, right.data() + 1, both.data(), count);
+        for (std::size_t i = 0; i < count; ++i) {
+            ASSERT_EQ(single[i], ToSample(left[i + 1])) << left[i + 1];
+            ASSERT_EQ(both[2 * i], ToSample(left[i + 1])) << left[i + 1];
+            ASSERT_EQ(both[2 * i + 1], ToSample(right[i + 1])) << right[i + 1];
+        }
+    }
 }
 
 TEST_F(ConversionTest, RefusesRatesThatAreWorldsApart) {

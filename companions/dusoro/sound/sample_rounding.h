@@ -7,8 +7,7 @@
 #include <type_traits>
 
 // How every sample that is wider than 16 bits becomes one of 16 bits: rounded to the nearest, a tie
-// to the even one, and limited. The loops around these are written so that the compiler turns them
-// into vector instructions.
+// to the even one, and limited.
 namespace mavrin2::dusoro {
 
 // `x` counts in steps of a 16-bit sample. What is not a number becomes silence.
@@ -69,21 +68,6 @@ inline float ToFloat(std::int32_t x) {
 }
 inline float ToFloat(std::int64_t x) {
     return static_cast<float>(x) / 9223372036854775808.0f;
-}
-
-template <class Sample>
-void ConvertSamples(const Sample* __restrict in, std::int16_t* __restrict out, std::size_t count) {
-    for (std::size_t i = 0; i < count; ++i)
-        out[i] = ToSample(in[i]);
-}
-
-template <class Sample>
-void InterleaveStereo(const Sample* __restrict left, const Sample* __restrict right,
-                      std::int16_t* __restrict out, std::size_t frames) {
-    for (std::size_t i = 0; i < frames; ++i) {
-        out[2 * i] = ToSample(left[i]);
-        out[2 * i + 1] = ToSample(right[i]);
-    }
 }
 
 // The mean of two samples, a tie to the even one.

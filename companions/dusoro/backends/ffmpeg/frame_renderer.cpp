@@ -1,6 +1,6 @@
 #include "companions/dusoro/backends/ffmpeg/frame_renderer.h"
 
-#include "companions/dusoro/sound/sample_rounding.h"
+#include "companions/dusoro/sound/sample_blocks.h"
 
 namespace mavrin2::dusoro {
 namespace {

@@ -6,7 +6,7 @@
 #include "companions/dusoro/backends/sndfile/sndfile_formats.h"
 #include "companions/dusoro/sound/format_text.h"
 #include "companions/dusoro/sound/plausible_length.h"
-#include "companions/dusoro/sound/sample_rounding.h"
+#include "companions/dusoro/sound/sample_blocks.h"
 
 namespace mavrin2::dusoro {
 namespace {
