@@ -11,7 +11,7 @@ windows_systems := i686 x86_64
 packages := packaging/install-debian-packages
 cpp_files = git ls-files -z '*.cpp' '*.h'
 
-.PHONY: help deps build run test bench windows install format check format-check \
+.PHONY: help deps build run test bench windows test-windows bench-windows install format check format-check \
         words-check arrows-check tidy clean
 
 help:                ## this list
@@ -47,6 +47,12 @@ windows: deps        ## the DLL for Windows, in build/windows/i686/bin and build
 	    cmake --preset windows-$$system; \
 	    cmake --build --preset windows-$$system --parallel $(JOBS) --target KovMavrin2; \
 	done
+
+test-windows: windows build ## build the tests for Windows and run them in Wine
+	tests/windows/run $(JOBS)
+
+bench-windows: windows ## what creating the control and calling it late costs in Wine
+	bench/windows/run $(JOBS)
 
 install: build       ## install below PREFIX (/usr/local), inside DESTDIR
 	DESTDIR="$(DESTDIR)" cmake --install build/release --prefix "$(abspath $(PREFIX))"

@@ -67,7 +67,7 @@ endfunction()
 # registered in the build tree and installed.
 function(mavrin2_component name)
   if(WIN32)
-    mavrin2_windows_component(${name} ${ARGN})
+    mavrin2_windows_component(${name} ${name}-idl ${ARGN})
     return()
   endif()
   add_library(${name} SHARED "${CMAKE_SOURCE_DIR}/automation/module_exports.cpp")

@@ -50,9 +50,9 @@ function(mavrin2_resources target resources picture_text)
   target_sources(${target} PRIVATE "${script}")
 endfunction()
 
-# mavrin2_windows_component(NAME LAYERS...): a DLL with the four entry points of a component and the
-# type library that NAME-idl describes.
-function(mavrin2_windows_component name)
+# mavrin2_windows_component(NAME PROGRAM LAYERS...): a DLL with the four entry points of a component
+# and the type library that PROGRAM describes.
+function(mavrin2_windows_component name program)
   set(entry "${CMAKE_SOURCE_DIR}/platform/windows/entry")
   add_library(${name} SHARED "${CMAKE_SOURCE_DIR}/automation/module_exports.cpp"
     "${entry}/module_entry.cpp" "${entry}/component.def")
@@ -60,5 +60,5 @@ function(mavrin2_windows_component name)
   set_target_properties(${name} PROPERTIES PREFIX "")
   # No minute of the clock in the file, so that one source gives one file.
   target_link_options(${name} PRIVATE -Wl,--enable-stdcall-fixup,--no-insert-timestamp -s)
-  mavrin2_type_library(${name} ${name}-idl)
+  mavrin2_type_library(${name} ${program})
 endfunction()

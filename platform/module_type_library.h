@@ -14,6 +14,7 @@ HRESULT LoadModuleTypeLibrary(const void* address, ITypeLib** library);
 // Makes the module's library known to the system, for hosts that look for it before they load the
 // module, and for calls between threads.
 HRESULT RegisterModuleTypeLibrary(const void* address);
+// Takes that back; where nothing is known there is nothing to do.
 HRESULT UnregisterTypeLibrary(REFGUID id, WORD major, WORD minor);
 
 }  // namespace mavrin2::platform

@@ -8,9 +8,10 @@ namespace mavrin2::platform {
 
 std::filesystem::path PathOfModule(const void* address) {
     HMODULE module = nullptr;
-    if (!::GetModuleHandleExW(
-            GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-            static_cast<const wchar_t*>(address), &module)) {
+    // The system would take none for the program.
+    if (!address || !::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
+                                              GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                                          static_cast<const wchar_t*>(address), &module)) {
         return {};
     }
     std::wstring path(MAX_PATH, L'\0');

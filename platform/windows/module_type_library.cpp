@@ -26,6 +26,11 @@ HRESULT RegisterModuleTypeLibrary(const void* address) {
 }
 
 HRESULT UnregisterTypeLibrary(REFGUID id, WORD major, WORD minor) {
+    BSTR path = nullptr;
+    const HRESULT known = ::QueryPathOfRegTypeLib(id, major, minor, LOCALE_NEUTRAL, &path);
+    ::SysFreeString(path);
+    // The system takes what is not there for a failure, unlike a missing key.
+    if (FAILED(known)) return S_OK;
     return ::UnRegisterTypeLib(id, major, minor, LOCALE_NEUTRAL, kSystem);
 }
 

@@ -81,35 +81,35 @@ TEST(CompanionSinks, TurnEventsIntoCallsOnTheControl) {
     struct {
         const Sink& Of;
         DISPID Event;
+        HRESULT Status;
         std::vector<const char*> Arguments;
         const char* Calls;
-        HRESULT Status;
     } const cases[] = {
-        {kVelto, 1, {}, "feed", S_OK},
-        {kVelto, 2, {}, "", S_OK},
-        {kVelto, 3, {"441", "-7", "9"}, "play 441 meter -7 and 9", S_OK},
-        {kVelto, 3, {"0", "7", "9"}, "", S_OK},
-        {kVelto, 3, {"-1", "7", "9"}, "", S_OK},
-        {kVelto, 3, {"x", "7", "9"}, "", E_NOTIMPL},
-        {kVelto, 3, {}, "", E_NOTIMPL},
-        {kVelto, 4, {}, "feed", S_OK},
-        {kVelto, 5, {}, "end", S_OK},
-        {kVelto, 6, {}, "", E_NOTIMPL},
-        {kRimbal, 1, {}, "store", S_OK},
-        {kRimbal, 2, {"441", "7", "9"}, "record 441 meter 7 and 9", S_OK},
-        {kRimbal, 2, {"0", "7", "9"}, "record 0 meter 7 and 9", S_OK},
-        {kRimbal, 2, {"441", "7", "x"}, "", E_NOTIMPL},
-        {kRimbal, 2, {"x", "7", "9"}, "", E_NOTIMPL},
-        {kRimbal, 3, {"80"}, "gain 80", S_OK},
-        {kRimbal, 3, {"x"}, "", E_NOTIMPL},
-        {kRimbal, 4, {}, "", E_NOTIMPL},
-        {kKestrin, 1, {"40"}, "transform 40", S_OK},
-        {kKestrin, 1, {"x"}, "", E_NOTIMPL},
-        {kKestrin, 2, {}, "transform 100", S_OK},
-        {kKestrin, 3, {}, "", E_NOTIMPL},
-        {kPindle, 1, {"40"}, "track 40", S_OK},
-        {kPindle, 1, {}, "", E_NOTIMPL},
-        {kPindle, 2, {}, "", E_NOTIMPL},
+        {kVelto, 1, S_OK, {}, "feed"},
+        {kVelto, 2, S_OK, {}, ""},
+        {kVelto, 3, S_OK, {"441", "-7", "9"}, "play 441 meter -7 and 9"},
+        {kVelto, 3, S_OK, {"0", "7", "9"}, ""},
+        {kVelto, 3, S_OK, {"-1", "7", "9"}, ""},
+        {kVelto, 3, E_NOTIMPL, {"x", "7", "9"}, ""},
+        {kVelto, 3, E_NOTIMPL, {}, ""},
+        {kVelto, 4, S_OK, {}, "feed"},
+        {kVelto, 5, S_OK, {}, "end"},
+        {kVelto, 6, E_NOTIMPL, {}, ""},
+        {kRimbal, 1, S_OK, {}, "store"},
+        {kRimbal, 2, S_OK, {"441", "7", "9"}, "record 441 meter 7 and 9"},
+        {kRimbal, 2, S_OK, {"0", "7", "9"}, "record 0 meter 7 and 9"},
+        {kRimbal, 2, E_NOTIMPL, {"441", "7", "x"}, ""},
+        {kRimbal, 2, E_NOTIMPL, {"x", "7", "9"}, ""},
+        {kRimbal, 3, S_OK, {"80"}, "gain 80"},
+        {kRimbal, 3, E_NOTIMPL, {"x"}, ""},
+        {kRimbal, 4, E_NOTIMPL, {}, ""},
+        {kKestrin, 1, S_OK, {"40"}, "transform 40"},
+        {kKestrin, 1, E_NOTIMPL, {"x"}, ""},
+        {kKestrin, 2, S_OK, {}, "transform 100"},
+        {kKestrin, 3, E_NOTIMPL, {}, ""},
+        {kPindle, 1, S_OK, {"40"}, "track 40"},
+        {kPindle, 1, E_NOTIMPL, {}, ""},
+        {kPindle, 2, E_NOTIMPL, {}, ""},
     };
     for (const auto& c : cases) {
         Reactions control;

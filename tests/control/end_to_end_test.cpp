@@ -129,7 +129,8 @@ TEST_F(EndToEnd, FailuresComeWithTheirStatusAndChangeNothing) {
     EXPECT_EQ(static_cast<std::uint32_t>(Save(*control, "missing/out.wav")), 0x80040309u);
     ComPtr<IErrorInfo> error;
     ASSERT_EQ(GetErrorInfo(0, error.Put()), S_OK);
-    Bstr source, description;
+    Bstr source;
+    Bstr description;
     error->GetSource(source.Put());
     error->GetDescription(description.Put());
     EXPECT_EQ(source.Utf8(), "KovMavrin2.Mavrin2.2");
@@ -138,7 +139,8 @@ TEST_F(EndToEnd, FailuresComeWithTheirStatusAndChangeNothing) {
 }
 
 TEST_F(EndToEnd, TheFilesOfAKilledProcessAreRemovedByASoleControlOnly) {
-    Signal made, never;
+    Signal made;
+    Signal never;
     ChildProcess child([&] {
         const auto control = NewControl();
         control->New(interfaces::FrequencyConstants::FQ_44_KHZ,

@@ -148,7 +148,8 @@ TEST_F(Identity, FailsWithAStatusAndADescriptionForEveryCode) {
         ComPtr<IErrorInfo> error;
         ASSERT_EQ(GetErrorInfo(0, error.Put()), S_OK);
         GUID iid{};
-        Bstr source, description;
+        Bstr source;
+        Bstr description;
         error->GetGUID(&iid);
         error->GetSource(source.Put());
         error->GetDescription(description.Put());
@@ -175,7 +176,7 @@ TEST_F(Identity, IsServedByLateBindingWithItsDefaults) {
     EXPECT_EQ(Dusoro->Written.size(), 12000u);
     EXPECT_EQ(LateCall(*Control, "Save", DISPATCH_METHOD, {"/out.wav"}).Status,
               DISP_E_BADPARAMCOUNT);
-    LateCall(*Control, "DeleteSelect", DISPATCH_METHOD, none);
+    EXPECT_EQ(LateCall(*Control, "DeleteSelect", DISPATCH_METHOD, none).Status, S_OK);
     const LateCall undo(*Control, "UndoEnabled", DISPATCH_PROPERTYGET, none);
     EXPECT_EQ(FromVariant(undo.Result), Value(Bool{1}));
     const LateCall position(*Control, "Position", DISPATCH_PROPERTYGET, none);

@@ -2,15 +2,15 @@
 
 #include <memory>
 
-#include "platform/linux/file_system.h"
 #include "platform/memory/memory_file_system.h"
+#include "platform/ports.h"
 #include "tests/support/scratch_folder.h"
 
 namespace mavrin2::tests {
 
 // A file system and an empty folder in it, one for each adapter: what the contract says must hold
 // for all of them.
-class LinuxWorld {
+class SystemWorld {
 public:
     platform::FileSystem& Files() { return *files_; }
     std::filesystem::path Folder() const { return folder_.Path(); }
@@ -18,7 +18,7 @@ public:
 
 private:
     ScratchFolder folder_;
-    std::shared_ptr<platform::FileSystem> files_ = platform::LinuxFileSystem();
+    std::shared_ptr<platform::FileSystem> files_ = platform::SystemPorts().Files;
 };
 
 class MemoryWorld {

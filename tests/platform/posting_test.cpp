@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <poll.h>
 
 #include <atomic>
 #include <stdexcept>
@@ -15,11 +14,6 @@ using std::chrono::milliseconds;
 
 // Long enough for any machine; a test that passes does not wait for it.
 constexpr milliseconds Patience{20000};
-
-bool IsReadable(const PostingQueue& queue) {
-    pollfd descriptor = {queue.Descriptor(), POLLIN, 0};
-    return ::poll(&descriptor, 1, 0) == 1;
-}
 
 TEST(Posting, RunsWorkOfOtherThreadsHereInTheirOrder) {
     const auto queue = PostingQueue::OfThisThread();
@@ -49,7 +43,6 @@ TEST(Posting, RunsWorkOfOtherThreadsHereInTheirOrder) {
         ASSERT_EQ(numbers.size(), static_cast<std::size_t>(works));
         EXPECT_TRUE(std::is_sorted(numbers.begin(), numbers.end()));
     }
-    EXPECT_FALSE(IsReadable(*queue));
 }
 
 TEST(Posting, WakesAPumpThatWaits) {
@@ -62,18 +55,6 @@ TEST(Posting, WakesAPumpThatWaits) {
         queue->Pump(milliseconds(20));
     sender.join();
     EXPECT_TRUE(ran);
-}
-
-TEST(Posting, ShowsWaitingWorkByItsDescriptor) {
-    const auto queue = PostingQueue::OfThisThread();
-    EXPECT_FALSE(IsReadable(*queue));
-    bool readableWithin = false;
-    queue->Post([&] { readableWithin = IsReadable(*queue); });
-    queue->Post([] {});
-    EXPECT_TRUE(IsReadable(*queue));
-    queue->Pump(milliseconds(0));
-    EXPECT_TRUE(readableWithin) << "the second still waited then";
-    EXPECT_FALSE(IsReadable(*queue));
 }
 
 TEST(Posting, GoesOnAfterAnExceptionAndEndsThoughWorkPostsWork) {

@@ -12,7 +12,8 @@ namespace mavrin2::tests {
 // Makes the checksums of Ogg pages right again, as far as the pages follow each other: readers drop
 // a page with a wrong one, and no damage inside would ever reach them.
 inline void SealOggPages(std::string& bytes) {
-    constexpr std::size_t kHeader = 27, kChecksum = 22;
+    constexpr std::size_t kHeader = 27;
+    constexpr std::size_t kChecksum = 22;
     std::size_t page = 0;
     while (page + kHeader <= bytes.size() && bytes.compare(page, 4, "OggS") == 0) {
         const std::size_t segments = static_cast<std::uint8_t>(bytes[page + 26]);
@@ -56,8 +57,11 @@ private:
     void Damage(std::string& bytes) {
         switch (Below(7)) {
             case 0:
-                for (std::size_t i = 0, count = 1 + Below(8); i < count; ++i)
-                    bytes[Place(bytes)] ^= static_cast<char>(1 << Below(8));
+                for (std::size_t i = 0, count = 1 + Below(8); i < count; ++i) {
+                    const std::size_t bit = std::size_t{1} << Below(8);
+                    char& byte = bytes[Place(bytes)];
+                    byte = static_cast<char>(static_cast<std::uint8_t>(byte) ^ bit);
+                }
                 break;
             case 1:
                 bytes.resize(Place(bytes));

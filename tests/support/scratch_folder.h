@@ -1,7 +1,7 @@
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <system_error>
@@ -12,10 +12,15 @@ namespace mavrin2::tests {
 class ScratchFolder {
 public:
     ScratchFolder() {
-        std::string name =
-            (std::filesystem::temp_directory_path() / "mavrin2-test-XXXXXX").string();
-        if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no folder for the test");
-        path_ = name;
+        std::random_device random;
+        constexpr int attempts = 100;
+        for (int i = 0; i < attempts; ++i) {
+            path_ = std::filesystem::temp_directory_path() /
+                    ("mavrin2-test-" + std::to_string(random()));
+            std::error_code error;
+            if (std::filesystem::create_directory(path_, error)) return;
+        }
+        throw std::runtime_error("no folder for the test");
     }
     ~ScratchFolder() {
         std::error_code ignored;

@@ -10,9 +10,9 @@
 namespace {
 
 using mavrin2::tests::EnvironmentVariable;
-using mavrin2::tests::LinuxWorld;
 using mavrin2::tests::Read;
 using mavrin2::tests::ScratchFolder;
+using mavrin2::tests::SystemWorld;
 using mavrin2::tests::Write;
 namespace fs = std::filesystem;
 
@@ -26,7 +26,7 @@ protected:
     mavrin2::platform::FileSystem& Files() { return world_.Files(); }
     fs::path At(std::string_view name) const { return world_.Folder() / name; }
 
-    LinuxWorld world_;
+    SystemWorld world_;
 };
 
 TEST_F(LinuxFiles, AreTheUsersAlone) {

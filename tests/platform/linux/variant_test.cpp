@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "tests/platform/fake_object.h"
-#include "tests/platform/variants.h"
+#include "tests/platform/linux/fake_object.h"
+#include "tests/platform/linux/variants.h"
 
 namespace {
 

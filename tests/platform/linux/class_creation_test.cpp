@@ -3,8 +3,8 @@
 #include <fstream>
 
 #include "platform/component_registry.h"
-#include "tests/platform/fake_object.h"
-#include "tests/platform/modules/counting_class.h"
+#include "tests/platform/linux/fake_object.h"
+#include "tests/platform/linux/modules/counting_class.h"
 #include "tests/support/environment_variable.h"
 #include "tests/support/scratch_folder.h"
 

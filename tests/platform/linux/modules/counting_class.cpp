@@ -1,4 +1,4 @@
-#include "tests/platform/modules/counting_class.h"
+#include "tests/platform/linux/modules/counting_class.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <limits>
 
-#include "tests/platform/fake_object.h"
-#include "tests/platform/variants.h"
+#include "tests/platform/linux/fake_object.h"
+#include "tests/platform/linux/variants.h"
 
 namespace {
 

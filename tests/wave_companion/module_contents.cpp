@@ -1,0 +1,25 @@
+// The class table of the module that stands in for the file companion.
+
+#include "automation/module.h"
+#include "tests/wave_companion/wave_companion.h"
+
+namespace mavrin2 {
+namespace {
+
+HRESULT CreateWaveCompanion(IUnknown* outer, REFIID iid, void** object) {
+    return tests::WaveCompanion::Create(outer, iid, object);
+}
+
+constexpr automation::ClassEntry kClasses[] = {
+    {contracts::CLSID_KovDusoro2, CreateWaveCompanion, "Wave companion of the tests",
+     "MavrinTest.WaveCompanion.1", "MavrinTest.WaveCompanion", "Apartment"},
+};
+
+}  // namespace
+
+const automation::ModuleContents& automation::ThisModule() {
+    static const ModuleContents contents{kClasses, &contracts::DusoroLibrary};
+    return contents;
+}
+
+}  // namespace mavrin2
