@@ -11,8 +11,8 @@ windows_systems := i686 x86_64
 packages := packaging/install-debian-packages
 cpp_files = git ls-files -z '*.cpp' '*.h'
 
-.PHONY: help deps build run test bench windows test-windows bench-windows install format check format-check \
-        words-check arrows-check tidy clean
+.PHONY: help deps build run test bench windows test-windows bench-windows install format check \
+        format-check words-check arrows-check tidy clean
 
 help:                ## this list
 	@sed -n 's/^\([a-z-]*\):.*## /\1\t/p' $(MAKEFILE_LIST) | expand -t 18

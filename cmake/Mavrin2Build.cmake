@@ -38,12 +38,10 @@ if(MAVRIN2_SANITIZE)
   target_compile_options(mavrin2_options INTERFACE -fno-sanitize=vptr)
 endif()
 
-# mavrin2_folders(FOLDER...): add_subdirectory of those that are there yet.
+# mavrin2_folders(FOLDER...): add_subdirectory of each.
 function(mavrin2_folders)
   foreach(folder IN LISTS ARGN)
-    if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/CMakeLists.txt")
-      add_subdirectory(${folder})
-    endif()
+    add_subdirectory(${folder})
   endforeach()
 endfunction()
 
