@@ -46,8 +46,13 @@ public:
     }
 
     std::unique_ptr<File> Create(const std::filesystem::path& path) override {
-        return LinuxFile::Of(Descriptor(
-            ::open(path.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_NOFOLLOW | EveryOpen, UserOnly)));
+        Descriptor file(::open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | EveryOpen, UserOnly));
+        // Only a file with something in it is cut: ext4 takes one that was cut for one that is
+        // being replaced, and hurries all that is written to the disk when it is closed.
+        struct stat status = {};
+        if (!file || ::fstat(file.Get(), &status) != 0) return nullptr;
+        if (status.st_size != 0 && ::ftruncate(file.Get(), 0) != 0) return nullptr;
+        return LinuxFile::Of(std::move(file));
     }
 
     std::filesystem::path CreateUniqueFile(const std::filesystem::path& folder,
