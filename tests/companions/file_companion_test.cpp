@@ -29,7 +29,8 @@ protected:
         Block block;
         EXPECT_EQ(companion_->ReadBlock(frames, block.Put()), S_OK);
         EXPECT_NE(block.Get(), nullptr);
-        LONG lower = -1, upper = 0;
+        LONG lower = -1;
+        LONG upper = 0;
         EXPECT_EQ(SafeArrayGetLBound(block.Get(), 1, &lower), S_OK);
         EXPECT_EQ(lower, 0);
         EXPECT_EQ(SafeArrayGetUBound(block.Get(), 1, &upper), S_OK);
@@ -56,7 +57,7 @@ protected:
 using I = contracts::IDusoro2;
 
 TEST_F(FileCompanionTest, ReadsAFileAsTheEditorOpensIt) {
-    const Samples noise = Noise(2 * 2500);
+    const Samples noise = Noise(5000);
     Make(In("a.wav"), SF_FORMAT_WAV | SF_FORMAT_PCM_16, 22050, 2, noise);
     ASSERT_EQ(OpenFile(In("a.wav")), S_OK);
     EXPECT_EQ(Error(), 0);
@@ -119,7 +120,7 @@ TEST_F(FileCompanionTest, DeliversAnotherFormatOnDemand) {
 }
 
 TEST_F(FileCompanionTest, WritesAFileAsTheEditorSavesIt) {
-    const Samples noise = Noise(2 * 30'000);
+    const Samples noise = Noise(60'000);
     // Stereo at an odd rate: the blocks of five seconds' worth of mono end within a frame.
     companion_->SetPcmFormat(11025, 2);
     ASSERT_EQ(CreateFile(In("a.flac")), S_OK);
@@ -147,7 +148,7 @@ TEST_F(FileCompanionTest, VoxIsForItsOwnNamesAndForUnknownOnes) {
         CreateFile(In(name), type);
         EXPECT_EQ(Error(), 0);
         EXPECT_EQ(Get(&I::GetFrequency), 6000);
-        EXPECT_EQ(Write(Noise(2 * 12000)), S_OK);
+        EXPECT_EQ(Write(Noise(24'000)), S_OK);
         EXPECT_EQ(companion_->CloseFile(), S_OK);
         EXPECT_EQ(std::filesystem::file_size(In(name)), 3000U) << name;
     }

@@ -212,15 +212,18 @@ TEST_P(ForeignFileTest, IsReadWithItsPropertiesAndItsSound) {
     EXPECT_GE(frames, GetParam().Least);
     EXPECT_LE(frames, GetParam().Most);
     // The tone is there: its correlation with a sine and a cosine explains nearly all its power.
-    double sine = 0, cosine = 0, power = 0;
+    double sine = 0;
+    double cosine = 0;
+    double power = 0;
     for (std::int64_t i = frames / 4; i < frames * 3 / 4; ++i) {
-        const double x = read[static_cast<std::size_t>(2 * i)], phase = 440.0 * 2 * M_PI / rate * i;
+        const double x = read[static_cast<std::size_t>(2 * i)];
+        const double phase = 440.0 * 2 * M_PI / rate * static_cast<double>(i);
         sine += x * std::sin(phase);
         cosine += x * std::cos(phase);
         power += x * x;
     }
     EXPECT_GT(power, 1e6);
-    EXPECT_GT((sine * sine + cosine * cosine) / (power * frames / 4), 0.95);
+    EXPECT_GT((sine * sine + cosine * cosine) / (power * static_cast<double>(frames) / 4), 0.95);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -75,7 +75,7 @@ SoundError FfmpegReader::OpenDecoder() {
     frame_.reset(av_frame_alloc());
     if (!decoder_ || !packet_ || !frame_) return SoundError::Memory;
     decoder_->pkt_timebase = stream_->time_base;
-    // A second thread would take the time from the editor, which runs beside it.
+    // Threads pay only where a processor idles, and for few codings even there.
     decoder_->thread_count = 1;
     if (avcodec_parameters_to_context(decoder_.get(), stream_->codecpar) < 0 ||
         avcodec_open2(decoder_.get(), codec, nullptr) < 0)

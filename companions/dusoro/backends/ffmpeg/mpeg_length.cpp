@@ -114,9 +114,13 @@ std::optional<Tag> ReadTag(Window& window, std::int64_t offset, const MpegHeader
     return tag;
 }
 
-// Files that were put one behind the other begin with the tag of the first.
+// Files that were put one behind the other begin with the tag of the first, and a damaged tag may
+// tell any number.
 bool TagFits(const Tag& tag, std::int64_t bytes) {
-    return tag.MpegFrames > 0 && (tag.Bytes == 0 || bytes - tag.Bytes <= bytes / 17);
+    constexpr std::int64_t kLongestFrame = 1732;
+    constexpr std::int64_t kOtherTags = 1 << 16;
+    return tag.MpegFrames > 0 && (tag.Bytes == 0 || bytes - tag.Bytes <= bytes / 17) &&
+           (tag.MpegFrames + 1) * kLongestFrame + kOtherTags >= bytes;
 }
 
 std::int64_t CountSamples(Window& window, std::int64_t offset, std::uint32_t kind) {
