@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstring>
 #include <utility>
-#include <vector>
 
+#include "companions/dusoro/backends/ffmpeg/file_window.h"
 #include "companions/dusoro/backends/ffmpeg/mpeg_header.h"
 
 namespace mavrin2::dusoro {
@@ -13,36 +13,6 @@ namespace {
 // The samples that every decoder of layer III is late, beside what the encoder was.
 constexpr std::int64_t kDecoderDelay = 529;
 
-// A window that moves through a file.
-class Window {
-public:
-    explicit Window(platform::File& file) : file_(file), end_(file.Length().value_or(0)) {}
-
-    std::int64_t End() const { return end_; }
-
-    // `count` bytes at `offset`; null when they are not all there.
-    const std::uint8_t* At(std::int64_t offset, std::size_t count) {
-        if (offset < 0 || offset + static_cast<std::int64_t>(count) > end_) return nullptr;
-        if (offset < start_ || offset + static_cast<std::int64_t>(count) > start_ + Filled()) {
-            bytes_.resize(kSize);
-            const auto got = file_.Read(offset, std::as_writable_bytes(std::span(bytes_)));
-            start_ = offset;
-            bytes_.resize(got.value_or(0));
-            if (bytes_.size() < count) return nullptr;
-        }
-        return bytes_.data() + (offset - start_);
-    }
-
-private:
-    static constexpr std::size_t kSize = 1 << 18;
-    std::int64_t Filled() const { return static_cast<std::int64_t>(bytes_.size()); }
-
-    platform::File& file_;
-    std::int64_t end_;
-    std::int64_t start_ = 0;
-    std::vector<std::uint8_t> bytes_;
-};
-
 std::uint32_t BigEndian(const std::uint8_t* bytes, int count) {
     std::uint32_t value = 0;
     for (int i = 0; i < count; ++i)
@@ -50,7 +20,7 @@ std::uint32_t BigEndian(const std::uint8_t* bytes, int count) {
     return value;
 }
 
-std::int64_t BehindId3(Window& window) {
+std::int64_t BehindId3(FileWindow& window) {
     std::int64_t offset = 0;
     while (const std::uint8_t* tag = window.At(offset, 10)) {
         if (std::memcmp(tag, "ID3", 3) != 0) break;
@@ -62,14 +32,14 @@ std::int64_t BehindId3(Window& window) {
     return offset;
 }
 
-std::optional<MpegHeader> HeaderAt(Window& window, std::int64_t offset) {
+std::optional<MpegHeader> HeaderAt(FileWindow& window, std::int64_t offset) {
     const std::uint8_t* bytes = window.At(offset, 4);
     return bytes ? MpegHeader::Parse(bytes) : std::nullopt;
 }
 
 // The next place from `offset` on where a frame follows a frame of the same kind; -1 for none
 // before `limit`.
-std::int64_t FindFrame(Window& window, std::int64_t offset, std::int64_t limit) {
+std::int64_t FindFrame(FileWindow& window, std::int64_t offset, std::int64_t limit) {
     for (; offset < limit; ++offset) {
         const auto header = HeaderAt(window, offset);
         if (!header) continue;
@@ -87,7 +57,7 @@ struct Tag {
 };
 
 // The tag that encoders put into the first frame.
-std::optional<Tag> ReadTag(Window& window, std::int64_t offset, const MpegHeader& header) {
+std::optional<Tag> ReadTag(FileWindow& window, std::int64_t offset, const MpegHeader& header) {
     Tag tag;
     if (const std::uint8_t* vbri = window.At(offset + 36, 18);
         vbri && std::memcmp(vbri, "VBRI", 4) == 0) {
@@ -123,7 +93,7 @@ bool TagFits(const Tag& tag, std::int64_t bytes) {
            (tag.MpegFrames + 1) * kLongestFrame + kOtherTags >= bytes;
 }
 
-std::int64_t CountSamples(Window& window, std::int64_t offset, std::uint32_t kind) {
+std::int64_t CountSamples(FileWindow& window, std::int64_t offset, std::uint32_t kind) {
     std::int64_t samples = 0;
     while (offset >= 0) {
         const auto header = HeaderAt(window, offset);
@@ -141,13 +111,13 @@ std::int64_t CountSamples(Window& window, std::int64_t offset, std::uint32_t kin
 }  // namespace
 
 bool BeginsAsMpeg(platform::File& file) {
-    Window window(file);
+    FileWindow window(file);
     const std::int64_t behind = BehindId3(window);
     return FindFrame(window, behind, behind + 1) >= 0;
 }
 
 std::optional<MpegLength> MeasureMpeg(platform::File& file) {
-    Window window(file);
+    FileWindow window(file);
     const std::int64_t behind = BehindId3(window);
     constexpr std::int64_t kFarthest = 1 << 16;
     const std::int64_t start =

@@ -14,7 +14,7 @@ struct MpegLength {
 
 // The length of an MPEG audio file (layers I to III without a container): from the tag in its first
 // frame where there is one that fits the file, else by walking through the frames' headers, which
-// is a tenth of a percent of decoding them. Nothing when neither can be done.
+// takes half a percent of the time of decoding them. Nothing when neither can be done.
 std::optional<MpegLength> MeasureMpeg(platform::File& file);
 
 // Whether such a file begins with two frames of one kind, tags aside.
