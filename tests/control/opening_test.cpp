@@ -141,7 +141,9 @@ TEST_F(Closing, DropsTheDocumentOnce) {
 
     OpenThousand();
     Delete(0, 100);
-    EXPECT_EQ(Positions(), "select 0..0 view 0..900 of 900") << "the batch has ended too";
+    Delete(0, 100);
+    Control->Undo();
+    EXPECT_EQ(DocumentSamples().size(), 900u) << "the batch has ended too";
 }
 
 using NewDocument = ControlTest;

@@ -25,27 +25,27 @@ TEST_F(PositionTest, FollowsTheTableOfPuts) {
     struct {
         VARIANT_BOOL Selected;
         LONG Start, End;  // the selection before
-        Put Member;
         LONG Value;
+        Put Member;
         const char* After;
     } const cases[] = {
-        {0, 5, 5, kStartSelect, -5, "select 0..0"},
-        {0, 5, 5, kStartSelect, 300, "select 300..300"},
-        {-1, 100, 200, kStartSelect, 50, "selected 50..200"},
-        {1, 100, 200, kStartSelect, 200, "selected 200..200"},
-        {1, 100, 200, kStartSelect, 250, "selected 250..250"},
-        {0, 5, 5, kEndSelect, 300, "select 300..300"},
-        {0, 5, 5, kEndSelect, 5000, "select 1000..1000"},
-        {1, 100, 200, kEndSelect, 50, "selected 50..100"},
-        {1, 100, 200, kEndSelect, 100, "selected 100..100"},
-        {1, 100, 200, kEndSelect, 5000, "selected 100..1000"},
-        {0, 5, 5, kCurrent, 300, "select 300..300"},
-        {7, 100, 200, kCurrent, 400, "selected 200..400"},
-        {1, 100, 200, kCurrent, 200, "selected 200..200"},
-        {1, 100, 200, kCurrent, 150, "selected 150..200"},
+        {0, 5, 5, -5, kStartSelect, "select 0..0"},
+        {0, 5, 5, 300, kStartSelect, "select 300..300"},
+        {-1, 100, 200, 50, kStartSelect, "selected 50..200"},
+        {1, 100, 200, 200, kStartSelect, "selected 200..200"},
+        {1, 100, 200, 250, kStartSelect, "selected 250..250"},
+        {0, 5, 5, 300, kEndSelect, "select 300..300"},
+        {0, 5, 5, 5000, kEndSelect, "select 1000..1000"},
+        {1, 100, 200, 50, kEndSelect, "selected 50..100"},
+        {1, 100, 200, 100, kEndSelect, "selected 100..100"},
+        {1, 100, 200, 5000, kEndSelect, "selected 100..1000"},
+        {0, 5, 5, 300, kCurrent, "select 300..300"},
+        {7, 100, 200, 400, kCurrent, "selected 200..400"},
+        {1, 100, 200, 200, kCurrent, "selected 200..200"},
+        {1, 100, 200, 150, kCurrent, "selected 150..200"},
         // Four bytes a frame, counted in 32 bits.
-        {0, 5, 5, kStartSelect, 0x40000001, "select 1..1"},
-        {0, 5, 5, kStartSelect, 0x20000000, "select 0..0"},
+        {0, 5, 5, 0x40000001, kStartSelect, "select 1..1"},
+        {0, 5, 5, 0x20000000, kStartSelect, "select 0..0"},
     };
     OpenSound(Ramp(2000), 2);
     for (const auto& c : cases) {
@@ -63,15 +63,15 @@ TEST_F(PositionTest, FollowsTheTableOfPuts) {
 TEST_F(PositionTest, GivesAChosenViewALevelOfItsOwn) {
     struct {
         Put Member;
-        LONG Value;
         const char* View;
+        LONG Value;
         bool Heard;
     } const cases[] = {
-        {kStartView, 0, "0..1000", false},     {kStartView, 100, "100..1000", true},
-        {kStartView, 100, "100..1000", false}, {kEndView, 300, "100..300", true},
-        {kEndView, 300, "100..300", false},    {kStartView, 500, "300..500", true},
-        {kEndView, 50, "50..300", true},       {kEndView, 50, "50..51", true},
-        {kStartView, -7, "0..51", true},       {kEndView, 7000, "0..1000", true},
+        {kStartView, "0..1000", 0, false},     {kStartView, "100..1000", 100, true},
+        {kStartView, "100..1000", 100, false}, {kEndView, "100..300", 300, true},
+        {kEndView, "100..300", 300, false},    {kStartView, "300..500", 500, true},
+        {kEndView, "50..300", 50, true},       {kEndView, "50..51", 50, true},
+        {kStartView, "0..51", -7, true},       {kEndView, "0..1000", 7000, true},
     };
     OpenSound(Ramp(2000), 2);
     Select(100, 200);

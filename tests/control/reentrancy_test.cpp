@@ -175,6 +175,7 @@ TEST_P(FromInside, TheNestedActStandsAndTheRestIsUndone) {
             EXPECT_EQ(LengthOf(world), left == kAsRead ? std::min(n * 300, kOpened) : left);
             EXPECT_EQ(world.Status(), 0);
             EXPECT_NE(world.Dusoro->State, FakeDusoro::Output::Unfinished);
+            EXPECT_FALSE(world.Dusoro->Reading);
             EXPECT_EQ(world.System.Files->OpenFiles(), 0);
 
             world.OpenSound(Ramp(30));

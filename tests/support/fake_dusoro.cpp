@@ -39,11 +39,13 @@ STDMETHODIMP FakeDusoro::OpenSoundFile(BSTR fileName, LONG formatType, LONG flag
     if (ThrowsInOpen) throw std::runtime_error("somebody else's component");
     readValues_ = 0;
     code_ = OpenCode;
-    return code_ == 0 ? S_OK : E_FAIL;
+    Reading = code_ == 0;
+    return Reading ? S_OK : E_FAIL;
 }
 
 STDMETHODIMP FakeDusoro::CloseFile() {
     Record("CloseFile");
+    Reading = false;
     if (State != Output::Unfinished) return S_OK;
     if (FailingClose) {
         code_ = FailureCode;
@@ -57,6 +59,7 @@ STDMETHODIMP FakeDusoro::CloseFile() {
 STDMETHODIMP FakeDusoro::CreateSoundFile(BSTR fileName, LONG formatType) {
     Record("CreateSoundFile", Name(fileName) + std::to_string(formatType));
     GiveUpOutput();
+    Reading = false;
     code_ = CreateCode;
     if (code_ != 0) return E_FAIL;
     State = Output::Unfinished;

@@ -35,6 +35,8 @@ public:
     bool FailingClose = false;
     LONG FailureCode = 0;  // told by GetErrorCode after one of these two
 
+    // Whether an input file is open.
+    bool Reading = false;
     // What came out of the last output file.
     enum class Output { None, Unfinished, Complete, GivenUp };
     Output State = Output::None;
