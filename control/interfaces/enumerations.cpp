@@ -6,6 +6,7 @@ namespace mavrin2::automation {
 
 using interfaces::ChannelsConstants;
 using interfaces::FrequencyConstants;
+using interfaces::TypeViewConstants;
 
 #define MEMBER(enumeration, name) \
     { #name, static_cast < std::int32_t>(enumeration::name) }
@@ -32,6 +33,17 @@ const EnumerationDescription& EnumerationOf<ChannelsConstants>() {
         interfaces::ID_ChannelsConstants,
         "Channels of a sound",
         {MEMBER(ChannelsConstants, MONO), MEMBER(ChannelsConstants, STEREO)}};
+    return description;
+}
+
+template <>
+const EnumerationDescription& EnumerationOf<TypeViewConstants>() {
+    static const EnumerationDescription description{
+        "TypeViewConstants",
+        interfaces::ID_TypeViewConstants,
+        "What the picture shows",
+        {MEMBER(TypeViewConstants, WAVEFORM), MEMBER(TypeViewConstants, SPECTRAL),
+         MEMBER(TypeViewConstants, EXPANDED)}};
     return description;
 }
 

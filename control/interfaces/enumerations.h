@@ -28,6 +28,9 @@ enum class FrequencyConstants : std::int32_t {
 
 enum class ChannelsConstants : std::int32_t { MONO = 1, STEREO = 2 };
 
+// What the lanes of the picture show.
+enum class TypeViewConstants : std::int32_t { WAVEFORM = 0, SPECTRAL = 1, EXPANDED = 2 };
+
 }  // namespace mavrin2::interfaces
 
 namespace mavrin2::automation {
@@ -35,4 +38,6 @@ template <>
 const EnumerationDescription& EnumerationOf<interfaces::FrequencyConstants>();
 template <>
 const EnumerationDescription& EnumerationOf<interfaces::ChannelsConstants>();
+template <>
+const EnumerationDescription& EnumerationOf<interfaces::TypeViewConstants>();
 }  // namespace mavrin2::automation

@@ -30,5 +30,6 @@ inline constexpr IID IID_IMavrin2Position = ControlId(0x0902);
 
 inline constexpr GUID ID_FrequencyConstants = ControlId(0x2001);
 inline constexpr GUID ID_ChannelsConstants = ControlId(0x2002);
+inline constexpr GUID ID_TypeViewConstants = ControlId(0x2003);
 
 }  // namespace mavrin2::interfaces

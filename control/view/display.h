@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+
+#include "platform/drawing_target.h"
+
+namespace mavrin2::view {
+
+// Where the picture is shown, as far as the view has to know. The base class shows nothing.
+class Display {
+public:
+    virtual ~Display() = default;
+
+    // Runs `draw` on the control's own window, whose client area begins at (0, 0). False when the
+    // control has none.
+    virtual bool DrawOnWindow(
+        const std::function<void(platform::DrawingTarget& window)>& /*draw*/) {
+        return false;
+    }
+    // Asks the container to have the control painted, which comes back as Paint, now or later.
+    virtual void RequestRepaint() {}
+};
+
+}  // namespace mavrin2::view

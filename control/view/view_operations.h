@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+
+#include "control/editor/editor_services.h"
+#include "control/interfaces/enumerations.h"
+#include "control/view/picture.h"
+#include "control/view/rectangle.h"
+#include "platform/drawing_target.h"
+
+namespace mavrin2::view {
+
+using interfaces::TypeViewConstants;
+
+// What a container and the settings' objects ask of the view.
+class ViewOperations {
+public:
+    ViewOperations(Picture& picture, editor::EditorServices& services)
+        : picture_(picture), services_(services) {}
+
+    // Shows the picture at `bounds` of the target: a copy when they are those of the last time,
+    // otherwise it is laid out and computed anew.
+    void Paint(platform::DrawingTarget& target, const Rectangle& bounds);
+
+    // Composes the picture and shows it.
+    void Redraw() { picture_.Redraw(); }
+    void RenderBackground() { picture_.RenderBackground(); }
+
+    // A colour has changed that pens are made of.
+    void RebuildPens();
+    // A scale or its font has changed.
+    void ApplyScaleSettings();
+    // A channel is shown or hidden, or is (no longer) edited. Counts are up to date before.
+    void VisibleChannelsChanged();
+    void OperationChannelsChanged();
+
+    std::int16_t TypeBorder() const;
+    void SetTypeBorder(std::int16_t type);
+    TypeViewConstants TypeView() const;
+    // Nothing while the control is busy.
+    void SetTypeView(TypeViewConstants type);
+
+    // Writes the last composed picture as a bitmap file. Nothing when there is none or the file
+    // cannot be made.
+    void SaveWaveImage(const std::filesystem::path& path) const;
+
+private:
+    Picture& picture_;
+    editor::EditorServices& services_;
+};
+
+}  // namespace mavrin2::view

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+
+#include "control/editor/editor_services.h"
+#include "control/view/picture.h"
+
+namespace mavrin2::view {
+
+// Zooming in and out of the open document. Each depth is a level of its own in the document's
+// state, so that undo brings it back. What cannot be done is not done; nothing fails.
+class Zoom {
+public:
+    Zoom(Picture& picture, editor::EditorServices& services)
+        : picture_(picture), services_(services) {}
+
+    // To the selection, of 3 frames at least.
+    void ZoomIn();
+    // Back to where the last zoom came from.
+    void ZoomOut();
+    // The whole document; the selection stays.
+    void ZoomFull();
+    // To a range in frames, which is shifted into the document where it passes its ends.
+    void ZoomTo(std::int32_t start, std::int32_t end);
+    // The share of full scale, in percent, that a lane is high: 10 … 1000.
+    void ZoomVertical(std::int32_t percent);
+    // Reads the sound again and draws it.
+    void Refresh();
+
+private:
+    bool CanPush() const;
+    void ShowLevel();
+
+    Picture& picture_;
+    editor::EditorServices& services_;
+};
+
+}  // namespace mavrin2::view

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "platform/automation.h"
+#include "platform/pixels.h"
+
+namespace mavrin2::platform {
+
+// What a host gives the control to draw on: a window, or a drawing context of its own. Coordinates
+// are the target's; what lies outside of it is left out. Used on the control's thread.
+class DrawingTarget {
+public:
+    virtual ~DrawingTarget() = default;
+
+    // Copies all pixels, with the upper left one at (x, y).
+    virtual void Blit(int x, int y, const Pixels& pixels) = 0;
+    // One column of pixels, from `top` to `bottom` without it. `color` is 0x00RRGGBB.
+    virtual void DrawVertical(int x, int top, int bottom, std::uint32_t color) = 0;
+};
+
+// The target behind a handle of the system, which has to live as long.
+std::unique_ptr<DrawingTarget> TargetOf(HDC handle);
+
+}  // namespace mavrin2::platform
