@@ -29,6 +29,13 @@ VARIANT DefaultOf(const ParameterDescription& parameter) {
     return result;
 }
 
+// How many parameters a caller can give: a result is none of them.
+std::size_t SettableOf(const MemberDescription& member) {
+    const auto& parameters = member.Parameters;
+    const bool result = !parameters.empty() && parameters.back().Way == Direction::Result;
+    return parameters.size() - (result ? 1 : 0);
+}
+
 // The arguments of one call, matched with the member's parameters and converted. Owns what the
 // conversions made and writes results back into the caller's variants.
 class ArgumentList {
@@ -82,9 +89,10 @@ private:
     HRESULT Match() {
         const DISPPARAMS& all = *call_.Arguments;
         const bool put = (member_.Kind & kPutKinds) != 0;
-        std::size_t settable = member_.Parameters.size();
-        if (!member_.Parameters.empty() && member_.Parameters.back().Way == Direction::Result)
-            --settable;
+        // Which argument is the new value is never guessed from its place.
+        if (put && (all.cNamedArgs == 0 || all.rgdispidNamedArgs[0] != DISPID_PROPERTYPUT))
+            return DISP_E_PARAMNOTFOUND;
+        const std::size_t settable = SettableOf(member_);
         for (UINT i = 0; i < all.cNamedArgs; ++i) {
             const DISPID id = all.rgdispidNamedArgs[i];
             const std::size_t index = put && id == DISPID_PROPERTYPUT
@@ -95,7 +103,6 @@ private:
             given_[index] = &all.rgvarg[i];
         }
         const UINT positional = all.cArgs - all.cNamedArgs;
-        // A put without the customary name takes its value as the last argument.
         if (positional > settable || all.cArgs < Required()) return DISP_E_BADPARAMCOUNT;
         for (UINT i = 0; i < positional; ++i) {
             if (given_[i]) return DISP_E_BADPARAMCOUNT;
@@ -215,6 +222,34 @@ HRESULT ReportException(HRESULT status, EXCEPINFO* exception) {
     return DISP_E_EXCEPTION;
 }
 
+// A property without parameters that is read with some: they are for the object that it gives.
+bool IsMeantForTheValue(const MemberDescription& member, const DISPPARAMS& arguments) {
+    return member.Kind == INVOKE_PROPERTYGET && SettableOf(member) == 0 &&
+           arguments.cArgs > arguments.cNamedArgs;
+}
+
+HRESULT CallMember(const MemberDescription& member, void* object, const Invocation& call) {
+    ArgumentList arguments(member, call);
+    if (const HRESULT status = arguments.Prepare(); FAILED(status)) return status;
+    // What an earlier call left must not be taken for this one's.
+    SetErrorInfo(0, nullptr);
+    const HRESULT status = member.Call(object, arguments.Passed());
+    if (FAILED(status)) return ReportException(status, call.Exception);
+    return arguments.HandBack();
+}
+
+HRESULT CallDefaultOfValue(const MemberDescription& member, void* object, const Invocation& call) {
+    DISPPARAMS none{};
+    Variant value;
+    Invocation reading = call;
+    reading.Arguments = &none;
+    reading.Result = &value;
+    if (const HRESULT status = CallMember(member, object, reading); FAILED(status)) return status;
+    if (value.vt != VT_DISPATCH || !value.pdispVal) return DISP_E_NOTACOLLECTION;
+    return value.pdispVal->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET,
+                                  call.Arguments, call.Result, call.Exception, call.BadArgument);
+}
+
 int KindsOf(WORD flags) {
     // Asking for a call may mean reading a property, as languages without the difference do.
     return flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET | kPutKinds);
@@ -258,13 +293,9 @@ HRESULT InvokeMember(const InterfaceDescription& description, void* object, REFI
         if (!member) return DISP_E_MEMBERNOTFOUND;
         // The host may let go of the object from inside the call.
         const ComPtr<IUnknown> held(static_cast<IUnknown*>(object));
-        ArgumentList arguments(*member, call);
-        if (const HRESULT status = arguments.Prepare(); FAILED(status)) return status;
-        // What an earlier call left must not be taken for this one's.
-        SetErrorInfo(0, nullptr);
-        const HRESULT status = member->Call(object, arguments.Passed());
-        if (FAILED(status)) return ReportException(status, call.Exception);
-        return arguments.HandBack();
+        return IsMeantForTheValue(*member, *call.Arguments)
+                   ? CallDefaultOfValue(*member, object, call)
+                   : CallMember(*member, object, call);
     });
 }
 

@@ -8,8 +8,8 @@ namespace mavrin2::automation {
 // system's coercions; optional, named and by-reference arguments and property puts follow its
 // rules, and so do the failures: DISP_E_UNKNOWNNAME, DISP_E_MEMBERNOTFOUND, DISP_E_TYPEMISMATCH,
 // DISP_E_OVERFLOW, DISP_E_PARAMNOTFOUND, DISP_E_PARAMNOTOPTIONAL, DISP_E_BADPARAMCOUNT,
-// DISP_E_UNKNOWNINTERFACE, and DISP_E_EXCEPTION for a member that fails itself, whose status and
-// error information go to `exception`.
+// DISP_E_NOTACOLLECTION, DISP_E_UNKNOWNINTERFACE, and DISP_E_EXCEPTION for a member that fails
+// itself, whose status and error information go to `exception`.
 
 // The first name is a member's, the others its parameters'.
 HRESULT FindNames(const InterfaceDescription& description, REFIID reserved, LPOLESTR* names,

@@ -274,7 +274,9 @@ HRESULT TypeInformation::GetTypeAttr(TYPEATTR** attributes) {
                               record->cbSizeInstance = sizeof(void*);
                               record->wTypeFlags = TYPEFLAG_FDISPATCHABLE;
                               if (!entry->Events) {
-                                  record->wTypeFlags |= TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION;
+                                  // Not also "OLE automation": the system says that of the half
+                                  // with the virtual table only.
+                                  record->wTypeFlags |= TYPEFLAG_FDUAL;
                                   record->cbSizeVft = static_cast<WORD>(
                                       (7 + entry->Members.size()) * sizeof(void*));
                               }

@@ -11,6 +11,7 @@ namespace mavrin2::tests {
 struct WayToCall {
     const char* Name;
     automation::ComPtr<IDispatch> (*To)(ITestThing& thing);
+    bool TellsWhichArgumentIsWrong;
 };
 
 // Those of the running system. The first is the object's own.

@@ -89,7 +89,7 @@ TEST_F(Component, AnswersAlikeThroughItsOwnDispatchTheSystemsAndTheVirtualTable)
         {"FileBufferSize", DISPATCH_PROPERTYPUT, {LONG{50}}, S_OK},
         {"FileBufferSize", DISPATCH_PROPERTYPUT, {"3000.4"}, S_OK},
         {"FileBufferSize", DISPATCH_PROPERTYPUT, {"many"}, DISP_E_TYPEMISMATCH},
-        {"FileBufferSize", DISPATCH_PROPERTYGET, {LONG{1}}, DISP_E_BADPARAMCOUNT},
+        {"FileBufferSize", DISPATCH_PROPERTYGET, {LONG{1}}, DISP_E_NOTACOLLECTION},
         {"Status", DISPATCH_PROPERTYPUT, {LONG{1}}, DISP_E_MEMBERNOTFOUND},
         {"Nothing", DISPATCH_METHOD, {}, DISP_E_UNKNOWNNAME},
         {"New", DISPATCH_METHOD, {LONG{8000}}, DISP_E_BADPARAMCOUNT},

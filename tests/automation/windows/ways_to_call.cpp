@@ -25,8 +25,9 @@ ComPtr<IDispatch> SystemDispatch(ITestThing& thing) {
 
 std::vector<WayToCall> WaysToCall() {
     return {{"TheObjectItself",
-             [](ITestThing& thing) { return ComPtr<IDispatch>(static_cast<IDispatch*>(&thing)); }},
-            {"TheSystem", &SystemDispatch}};
+             [](ITestThing& thing) { return ComPtr<IDispatch>(static_cast<IDispatch*>(&thing)); },
+             true},
+            {"TheSystem", &SystemDispatch, false}};
 }
 
 }  // namespace mavrin2::tests
