@@ -20,7 +20,12 @@ public:
     virtual void DrawVertical(int x, int top, int bottom, std::uint32_t color) = 0;
 };
 
-// The target behind a handle of the system, which has to live as long.
+// The target behind a handle of the system, which has to live as long; null for a null handle. Its
+// coordinates are pixels: what a host has set up for drawing in other units is put aside meanwhile.
 std::unique_ptr<DrawingTarget> TargetOf(HDC handle);
+
+// The pixels that a rectangle in the host's own units covers, asked before the target is taken. As
+// with any rectangle that comes from a host, the last may be before the first.
+RECT PixelsOf(HDC handle, const RECTL& bounds);
 
 }  // namespace mavrin2::platform

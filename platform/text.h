@@ -12,9 +12,9 @@ namespace mavrin2::platform {
 // A font as an automation font object describes it.
 struct FontDescription {
     std::string Family = "Arial";  // UTF-8
-    std::int64_t Size = 80000;  // ten-thousandths of a point, at 96 dots per inch
-    int Weight = 400;  // 400 normal, 700 bold
-    int CharacterSet = 1;  // 1: whatever the font has
+    std::int64_t Size = 80000;     // ten-thousandths of a point, at 96 dots per inch
+    int Weight = 400;              // 400 normal, 700 bold
+    int CharacterSet = 1;          // 1: whatever the font has
     bool Italic = false;
     bool Underline = false;
     bool Strikethrough = false;

@@ -1,0 +1,132 @@
+#include "platform/offscreen_window.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/pixel_target.h"
+
+namespace mavrin2::platform {
+namespace {
+
+constexpr std::uint32_t kBackground = 0xD4D0C8;
+
+RECT Common(const RECT& one, const RECT& other) {
+    return {std::max(one.left, other.left), std::max(one.top, other.top),
+            std::min(one.right, other.right), std::min(one.bottom, other.bottom)};
+}
+
+}  // namespace
+
+class OffscreenWindow::Child final : public ControlWindow, public Window {
+public:
+    Child(OffscreenWindow& parent, const RECT& place, const RECT& clip, WindowHandler& handler)
+        : parent_(&parent), place_(place), clip_(clip), handler_(handler) {
+        parent.children_.push_back(this);
+    }
+    ~Child() override {
+        if (!parent_) return;
+        parent_->uncovered_ = true;
+        std::erase(parent_->children_, this);
+    }
+
+    HWND Handle() const override { return parent_ ? const_cast<Child*>(this) : nullptr; }
+
+    void Move(const RECT& place, const RECT& clip) override {
+        place_ = place;
+        clip_ = clip;
+        Uncover();
+    }
+
+    void Show(bool visible) override {
+        visible_ = visible;
+        Uncover();
+    }
+
+    void Invalidate() override { invalid_ = true; }
+
+    bool DrawNow(const std::function<void(DrawingTarget& target)>& draw) override {
+        if (!parent_) return false;
+        PixelTarget target = Target();
+        draw(target);
+        return true;
+    }
+
+    std::unique_ptr<ControlWindow> NewChild(const RECT&, const RECT&, WindowHandler&) override {
+        return nullptr;  // a control's window has nothing inside
+    }
+
+    void PaintIfInvalid() {
+        if (!invalid_ || !visible_) return;
+        invalid_ = false;
+        PixelTarget target = Target();
+        handler_.Paint(target, std::max<LONG>(0, place_.right - place_.left),
+                       std::max<LONG>(0, place_.bottom - place_.top));
+    }
+
+    // The handler may delete this.
+    void Orphan() {
+        parent_ = nullptr;
+        handler_.Destroyed();
+    }
+
+private:
+    PixelTarget Target() const {
+        const RECT nothing = {0, 0, 0, 0};
+        const Pixels pixels{parent_->pixels_.data(), parent_->width_, parent_->height_,
+                            parent_->width_};
+        return {pixels, {place_.left, place_.top}, visible_ ? Common(place_, clip_) : nothing};
+    }
+
+    void Uncover() {
+        invalid_ = true;
+        if (parent_) parent_->uncovered_ = true;
+    }
+
+    OffscreenWindow* parent_;
+    RECT place_;
+    RECT clip_;
+    WindowHandler& handler_;
+    bool visible_ = true;
+    bool invalid_ = true;
+};
+
+OffscreenWindow::OffscreenWindow(int width, int height) {
+    Resize(width, height);
+}
+
+OffscreenWindow::~OffscreenWindow() {
+    while (!children_.empty()) {
+        Child* child = children_.back();
+        children_.pop_back();
+        child->Orphan();
+    }
+}
+
+void OffscreenWindow::Resize(int width, int height) {
+    constexpr int kLargest = 32767;
+    width = std::clamp(width, 0, kLargest);
+    height = std::clamp(height, 0, kLargest);
+    pixels_.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+    width_ = width;
+    height_ = height;
+    uncovered_ = true;
+}
+
+Pixels OffscreenWindow::Update() {
+    if (std::exchange(uncovered_, false)) {
+        std::ranges::fill(pixels_, kBackground);
+        for (Child* child : children_)
+            child->Invalidate();
+    }
+    // By number: painting may make a window go.
+    for (std::size_t i = 0; i < children_.size(); ++i)
+        children_[i]->PaintIfInvalid();
+    return {pixels_.data(), width_, height_, width_};
+}
+
+std::unique_ptr<ControlWindow> OffscreenWindow::NewChild(const RECT& place, const RECT& clip,
+                                                         WindowHandler& handler) {
+    return std::make_unique<Child>(*this, place, clip, handler);
+}
+
+}  // namespace mavrin2::platform
