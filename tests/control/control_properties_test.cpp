@@ -13,7 +13,7 @@ protected:
     void PutTempDirectory(const char* path) {
         EXPECT_EQ(Control->put_TempDirectory(Bstr(std::string_view(path)).Get()), S_OK);
     }
-    std::string TempFileName() {
+    std::filesystem::path TempFileName() {
         Bstr name;
         EXPECT_EQ(Control->get_TempFileName(name.Put()), S_OK);
         return name.Utf8();
@@ -109,9 +109,9 @@ TEST_F(ControlProperties, TakeANameThatEndsInWavForTheClipFile) {
                        {"", false},
                        {"/x.wav/clip", false}};
     for (const auto& c : cases) {
-        const std::string before = TempFileName();
+        const std::filesystem::path before = TempFileName();
         EXPECT_EQ(Control->put_TempFileName(Bstr(std::string_view(c.Name)).Get()), S_OK);
-        EXPECT_EQ(TempFileName(), c.Taken ? c.Name : before) << c.Name;
+        EXPECT_EQ(TempFileName(), c.Taken ? std::filesystem::path(c.Name) : before) << c.Name;
     }
     EXPECT_EQ(LastError(), 0);
 }

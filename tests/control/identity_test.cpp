@@ -8,8 +8,7 @@
 #include "control/interfaces/member_plan.h"
 #include "tests/automation/late_call.h"
 #include "tests/control/control_test.h"
-#include "tests/support/environment_variable.h"
-#include "tests/support/scratch_folder.h"
+#include "tests/support/scratch_registry.h"
 
 namespace mavrin2::tests {
 namespace {
@@ -115,8 +114,7 @@ TEST_F(Identity, TellsItsClassAndDefaultEvents) {
 }
 
 TEST_F(Identity, FailsWithAStatusAndADescriptionForEveryCode) {
-    ScratchFolder folder;
-    EnvironmentVariable registry("MAVRIN2_REGISTRY", (folder.Path() / "components").string());
+    const ScratchRegistry registry;
     ASSERT_EQ(automation::RegisterModule(automation::ThisModule()), S_OK);
     struct {
         LONG Code;
