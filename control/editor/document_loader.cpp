@@ -79,7 +79,8 @@ bool DocumentLoader::CreateTarget() {
 }
 
 bool DocumentLoader::ReadBlocks() {
-    services_.Observer.BeginBlocks(expected_);
+    services_.Observer.BeginLoading(expected_);
+    services_.View.RecomputeTimeScale();
     while (!services_.Status.Idle()) {
         const auto block = companion_.ReadBlock(FramesPerBlock(services_.Format.Frequency));
         const automation::ArrayView<std::int16_t> samples(block.Get());
@@ -88,11 +89,11 @@ bool DocumentLoader::ReadBlocks() {
             services_.Status.LastError = ErrorConstants::FILEACCESS;
             return false;
         }
-        services_.Observer.Block(samples.Elements());
+        services_.Observer.Block(std::as_bytes(samples.Elements()));
         read_ = read_ + Bytes(static_cast<std::int64_t>(samples.Elements().size_bytes()));
         if (!Report(PercentDone())) return false;
     }
-    services_.Observer.EndBlocks();
+    services_.Observer.EndLoading();
     return Report(100);
 }
 

@@ -91,7 +91,7 @@ void DocumentOpening::Close() {
     services_.Operations.Next();
     activity_.Stop();
     if (!services_.History.Current()) return;
-    services_.View.FreeOverviewSummary();
+    services_.View.ReleaseDocument();
     services_.Settings.LastStepCount = 0;
     services_.Settings.BatchMode = false;
     services_.History.FreeChain();

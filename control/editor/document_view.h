@@ -20,13 +20,16 @@ public:
     // The document has been changed or replaced as a whole. May raise events; sets the status to
     // BuildingOverview while it runs.
     virtual void BuildOverviewSummary() {}
-    virtual void FreeOverviewSummary() {}
+    // The document is going to be closed.
+    virtual void ReleaseDocument() {}
 
     // How far a file has been read or written, in percent.
     virtual void ShowProgress(int /*percent*/) {}
 
     // The document's channels have changed by an undo or redo.
     virtual void RecomputeScales() {}
+    // Rate and channels of a sound that is about to be loaded are known.
+    virtual void RecomputeTimeScale() {}
 
     virtual void RenderBackground() {}
     virtual void Redraw() {}

@@ -27,6 +27,8 @@ public:
     void Redraw() { picture_.Redraw(); }
     void RenderBackground() { picture_.RenderBackground(); }
 
+    // The host's settings are there, before anything is drawn.
+    void TakeSettings();
     // A colour has changed that pens are made of.
     void RebuildPens();
     // A scale or its font has changed.

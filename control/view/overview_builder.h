@@ -1,0 +1,92 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "control/editor/block_observer.h"
+#include "control/view/geometry.h"
+#include "control/view/overview_summary.h"
+#include "control/view/view_services.h"
+
+namespace mavrin2::view {
+
+// Looks at the frames of a sound that arrives in blocks of any length, as if it came in chunks of a
+// given size: the frames that are looked at are counted from each chunk's beginning.
+class ChunkedFiller {
+public:
+    // `chunk` is in bytes; 0: each block is a chunk.
+    ChunkedFiller(OverviewSummary& summary, std::int32_t channels, Bytes total, std::int64_t stride,
+                  std::int64_t chunk);
+
+    void Add(std::span<const std::byte> samples);
+
+    Bytes Seen() const { return Bytes(seen_); }
+    std::int64_t LastEntry() const { return filler_.LastEntry(); }
+
+private:
+    void AddFrames(std::span<const std::byte> frames);
+
+    SummaryFiller filler_;
+    std::int64_t frame_;   // bytes
+    std::int64_t stride_;  // frames
+    std::int64_t chunk_;
+    std::int64_t chunkStart_ = 0;
+    std::int64_t seen_ = 0;         // bytes
+    std::vector<std::byte> begun_;  // of a frame that goes on in the next block
+};
+
+// Makes and keeps the overview summary of the document, by reading its work file or from what it
+// has seen of it on its way there.
+class OverviewBuilder final : public editor::BlockObserver {
+public:
+    OverviewBuilder(const ViewServices& services, const Geometry& area)
+        : services_(services), area_(area) {}
+
+    const OverviewSummary& Summary() const { return summary_; }
+
+    // For the open document. Raises BlockOperation and EndOperation; sets the status meanwhile.
+    void Build();
+    void Free();
+
+    void BeginLoading(Bytes expected) override;
+    void BeginVersion(Bytes length) override;
+    void Block(std::span<const std::byte> samples) override;
+    void EndLoading() override;
+    void EndVersion(bool complete) override;
+
+private:
+    // A version of the document, and the entries that its summary takes; 0 for none.
+    struct Source {
+        std::filesystem::path WorkFile;
+        Bytes Total;
+        std::int32_t Length = 0;
+    };
+    // One that was seen while it was written.
+    struct SeenVersion {
+        OverviewSummary Summary;
+        Bytes Total;
+        bool Complete = false;
+    };
+
+    std::int32_t LengthFor(Bytes total) const;
+    std::int64_t StrideFor(Bytes total, std::int32_t length) const;
+    std::int64_t ChunkSize() const;
+    bool TakeSeenVersion(const Source& source);
+    // False when the file cannot be read, or when a host has overtaken this in an event.
+    bool FillFromWorkFile(const Source& source, const editor::OperationTicket& ticket);
+    bool ReportChunks(const Source& source, const editor::OperationTicket& ticket);
+    bool ReportChunk(std::int64_t done, const Source& source,
+                     const editor::OperationTicket& ticket);
+
+    const ViewServices& services_;
+    const Geometry& area_;
+    OverviewSummary summary_;
+    SeenVersion seen_;
+    std::optional<ChunkedFiller> filler_;  // while blocks pass by
+};
+
+}  // namespace mavrin2::view

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "control/view/scene.h"
+#include "control/view/surface.h"
+
+namespace mavrin2::view {
+
+// The scale beside the waveform: sample values, mirrored around the middle of each lane, or in the
+// spectral picture frequencies, from the bottom up.
+class LevelScalePainter {
+public:
+    explicit LevelScalePainter(const Scene& scene);
+
+    void Draw(Surface& surface) const;
+
+private:
+    // Rows that one lane's labels stand between.
+    struct LabelLane {
+        std::int32_t Top, Bottom;
+    };
+
+    void DrawLane(Surface& surface, LabelLane lane) const;
+    // A tick, a label or a line of the grid at its row and, but for frequencies, its mirror image.
+    template <class DrawAt>
+    void AtBothRows(LabelLane lane, std::int32_t value, DrawAt&& draw) const;
+    void DrawValue(Surface& surface, LabelLane lane, std::int32_t value) const;
+    void DrawLabel(Surface& surface, LabelLane lane, std::int32_t value) const;
+    void DrawGrid(Surface& surface, LabelLane lane, std::int32_t value) const;
+    void DrawMinorTicks(Surface& surface, LabelLane lane, std::int32_t value) const;
+    void DrawTick(Surface& surface, std::int32_t y, std::int32_t length) const;
+    std::int32_t DistanceOf(LabelLane lane, std::int32_t value) const;
+    std::int32_t ZeroOf(LabelLane lane) const;
+
+    const Scene& scene_;
+    bool shown_;  // there is room for it; the grid is drawn in any case
+    Rectangle strip_;
+    std::int32_t tick_;
+    std::int32_t textLeft_;
+    std::int32_t lineHeight_;
+};
+
+}  // namespace mavrin2::view

@@ -1,0 +1,98 @@
+#include "control/view/spectrum.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numbers>
+#include <span>
+
+#include "control/editor/wave_stream.h"
+#include "control/signal/mul_div.h"
+
+namespace mavrin2::view {
+namespace {
+
+constexpr std::int64_t kFrames = Hartley::Size;
+
+// Where the window of a column begins: around the column's own place, at the beginning of a frame.
+std::int64_t WindowStart(const ScanRange& range, std::int32_t column, std::int64_t length) {
+    const std::int64_t frame = std::int64_t{range.Channels} * 2;
+    const std::int64_t position =
+        signal::MulDiv(column, static_cast<std::int32_t>(length), range.WaveWidth) +
+        range.StartView.Count() - kFrames / 2 * range.Channels;
+    return std::max<std::int64_t>(position, 0) / frame * frame;
+}
+
+std::int32_t Decibels(float power) {
+    if (power == 0) return SpectrumTable::Silence;
+    return static_cast<std::int32_t>(10 * std::log10(static_cast<double>(power)));
+}
+
+}  // namespace
+
+SpectrumAnalyzer::SpectrumAnalyzer() {
+    for (std::size_t i = 0; i < Hartley::Size; ++i) {
+        const double sine = std::sin(static_cast<double>(i) * std::numbers::pi / Hartley::Size);
+        window_[i] = static_cast<float>(sine * sine);
+    }
+}
+
+bool SpectrumAnalyzer::ComputeSpectrum(platform::FileSystem& files, const ScanRange& range,
+                                       SpectrumTable& table) const {
+    editor::WaveStream stream(files);
+    if (!stream.Open(range.WorkFile, editor::WaveStream::Mode::Read) ||
+        !stream.Seek(range.StartView.Count()))
+        return false;
+    const std::int64_t frame = std::int64_t{range.Channels} * 2;
+    if (range.EndView == range.StartView) return true;
+    const std::int64_t length =
+        std::min<std::int64_t>((range.EndView - range.StartView).Count() + frame,
+                               std::numeric_limits<std::int32_t>::max());
+
+    // What the file does not have at its end stays from the column before.
+    Frames window(static_cast<std::size_t>(kFrames * range.Channels));
+    std::vector<Frames> windows;
+    const std::int32_t columns = std::min(range.WaveWidth, ViewData::Columns);
+    std::int32_t column = 0;
+    for (bool more = true; more;) {
+        windows.clear();
+        while (windows.size() < Hartley::Batch &&
+               column + static_cast<std::int32_t>(windows.size()) < columns) {
+            const std::int32_t next = column + static_cast<std::int32_t>(windows.size());
+            if (!stream.Seek(WindowStart(range, next, length))) break;
+            const auto read = stream.Read(std::as_writable_bytes(std::span(window)));
+            if (!read || *read < 1) break;
+            windows.push_back(window);
+        }
+        more = windows.size() == Hartley::Batch;
+        Analyze(windows, range.Channels, static_cast<std::size_t>(column), table);
+        column += static_cast<std::int32_t>(windows.size());
+    }
+    return true;
+}
+
+void SpectrumAnalyzer::Analyze(const std::vector<Frames>& windows, std::int32_t channels,
+                               std::size_t column, SpectrumTable& table) const {
+    for (std::size_t channel = 0; channel < static_cast<std::size_t>(channels); ++channel) {
+        Hartley::Values values{};
+        for (std::size_t w = 0; w < windows.size(); ++w)
+            for (std::size_t i = 0; i < Hartley::Size; ++i)
+                values[i][w] = static_cast<float>(
+                                   windows[w][i * static_cast<std::size_t>(channels) + channel]) *
+                               window_[i];
+        hartley_.Transform(values);
+        auto& levels = table.Levels[channel];
+        for (std::size_t w = 0; w < windows.size(); ++w) {
+            const float constant = values[0][w];
+            levels[0][column + w] = Decibels(2 * constant * constant / Hartley::Size);
+            for (std::size_t k = 1; k < SpectrumTable::Bins; ++k) {
+                const float here = values[k][w];
+                const float there = values[Hartley::Size - k][w];
+                levels[k][column + w] = Decibels((here * here + there * there) /
+                                                 static_cast<float>(SpectrumTable::Bins));
+            }
+        }
+    }
+}
+
+}  // namespace mavrin2::view

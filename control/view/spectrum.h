@@ -1,0 +1,41 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include "control/view/hartley.h"
+#include "control/view/work_file_scan.h"
+#include "platform/files.h"
+
+namespace mavrin2::view {
+
+// The level of each frequency in each column and channel, in decibels of power, truncated.
+struct SpectrumTable {
+    static constexpr std::size_t Bins = Hartley::Size / 2;
+    static constexpr std::int32_t Silence = -20;
+
+    using Row = std::array<std::int32_t, ViewData::Columns>;  // one bin in all columns
+    std::array<std::vector<Row>, 2> Levels{std::vector<Row>(Bins), std::vector<Row>(Bins)};
+};
+
+// Analyses sound in windows of 64 frames, one for each column.
+class SpectrumAnalyzer {
+public:
+    SpectrumAnalyzer();
+
+    // False when the work file could not be read: the table is as it was.
+    bool ComputeSpectrum(platform::FileSystem& files, const ScanRange& range,
+                         SpectrumTable& table) const;
+
+private:
+    using Frames = std::vector<std::int16_t>;  // one window, interleaved
+
+    void Analyze(const std::vector<Frames>& windows, std::int32_t channels, std::size_t column,
+                 SpectrumTable& table) const;
+
+    Hartley hartley_;
+    std::array<float, Hartley::Size> window_;  // Hann's
+};
+
+}  // namespace mavrin2::view

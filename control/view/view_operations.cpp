@@ -1,0 +1,74 @@
+#include "control/view/view_operations.h"
+
+#include "control/view/wave_image.h"
+
+namespace mavrin2::view {
+
+void ViewOperations::Paint(platform::DrawingTarget& target, const Rectangle& bounds) {
+    if (bounds == picture_.Bounds()) {
+        picture_.Show(target);
+        return;
+    }
+    picture_.Resize(bounds);
+    picture_.Layout();
+    services_.Range.RecomputeView();
+    // A host may have had it painted elsewhere in an event.
+    if (bounds == picture_.Bounds()) picture_.Compose(target);
+}
+
+void ViewOperations::RebuildPens() {
+    picture_.TakePens();
+    picture_.RenderBackground();
+    picture_.Redraw();
+}
+
+void ViewOperations::TakeSettings() {
+    picture_.TakePens();
+    picture_.TakeScales();
+}
+
+void ViewOperations::ApplyScaleSettings() {
+    picture_.TakeScales();
+    picture_.Layout();
+    services_.Range.RecomputeView();
+    picture_.Redraw();
+}
+
+void ViewOperations::VisibleChannelsChanged() {
+    picture_.Layout();
+    if (picture_.TypeView() == TypeViewConstants::SPECTRAL) picture_.BuildSpectralPictures();
+    picture_.Redraw();
+}
+
+void ViewOperations::OperationChannelsChanged() {
+    if (picture_.TypeView() != TypeViewConstants::SPECTRAL) picture_.RenderBackground();
+    picture_.Redraw();
+}
+
+std::int16_t ViewOperations::TypeBorder() const {
+    return picture_.TypeBorder();
+}
+
+void ViewOperations::SetTypeBorder(std::int16_t type) {
+    picture_.SetTypeBorder(type);
+    picture_.RenderBackground();
+    picture_.Redraw();
+}
+
+TypeViewConstants ViewOperations::TypeView() const {
+    return picture_.TypeView();
+}
+
+void ViewOperations::SetTypeView(TypeViewConstants type) {
+    if (!services_.Status.Idle() || type == picture_.TypeView()) return;
+    picture_.SetTypeView(type);
+    picture_.Layout();
+    if (services_.Range.RecomputeView()) picture_.Redraw();
+}
+
+void ViewOperations::SaveWaveImage(const std::filesystem::path& path) const {
+    services_.Status.LastError = editor::ErrorConstants::NOERRORS;
+    if (!picture_.Frame().Empty()) WriteWaveImage(services_.Files, path, picture_.Frame());
+}
+
+}  // namespace mavrin2::view
