@@ -1,75 +1,28 @@
 #include "automation/connection_points.h"
 
 #include <algorithm>
-#include <atomic>
 
+#include "automation/enumeration.h"
 #include "automation/guarded.h"
 #include "automation/variant.h"
 
 namespace mavrin2::automation {
 namespace {
 
-// Walks over a list taken when the enumeration was made.
-template <class Interface, class Item, class Element>
-class Enumeration final : public Interface {
-public:
-    Enumeration(std::vector<Item> items, std::size_t at) : items_(std::move(items)), at_(at) {}
+IConnectionPoint* GivePoint(const ComPtr<IConnectionPoint>& point) {
+    return ComPtr<IConnectionPoint>(point).Detach();
+}
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        if (!object) return E_POINTER;
-        *object = nullptr;
-        if (!IsEqualGUID(iid, IID_IUnknown) && !IsEqualGUID(iid, IidOf<Interface>()))
-            return E_NOINTERFACE;
-        AddRef();
-        *object = static_cast<Interface*>(this);
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++count_; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --count_;
-        if (left == 0) delete this;
-        return left;
-    }
+using Connected = std::pair<ComPtr<IUnknown>, DWORD>;
 
-    STDMETHODIMP Next(ULONG count, Element* elements, ULONG* fetched) override {
-        if (!elements || (!fetched && count != 1)) return E_POINTER;
-        ULONG done = 0;
-        while (done < count && at_ < items_.size())
-            elements[done++] = Give(items_[at_++]);
-        if (fetched) *fetched = done;
-        return done == count ? S_OK : S_FALSE;
-    }
-    STDMETHODIMP Skip(ULONG count) override {
-        const std::size_t left = items_.size() - at_;
-        at_ += std::min<std::size_t>(count, left);
-        return count <= left ? S_OK : S_FALSE;
-    }
-    STDMETHODIMP Reset() override {
-        at_ = 0;
-        return S_OK;
-    }
-    STDMETHODIMP Clone(Interface** copy) override {
-        return Guarded([&]() -> HRESULT {
-            if (!copy) return E_POINTER;
-            *copy = new Enumeration(items_, at_);
-            return S_OK;
-        });
-    }
+CONNECTDATA GiveConnection(const Connected& connection) {
+    return {ComPtr<IUnknown>(connection.first).Detach(), connection.second};
+}
 
-private:
-    ~Enumeration() = default;
-
-    static IConnectionPoint* Give(const ComPtr<IConnectionPoint>& point) {
-        return ComPtr<IConnectionPoint>(point).Detach();
-    }
-    static CONNECTDATA Give(const std::pair<ComPtr<IUnknown>, DWORD>& connection) {
-        return {ComPtr<IUnknown>(connection.first).Detach(), connection.second};
-    }
-
-    std::vector<Item> items_;
-    std::size_t at_;
-    std::atomic<ULONG> count_ = 1;
-};
+using PointEnumeration =
+    Enumeration<IEnumConnectionPoints, ComPtr<IConnectionPoint>, IConnectionPoint*, &GivePoint>;
+using ConnectionEnumeration =
+    Enumeration<IEnumConnections, Connected, CONNECTDATA, &GiveConnection>;
 
 }  // namespace
 
@@ -122,11 +75,10 @@ STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) {
 STDMETHODIMP ConnectionPoint::EnumConnections(IEnumConnections** connections) {
     return Guarded([&]() -> HRESULT {
         if (!connections) return E_POINTER;
-        using Item = std::pair<ComPtr<IUnknown>, DWORD>;
-        std::vector<Item> items;
+        std::vector<Connected> items;
         for (const Connection& c : connections_)
             if (c.Sink) items.emplace_back(c.Sink, c.Cookie);
-        *connections = new Enumeration<IEnumConnections, Item, CONNECTDATA>(std::move(items), 0);
+        *connections = new ConnectionEnumeration(std::move(items));
         return S_OK;
     });
 }
@@ -147,9 +99,7 @@ STDMETHODIMP ConnectionPoints::EnumConnectionPoints(IEnumConnectionPoints** poin
         std::vector<ComPtr<IConnectionPoint>> items;
         for (const auto& point : points_)
             items.emplace_back(point.get());
-        *points =
-            new Enumeration<IEnumConnectionPoints, ComPtr<IConnectionPoint>, IConnectionPoint*>(
-                std::move(items), 0);
+        *points = new PointEnumeration(std::move(items));
         return S_OK;
     });
 }

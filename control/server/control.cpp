@@ -30,6 +30,7 @@ void CMavrin2::FinalRelease() {
 }
 
 void* CMavrin2::FindInterface(REFIID iid) {
+    if (void* part = parts_.Container.Find(iid)) return part;
     if (IsEqualGUID(iid, IID_IConnectionPointContainer))
         return static_cast<IConnectionPointContainer*>(&connectionPoints_);
     if (IsEqualGUID(iid, IID_IProvideClassInfo) || IsEqualGUID(iid, IID_IProvideClassInfo2))

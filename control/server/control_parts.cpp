@@ -14,9 +14,11 @@ ControlParts::ControlParts(ControlEnvironment environment, IUnknown* identity,
     : Environment(std::move(environment)),
       Identity(identity),
       Events(hosts),
-      Temporary(Environment.Ports, State.Settings) {}
+      Temporary(Environment.Ports, State.Settings),
+      Container(identity) {}
 
 void ControlParts::Teardown() {
+    Container.Detach();
     if (Position) Position->History().FreeChain();
     if (FileInfo) FileInfo->Detach();
     FileInfo.Reset();

@@ -6,6 +6,7 @@
 #include "control/editor/sound_file_companion.h"
 #include "control/objects/file_info.h"
 #include "control/objects/position.h"
+#include "control/server/container/container_front.h"
 #include "control/server/document_editor.h"
 #include "control/server/event_source.h"
 #include "platform/ports.h"
@@ -41,6 +42,7 @@ public:
     EventSource Events;
     ControlState State;
     editor::TemporaryFiles Temporary;
+    ContainerFront Container;
 
     automation::ComPtr<objects::CMavrin2FileInfo> FileInfo;
     automation::ComPtr<objects::CMavrin2Position> Position;

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <functional>
+
+#include "automation/com_ptr.h"
+#include "control/view/rectangle.h"
+#include "platform/drawing_target.h"
+
+namespace mavrin2::server {
+
+using PaintPicture =
+    std::function<void(platform::DrawingTarget& target, const view::Rectangle& bounds)>;
+
+// Five inches by two, until a container says otherwise.
+inline constexpr SIZEL kDefaultExtent{12700, 5080};
+
+// What a container and the control have agreed on. Owned by the container's front, shared by the
+// parts that answer for its interfaces.
+struct ContainerState {
+    automation::ComPtr<IOleClientSite> Site;
+    SIZEL Extent = kDefaultExtent;  // in hundredths of a millimetre
+    bool Changed = false;           // since the container has saved or loaded it
+    PaintPicture Paint;             // empty while there is nothing to be seen
+};
+
+}  // namespace mavrin2::server
