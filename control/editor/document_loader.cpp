@@ -80,6 +80,7 @@ bool DocumentLoader::CreateTarget() {
 
 bool DocumentLoader::ReadBlocks() {
     services_.Observer.BeginLoading(expected_);
+    services_.Channels.Recount(services_.Format.Channels);
     services_.View.RecomputeTimeScale();
     while (!services_.Status.Idle()) {
         const auto block = companion_.ReadBlock(FramesPerBlock(services_.Format.Frequency));

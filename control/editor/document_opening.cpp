@@ -29,6 +29,7 @@ void DocumentOpening::New(std::int32_t frequency, std::int32_t channels) {
     services_.Format.BitsPerSample = 16;
     if (!PushEmptyDocument()) return;
     ticket.Moved();
+    services_.Channels.Recount(channels);
     services_.Format.FormatDescription = PcmDescription(frequency, channels);
     if (!services_.Range.RecomputeView(Bytes(0), services_.History.Current()->TotalBytes)) return;
     if (!ticket.Stands()) return;
@@ -97,6 +98,7 @@ void DocumentOpening::Close() {
     services_.History.FreeChain();
     companion_.CloseFile();
     services_.Format.FormatDescription.clear();
+    services_.Channels.Recount(services_.Format.Channels);
 }
 
 }  // namespace mavrin2::editor

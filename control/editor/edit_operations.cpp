@@ -8,7 +8,7 @@ void EditOperations::DeleteSelect() {
     if (!services_.Ready() || !services_.History.Current()->Selected) return;
     services_.Status.LastError = ErrorConstants::NOERRORS;
     RangeEdit edit(services_, StatusConstants::DeleteSelect);
-    if (!edit.BeginEdit()) return;
+    if (!edit.BeginEdit(Bytes(0))) return;
     edit.Source().Seek(edit.SelectionEnd().Count());
     edit.CommitEdit();
 }

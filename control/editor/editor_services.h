@@ -1,6 +1,7 @@
 #pragma once
 
 #include "control/editor/block_observer.h"
+#include "control/editor/channel_switches.h"
 #include "control/editor/document_format.h"
 #include "control/editor/document_view.h"
 #include "control/editor/edit_settings.h"
@@ -21,6 +22,7 @@ struct EditorServices {
     TemporaryFiles& Temporary;
     UndoHistory& History;
     DocumentFormat& Format;
+    ChannelSwitches& Channels;
     OperationStatus& Status;
     EditSettings& Settings;
     OperationCounter& Operations;

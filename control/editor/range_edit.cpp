@@ -21,9 +21,14 @@ RangeEdit::~RangeEdit() {
     Abandon();
 }
 
-bool RangeEdit::BeginEdit() {
+bool RangeEdit::BeginEdit(std::optional<Bytes> replacement) {
     services_.Status.Status = status_;
     if (!Open()) return FailBegin();
+    if (replacement) {
+        services_.Observer.BeginVersion(Bytes(source_.Length()) - (selectionEnd_ - selectionStart_) +
+                                        *replacement);
+        target_.SetObserver(&services_.Observer);
+    }
     const std::int64_t head = selectionStart_.Count();
     switch (CopyBlocks(source_, target_, head, BlockSize(services_.Settings, source_, head),
                        buffer_, [this] { return ReportBlock(); })) {
@@ -61,6 +66,7 @@ bool RangeEdit::CommitEdit() {
     source_.Close();
     const Bytes total(target_.Length());
     if (!target_.Close()) return FailCommit();
+    services_.Observer.EndVersion(true);
     services_.Status.Status = StatusConstants::Idle;
 
     auto state = std::make_unique<DocumentState>();
@@ -118,6 +124,7 @@ bool RangeEdit::ShowNewState() {
 }
 
 void RangeEdit::Abandon() {
+    if (!targetPath_.empty()) services_.Observer.EndVersion(false);
     source_.Close();
     target_.Close();
     services_.Temporary.Remove(targetPath_);

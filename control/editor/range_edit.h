@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 
 #include "control/editor/editor_services.h"
 #include "control/editor/wave_stream.h"
@@ -18,10 +19,12 @@ public:
     RangeEdit& operator=(const RangeEdit&) = delete;
     ~RangeEdit();
 
-    // Copies what stands before the selection. Then Target() is open at that point and Source()
+    // Copies what stands before the selection. `replacement` is the length of what the caller will
+    // write in its place, where that is known: whoever looks at the samples then does it on their
+    // way. Then Target() is open at that point and Source()
     // too. False when the edit has ended: it failed, was cancelled or another operation took its
     // place.
-    bool BeginEdit();
+    bool BeginEdit(std::optional<Bytes> replacement = std::nullopt);
 
     // Copies the rest, from where Source() stands, and makes the new version current, with view,
     // selection and events as they follow. False when the edit has ended without a new version.

@@ -13,6 +13,7 @@ void UndoRedo::Move(bool (UndoHistory::*step)()) {
     services_.Format.Frequency = state.Frequency;
     if (state.Channels != services_.Format.Channels) {
         services_.Format.Channels = state.Channels;
+        services_.Channels.Recount(state.Channels);
         services_.View.RecomputeScales();
         services_.View.RenderBackground();
     }

@@ -204,6 +204,7 @@ bool WaveStream::Write(std::span<const std::byte> source) {
     if (count == 0) return true;
     if (!file_->Write(std::int64_t{dataStart_} + position_, source.first(count))) return false;
     Advance(count);
+    if (observer_) observer_->Block(source.first(count));
     return true;
 }
 

@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 
+#include "control/editor/block_observer.h"
 #include "control/editor/copy_buffer.h"
 #include "platform/files.h"
 
@@ -58,6 +59,9 @@ public:
                                         CopyBuffer& buffer);
     bool Seek(std::int64_t position);
 
+    // Shows it every block that is written; null for nobody. Has to live as long.
+    void SetObserver(BlockObserver* observer) { observer_ = observer; }
+
     // Puts the sizes into the header of a file that was written. False when that failed.
     bool Close();
 
@@ -74,6 +78,7 @@ private:
     void Advance(std::uint32_t count);
 
     platform::FileSystem& files_;
+    BlockObserver* observer_ = nullptr;
     std::unique_ptr<platform::File> file_;
     std::filesystem::path path_;
     Mode mode_ = Mode::Closed;

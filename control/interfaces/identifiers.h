@@ -23,10 +23,16 @@ inline constexpr GUID LIBID_KovMAVRIN2Lib = ControlId(0x0001);
 inline constexpr CLSID CLSID_Mavrin2 = ControlId(0x0101);
 inline constexpr IID IID_IMavrin2 = ControlId(0x0102);
 inline constexpr IID DIID_IMavrin2Events = ControlId(0x0103);
+inline constexpr CLSID CLSID_Mavrin2Channel = ControlId(0x0201);
+inline constexpr IID IID_IMavrin2Channel = ControlId(0x0202);
+inline constexpr CLSID CLSID_Mavrin2Colors = ControlId(0x0301);
+inline constexpr IID IID_IMavrin2Colors = ControlId(0x0302);
 inline constexpr CLSID CLSID_Mavrin2FileInfo = ControlId(0x0601);
 inline constexpr IID IID_IMavrin2FileInfo = ControlId(0x0602);
 inline constexpr CLSID CLSID_Mavrin2Position = ControlId(0x0901);
 inline constexpr IID IID_IMavrin2Position = ControlId(0x0902);
+inline constexpr CLSID CLSID_Mavrin2Scale = ControlId(0x0B01);
+inline constexpr IID IID_IMavrin2Scale = ControlId(0x0B02);
 
 inline constexpr GUID ID_FrequencyConstants = ControlId(0x2001);
 inline constexpr GUID ID_ChannelsConstants = ControlId(0x2002);

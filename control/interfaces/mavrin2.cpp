@@ -25,6 +25,16 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2>() {
             .Method<&I::EndOperations>("EndOperations", "Ends the batch and draws it")
             .Method<&I::DeleteSelect>("DeleteSelect", "Deletes the selection")
             .Method<&I::Stop>("Stop", "Cancels the running operation")
+            .Method<&I::ZoomIn>("ZoomIn", "Shows the selection")
+            .Method<&I::ZoomOut>("ZoomOut", "Goes back one zoom")
+            .Method<&I::ZoomFull>("ZoomFull", "Shows the whole document")
+            .Method<&I::Zoom>("Zoom", "Shows a range of frames", In("Start"), In("End"))
+            .Method<&I::ZoomVertical>("ZoomVertical",
+                                      "Percent of full scale in a lane: 10 ... 1000",
+                                      In("Procent").Default(100))
+            .Method<&I::Refresh>("Refresh", "Reads the sound again and draws it")
+            .Method<&I::SaveWaveImage>("SaveWaveImage", "Writes the picture as a bitmap file",
+                                       In("fileBMP"))
             .Get<&I::get_LastErrorNum>("LastErrorNum", "Outcome of the last operation")
             .Get<&I::get_Status>("Status", "What the control is doing, 0 when idle")
             .Get<&I::get_TempDirectory>("TempDirectory",
@@ -38,8 +48,19 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2>() {
             .Put<&I::put_UndoRedoCount>("UndoRedoCount", "1 ... 10000")
             .GetBoolean<&I::get_UndoEnabled>("UndoEnabled", "Whether there is an older version")
             .GetBoolean<&I::get_RedoEnabled>("RedoEnabled", "Whether there is a newer version")
+            .Get<&I::get_ScaleX>("ScaleX", "The time scale")
+            .Put<&I::put_ScaleX>("ScaleX", "A scale object")
+            .Get<&I::get_ScaleY>("ScaleY", "The level scale")
+            .Put<&I::put_ScaleY>("ScaleY", "A scale object")
+            .Get<&I::get_Colors>("Colors", "Colours of the picture")
+            .Put<&I::put_Colors>("Colors", "A colours object")
             .Get<&I::get_FileInfo>("FileInfo", "Format of the sound")
             .Get<&I::get_Position>("Position", "Selection, view and positions")
+            .Get<&I::get_Channels>("Channels", "Which channels are shown and edited")
+            .Get<&I::get_TypeBorder>("TypeBorder", "Edge of the control")
+            .Put<&I::put_TypeBorder>("TypeBorder", "0 ... 3, others are flat")
+            .Get<&I::get_TypeView>("TypeView", "What the lanes show")
+            .Put<&I::put_TypeView>("TypeView", "Waveform, spectrum or nothing; only while idle")
             .Build();
     return description;
 }

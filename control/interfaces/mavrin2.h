@@ -1,10 +1,13 @@
 #pragma once
 
 #include "automation/interface_description.h"
+#include "control/interfaces/channel.h"
+#include "control/interfaces/colors.h"
 #include "control/interfaces/enumerations.h"
 #include "control/interfaces/file_info.h"
 #include "control/interfaces/identifiers.h"
 #include "control/interfaces/position.h"
+#include "control/interfaces/scale.h"
 
 namespace mavrin2::interfaces {
 
@@ -32,6 +35,18 @@ struct IMavrin2 : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE DeleteSelect() = 0;
     // Cancels the running operation.
     virtual HRESULT STDMETHODCALLTYPE Stop() = 0;
+    // To the selection, of 3 frames at least; 99 times at most.
+    virtual HRESULT STDMETHODCALLTYPE ZoomIn() = 0;
+    virtual HRESULT STDMETHODCALLTYPE ZoomOut() = 0;
+    virtual HRESULT STDMETHODCALLTYPE ZoomFull() = 0;
+    // To a range of frames, which is shifted into the document.
+    virtual HRESULT STDMETHODCALLTYPE Zoom(LONG Start, LONG End) = 0;
+    // The share of full scale that a lane is high, 10 … 1000 percent.
+    virtual HRESULT STDMETHODCALLTYPE ZoomVertical(LONG Procent) = 0;
+    // Reads the sound again and draws it.
+    virtual HRESULT STDMETHODCALLTYPE Refresh() = 0;
+    // Writes what was drawn last as a bitmap file. Whether that went well is not told.
+    virtual HRESULT STDMETHODCALLTYPE SaveWaveImage(BSTR fileBMP) = 0;
 
     virtual HRESULT STDMETHODCALLTYPE get_LastErrorNum(ErrorConstants* Value) = 0;
     // 0 when idle.
@@ -50,9 +65,23 @@ struct IMavrin2 : public IDispatch {
     // 1 for true.
     virtual HRESULT STDMETHODCALLTYPE get_UndoEnabled(VARIANT_BOOL* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_RedoEnabled(VARIANT_BOOL* Value) = 0;
-    // The one object of each kind that the control keeps.
+    // The one object of each kind that the control keeps. One that is put takes its place; a null
+    // is ignored.
+    virtual HRESULT STDMETHODCALLTYPE get_ScaleX(IMavrin2Scale** Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_ScaleX(IMavrin2Scale* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_ScaleY(IMavrin2Scale** Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_ScaleY(IMavrin2Scale* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_Colors(IMavrin2Colors** Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_Colors(IMavrin2Colors* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_FileInfo(IMavrin2FileInfo** Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_Position(IMavrin2Position** Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_Channels(IMavrin2Channel** Value) = 0;
+    // 0 sunken, 1 … 3 other edges; anything else is flat.
+    virtual HRESULT STDMETHODCALLTYPE get_TypeBorder(SHORT* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_TypeBorder(SHORT Value) = 0;
+    // Nothing changes while the control is busy.
+    virtual HRESULT STDMETHODCALLTYPE get_TypeView(TypeViewConstants* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_TypeView(TypeViewConstants Value) = 0;
 };
 
 }  // namespace mavrin2::interfaces

@@ -64,6 +64,20 @@ HRESULT CMavrin2::Read(Value* target, Reader&& read) {
     return automation::Guarded([&] { *target = read(); });
 }
 
+// Gives a host one of the objects that the control keeps.
+template <class Interface, class Object>
+HRESULT CMavrin2::Hand(Interface** target, const automation::ComPtr<Object>& object) {
+    return Read(target, [&] { return object.template As<Interface>().Detach(); });
+}
+
+// Keeps a host's object in the place of the one there was.
+template <class Interface>
+HRESULT CMavrin2::Take(Interface* object, automation::ComPtr<Interface>& place) {
+    return Run([&](DocumentEditor&) {
+        if (object) place = automation::ComPtr<Interface>(object);
+    });
+}
+
 STDMETHODIMP CMavrin2::New(interfaces::FrequencyConstants Frequency,
                            interfaces::ChannelsConstants nChannels) {
     return Run([&](DocumentEditor& editor) {
@@ -110,6 +124,35 @@ STDMETHODIMP CMavrin2::DeleteSelect() {
 
 STDMETHODIMP CMavrin2::Stop() {
     return Run([](DocumentEditor& editor) { editor.Transport.Stop(); });
+}
+
+STDMETHODIMP CMavrin2::ZoomIn() {
+    return Run([](DocumentEditor& editor) { editor.Zooming.ZoomIn(); });
+}
+
+STDMETHODIMP CMavrin2::ZoomOut() {
+    return Run([](DocumentEditor& editor) { editor.Zooming.ZoomOut(); });
+}
+
+STDMETHODIMP CMavrin2::ZoomFull() {
+    return Run([](DocumentEditor& editor) { editor.Zooming.ZoomFull(); });
+}
+
+STDMETHODIMP CMavrin2::Zoom(LONG Start, LONG End) {
+    return Run([&](DocumentEditor& editor) { editor.Zooming.ZoomTo(Start, End); });
+}
+
+STDMETHODIMP CMavrin2::ZoomVertical(LONG Procent) {
+    return Run([&](DocumentEditor& editor) { editor.Zooming.ZoomVertical(Procent); });
+}
+
+STDMETHODIMP CMavrin2::Refresh() {
+    return Run([](DocumentEditor& editor) { editor.Zooming.Refresh(); });
+}
+
+STDMETHODIMP CMavrin2::SaveWaveImage(BSTR fileBMP) {
+    return Run(
+        [&](DocumentEditor& editor) { editor.View.SaveWaveImage(ToPath(Bstr::View(fileBMP))); });
 }
 
 STDMETHODIMP CMavrin2::get_LastErrorNum(ErrorConstants* Value) {
@@ -174,12 +217,56 @@ STDMETHODIMP CMavrin2::get_RedoEnabled(VARIANT_BOOL* Value) {
     return Read(Value, [&] { return static_cast<VARIANT_BOOL>(History().CanStepForward()); });
 }
 
+STDMETHODIMP CMavrin2::get_ScaleX(interfaces::IMavrin2Scale** Value) {
+    return Hand(Value, parts_.Style.ScaleXObject);
+}
+
+STDMETHODIMP CMavrin2::put_ScaleX(interfaces::IMavrin2Scale* Value) {
+    return Take(Value, parts_.Style.ScaleXObject);
+}
+
+STDMETHODIMP CMavrin2::get_ScaleY(interfaces::IMavrin2Scale** Value) {
+    return Hand(Value, parts_.Style.ScaleYObject);
+}
+
+STDMETHODIMP CMavrin2::put_ScaleY(interfaces::IMavrin2Scale* Value) {
+    return Take(Value, parts_.Style.ScaleYObject);
+}
+
+STDMETHODIMP CMavrin2::get_Colors(interfaces::IMavrin2Colors** Value) {
+    return Hand(Value, parts_.Style.ColorsObject);
+}
+
+STDMETHODIMP CMavrin2::put_Colors(interfaces::IMavrin2Colors* Value) {
+    return Take(Value, parts_.Style.ColorsObject);
+}
+
 STDMETHODIMP CMavrin2::get_FileInfo(interfaces::IMavrin2FileInfo** Value) {
-    return Read(Value, [&] { return parts_.FileInfo.As<interfaces::IMavrin2FileInfo>().Detach(); });
+    return Hand(Value, parts_.FileInfo);
 }
 
 STDMETHODIMP CMavrin2::get_Position(interfaces::IMavrin2Position** Value) {
-    return Read(Value, [&] { return parts_.Position.As<interfaces::IMavrin2Position>().Detach(); });
+    return Hand(Value, parts_.Position);
+}
+
+STDMETHODIMP CMavrin2::get_Channels(interfaces::IMavrin2Channel** Value) {
+    return Hand(Value, parts_.Channels);
+}
+
+STDMETHODIMP CMavrin2::get_TypeBorder(SHORT* Value) {
+    return Read(Value, [&] { return parts_.Editor->View.TypeBorder(); });
+}
+
+STDMETHODIMP CMavrin2::put_TypeBorder(SHORT Value) {
+    return Run([&](DocumentEditor& editor) { editor.View.SetTypeBorder(Value); });
+}
+
+STDMETHODIMP CMavrin2::get_TypeView(interfaces::TypeViewConstants* Value) {
+    return Read(Value, [&] { return parts_.Editor->View.TypeView(); });
+}
+
+STDMETHODIMP CMavrin2::put_TypeView(interfaces::TypeViewConstants Value) {
+    return Run([&](DocumentEditor& editor) { editor.View.SetTypeView(Value); });
 }
 
 }  // namespace mavrin2::server

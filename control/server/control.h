@@ -31,6 +31,13 @@ public:
     STDMETHODIMP EndOperations() override;
     STDMETHODIMP DeleteSelect() override;
     STDMETHODIMP Stop() override;
+    STDMETHODIMP ZoomIn() override;
+    STDMETHODIMP ZoomOut() override;
+    STDMETHODIMP ZoomFull() override;
+    STDMETHODIMP Zoom(LONG Start, LONG End) override;
+    STDMETHODIMP ZoomVertical(LONG Procent) override;
+    STDMETHODIMP Refresh() override;
+    STDMETHODIMP SaveWaveImage(BSTR fileBMP) override;
     STDMETHODIMP get_LastErrorNum(interfaces::ErrorConstants* Value) override;
     STDMETHODIMP get_Status(SHORT* Value) override;
     STDMETHODIMP get_TempDirectory(BSTR* Value) override;
@@ -43,14 +50,29 @@ public:
     STDMETHODIMP put_UndoRedoCount(LONG Value) override;
     STDMETHODIMP get_UndoEnabled(VARIANT_BOOL* Value) override;
     STDMETHODIMP get_RedoEnabled(VARIANT_BOOL* Value) override;
+    STDMETHODIMP get_ScaleX(interfaces::IMavrin2Scale** Value) override;
+    STDMETHODIMP put_ScaleX(interfaces::IMavrin2Scale* Value) override;
+    STDMETHODIMP get_ScaleY(interfaces::IMavrin2Scale** Value) override;
+    STDMETHODIMP put_ScaleY(interfaces::IMavrin2Scale* Value) override;
+    STDMETHODIMP get_Colors(interfaces::IMavrin2Colors** Value) override;
+    STDMETHODIMP put_Colors(interfaces::IMavrin2Colors* Value) override;
     STDMETHODIMP get_FileInfo(interfaces::IMavrin2FileInfo** Value) override;
     STDMETHODIMP get_Position(interfaces::IMavrin2Position** Value) override;
+    STDMETHODIMP get_Channels(interfaces::IMavrin2Channel** Value) override;
+    STDMETHODIMP get_TypeBorder(SHORT* Value) override;
+    STDMETHODIMP put_TypeBorder(SHORT Value) override;
+    STDMETHODIMP get_TypeView(interfaces::TypeViewConstants* Value) override;
+    STDMETHODIMP put_TypeView(interfaces::TypeViewConstants Value) override;
 
 private:
     template <class Act>
     HRESULT Run(Act&& act);
     template <class Value, class Reader>
     HRESULT Read(Value* target, Reader&& read);
+    template <class Interface, class Object>
+    HRESULT Hand(Interface** target, const automation::ComPtr<Object>& object);
+    template <class Interface>
+    HRESULT Take(Interface* object, automation::ComPtr<Interface>& place);
 
     editor::UndoHistory& History() { return parts_.Position->History(); }
 

@@ -20,11 +20,19 @@ ControlParts::ControlParts(ControlEnvironment environment, IUnknown* identity,
 void ControlParts::Teardown() {
     Container.Detach();
     if (Position) Position->History().FreeChain();
-    if (FileInfo) FileInfo->Detach();
-    FileInfo.Reset();
-    if (Position) Position->Detach();
+    // All are detached before any is let go of.
+    const auto detach = [](const auto&... objects) {
+        ((objects ? objects->Detach() : void()), ...);
+    };
+    detach(ScaleX, ScaleY, Colors, FileInfo, Position, Channels);
     Editor.reset();
+    Style.Release();
+    ScaleX.Reset();
+    ScaleY.Reset();
+    Colors.Reset();
+    FileInfo.Reset();
     Position.Reset();
+    Channels.Reset();
     Dusoro.Release();
 }
 

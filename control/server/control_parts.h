@@ -4,11 +4,15 @@
 #include <memory>
 
 #include "control/editor/sound_file_companion.h"
+#include "control/objects/channel.h"
+#include "control/objects/colors.h"
 #include "control/objects/file_info.h"
 #include "control/objects/position.h"
+#include "control/objects/scale.h"
 #include "control/server/container/container_front.h"
 #include "control/server/document_editor.h"
 #include "control/server/event_source.h"
+#include "control/server/view_style.h"
 #include "platform/ports.h"
 
 namespace mavrin2::server {
@@ -44,8 +48,14 @@ public:
     editor::TemporaryFiles Temporary;
     ContainerFront Container;
 
+    // The control's own, whatever a host has put in their place.
+    automation::ComPtr<objects::CMavrin2Scale> ScaleX;
+    automation::ComPtr<objects::CMavrin2Scale> ScaleY;
+    automation::ComPtr<objects::CMavrin2Colors> Colors;
+    ViewStyle Style;
     automation::ComPtr<objects::CMavrin2FileInfo> FileInfo;
     automation::ComPtr<objects::CMavrin2Position> Position;
+    automation::ComPtr<objects::CMavrin2Channel> Channels;
     editor::SoundFileCompanion Dusoro;
     std::unique_ptr<DocumentEditor> Editor;
 };

@@ -6,30 +6,45 @@
 #include "control/editor/editor_services.h"
 #include "control/editor/positions.h"
 #include "control/editor/undo_redo.h"
+#include "control/objects/channel.h"
 #include "control/processing/transport.h"
+#include "control/view/picture.h"
+#include "control/view/view_operations.h"
+#include "control/view/zoom.h"
+#include "platform/ports.h"
 
 namespace mavrin2::server {
 
 // The plain state that the parts of one control share.
 struct ControlState {
     editor::DocumentFormat Format;
+    editor::ChannelSwitches Channels;
     editor::OperationStatus Status;
     editor::EditSettings Settings;
     editor::OperationCounter Operations;
 };
 
-// The editor of one control, wired: everything that works on its document.
+// What the editor of a control works with that is not its own.
+struct EditorSurroundings {
+    const platform::Ports& Ports;
+    editor::TemporaryFiles& Temporary;
+    editor::UndoHistory& History;
+    ControlState& State;
+    editor::SoundFileCompanion& Companion;
+    editor::EditorEvents& Events;
+    view::Style& Style;
+    view::Display& Display;
+};
+
+// The editor of one control, wired: everything that works on its document, and its picture.
 class DocumentEditor {
 public:
-    DocumentEditor(platform::FileSystem& files, editor::TemporaryFiles& temporary,
-                   editor::UndoHistory& history, ControlState& state,
-                   editor::SoundFileCompanion& companion, editor::EditorEvents& events);
+    explicit DocumentEditor(const EditorSurroundings& around);
     DocumentEditor(const DocumentEditor&) = delete;
     DocumentEditor& operator=(const DocumentEditor&) = delete;
 
 private:
-    editor::DocumentView view_;
-    editor::BlockObserver observer_;
+    view::Picture picture_;
     editor::ViewRange range_;
     editor::EditorServices services_;
 
@@ -40,6 +55,9 @@ public:
     editor::EditOperations Edits;
     editor::UndoRedo Versions;
     editor::Positions Positions;
+    view::ViewOperations View;
+    view::Zoom Zooming;
+    objects::CMavrin2Channel::Parts Channels;
 };
 
 }  // namespace mavrin2::server

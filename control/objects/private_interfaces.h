@@ -1,0 +1,21 @@
+#pragma once
+
+#include "control/interfaces/identifiers.h"
+#include "control/view/style.h"
+
+namespace mavrin2::objects {
+
+// What the control asks of its own objects beyond their published interfaces. Objects that others
+// have made do not answer. The settings belong to the object.
+struct IColorSettings : public IUnknown {
+    static constexpr IID Id = interfaces::ControlId(0x8001);
+    virtual const view::ColorSettings& STDMETHODCALLTYPE Get() = 0;
+};
+
+struct IScaleSettings : public IUnknown {
+    static constexpr IID Id = interfaces::ControlId(0x8002);
+    // May be changed; nothing is drawn for it.
+    virtual view::ScaleSettings& STDMETHODCALLTYPE Get() = 0;
+};
+
+}  // namespace mavrin2::objects
