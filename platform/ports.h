@@ -6,6 +6,8 @@
 #include "platform/error_dialog.h"
 #include "platform/files.h"
 #include "platform/instance_lock.h"
+#include "platform/system_colors.h"
+#include "platform/text.h"
 
 namespace mavrin2::platform {
 
@@ -16,6 +18,8 @@ struct Ports {
     std::shared_ptr<ErrorDialog> Errors;
     // A lock for one control, waiting while a sole instance cleans up; never null.
     std::function<std::unique_ptr<InstanceLock>()> NewInstanceLock;
+    std::shared_ptr<FontLoader> Fonts;
+    SystemColors Colors;
 };
 
 // The adapters of the running system.

@@ -22,6 +22,9 @@ struct FontDescription {
     bool operator==(const FontDescription&) const = default;
 };
 
+// The height of its letters' square in pixels, at least 1. What no screen could show is limited.
+int EmPixels(const FontDescription& description);
+
 // Of one line of text, in pixels: its advance, and the height of the font's cells.
 struct TextExtent {
     int Width = 0;

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "platform/linux/file_system.h"
+#include "platform/linux/fonts.h"
 #include "platform/linux/instance_lock.h"
 
 namespace mavrin2::platform {
@@ -28,6 +29,9 @@ Ports SystemPorts() {
         const auto folder = files->TemporaryFolder();
         return LinuxInstanceLock(folder.empty() ? folder : folder / "instances.lock");
     };
+    ports.Fonts = LinuxFonts();
+    // What a plain desktop has.
+    ports.Colors = {.ButtonFace = 0xC8D0D4, .Highlight = 0xFFFFFF, .Shadow = 0x808080};
     return ports;
 }
 

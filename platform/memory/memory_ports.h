@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "platform/memory/fixed_fonts.h"
 #include "platform/memory/memory_file_system.h"
 #include "platform/memory/memory_instance_locks.h"
 #include "platform/memory/recording_error_dialog.h"
@@ -14,9 +15,11 @@ struct MemoryPorts {
     std::shared_ptr<MemoryFileSystem> Files = std::make_shared<MemoryFileSystem>();
     std::shared_ptr<RecordingErrorDialog> Errors = std::make_shared<RecordingErrorDialog>();
     MemoryInstanceLocks Locks;
+    std::shared_ptr<FixedFonts> Fonts = std::make_shared<FixedFonts>();
+    SystemColors Colors = {.ButtonFace = 0xC8D0D4, .Highlight = 0xFFFFFF, .Shadow = 0x808080};
 
     Ports AsPorts() const {
-        return {Files, Errors, [locks = Locks]() mutable { return locks.New(); }};
+        return {Files, Errors, [locks = Locks]() mutable { return locks.New(); }, Fonts, Colors};
     }
 };
 

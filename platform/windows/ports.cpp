@@ -2,6 +2,7 @@
 
 #include "platform/automation.h"
 #include "platform/windows/file_system.h"
+#include "platform/windows/fonts.h"
 #include "platform/windows/instance_lock.h"
 #include "platform/windows/wide.h"
 
@@ -24,6 +25,10 @@ Ports SystemPorts() {
     ports.Errors = std::make_shared<MessageBoxDialog>();
     // Known to one session of the user, as its temporary files are.
     ports.NewInstanceLock = [] { return WindowsInstanceLock(L"Local\\KovMavrin2.Instance"); };
+    ports.Fonts = WindowsFonts();
+    ports.Colors = {.ButtonFace = ::GetSysColor(COLOR_3DFACE),
+                    .Highlight = ::GetSysColor(COLOR_3DHIGHLIGHT),
+                    .Shadow = ::GetSysColor(COLOR_APPWORKSPACE)};
     return ports;
 }
 
