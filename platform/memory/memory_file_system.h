@@ -34,9 +34,9 @@ public:
     MemoryFileSystem();
     ~MemoryFileSystem() override;
 
-    // What there is. Paths are absolute, without a drive; a relative one starts at `/`. Slashes serve
-    // on every system, and what comes back has the system's own separators. Folders that lead to a
-    // new file or folder are made.
+    // What there is. Paths are absolute, without a drive; a relative one starts at `/`. Slashes
+    // serve on every system, and what comes back has the system's own separators. Folders that lead
+    // to a new file or folder are made.
     void AddFolder(const std::filesystem::path& path);
     void AddFile(const std::filesystem::path& path, std::span<const std::byte> bytes);
     void AddFile(const std::filesystem::path& path, std::string_view text);
