@@ -92,6 +92,8 @@ public:
     GdiFont(FontHandle font, int em) : context_(std::move(font)), em_(em) {}
 
     TextExtent Measure(std::string_view text) const override {
+        // The system gives no height to nothing.
+        if (text.empty()) return {0, Measured(L" ").Height};
         return Measured(WideOf(std::string(text)));
     }
 
