@@ -7,6 +7,7 @@
 #include "platform/linux/automation/controls.h"
 #include "platform/linux/automation/data_transfer.h"
 #include "platform/linux/automation/embedding.h"
+#include "platform/linux/automation/fonts.h"
 #include "platform/linux/automation/functions.h"
 #include "platform/linux/automation/in_place.h"
 #include "platform/linux/automation/interfaces.h"
