@@ -8,6 +8,7 @@
 #include "hosts/script/commands/convert_command.h"
 #include "hosts/script/commands/failure.h"
 #include "hosts/script/commands/info_command.h"
+#include "hosts/script/commands/picture_command.h"
 #include "hosts/script/commands/run_command.h"
 #include "hosts/script/process/component_finder.h"
 #include "hosts/script/process/interrupt.h"
@@ -21,6 +22,7 @@ constexpr const char* kHelp =
   run SCRIPT.lua [ARGUMENT...]                   runs a script that drives the sound editor
   info FILE...                                   tells format, length, rate and channels
   convert IN OUT [--start TIME] [--end TIME]     writes a sound, or a piece of it, to another file
+  picture IN OUT.png [OPTION...]                 draws a sound
 
   --help       this text; `mavrin2 COMMAND --help` tells more of a command
   --version    the version
@@ -29,7 +31,7 @@ Exit codes: 0 all went well, 1 something failed, 2 wrong use.
 )";
 
 const Command* Find(const std::string& name) {
-    for (const Command* command : {&kRunCommand, &kInfoCommand, &kConvertCommand})
+    for (const Command* command : {&kRunCommand, &kInfoCommand, &kConvertCommand, &kPictureCommand})
         if (command->Name == name) return command;
     return nullptr;
 }

@@ -8,7 +8,7 @@
 #include "hosts/script/commands/editor.h"
 #include "hosts/script/commands/failure.h"
 #include "hosts/script/commands/output_file.h"
-#include "hosts/script/commands/time_text.h"
+#include "hosts/script/commands/time_range.h"
 
 namespace mavrin2::script {
 namespace {
@@ -27,8 +27,6 @@ A TIME is 1.5 (seconds), 1:30.25 (minutes and seconds) or 66150f (sample frames)
 Exit codes: 0 done, 1 failed, 2 wrong use.
 )";
 
-constexpr std::string_view kStart = "--start";
-constexpr std::string_view kEnd = "--end";
 constexpr std::string_view kOptions[] = {kStart, kEnd};
 
 // The control takes an extension that it does not know for one kind of telephone sound; who types
@@ -49,37 +47,11 @@ void CheckDifferent(const std::string& in, const std::string& out) {
         throw Failure(out, "Would replace the file that is read");
 }
 
-std::optional<TimePoint> TimeOf(const CommandLine& line, std::string_view option) {
-    const auto text = line.Value(option);
-    if (!text) return std::nullopt;
-    const auto time = TimePoint::Parse(*text);
-    if (!time)
-        throw UsageError(std::string(option) + " " + *text +
-                         ": not a time; write 1.5, 1:30.25 or 66150f");
-    return time;
-}
-
-struct Range {
-    std::int64_t Start;
-    std::int64_t End;
-};
-
-void Check(const Range& range, const Editor& editor, const std::string& file) {
-    const int length = editor.Frames();
-    const int rate = editor.Rate();
-    if (range.Start > length || range.End > length)
-        throw Failure(file, std::string(range.Start > length ? kStart : kEnd) +
-                                " lies behind its end at " + DurationText(length, rate) + " (" +
-                                std::to_string(length) + "f)");
-    if (range.Start >= range.End) throw Failure(file, "Nothing lies between --start and --end");
-}
-
 int Run(const CommandLine& line) {
     if (line.Operands().size() != 2) throw UsageError("convert needs two files, IN and OUT");
     const std::string& in = line.Operands()[0];
     const std::string& out = line.Operands()[1];
-    const auto start = TimeOf(line, kStart);
-    const auto end = TimeOf(line, kEnd);
+    const TimeRange piece(line);
     CheckExtension(out);
     CheckDifferent(in, out);
 
@@ -87,13 +59,11 @@ int Run(const CommandLine& line) {
     OutputFile output(out);
     Editor editor;
     editor.Open(in);
-    if (start || end) {
-        const Range range{start ? start->Frames(editor.Rate()) : 0,
-                          end ? end->Frames(editor.Rate()) : editor.Frames()};
-        Check(range, editor, in);
+    if (piece.IsGiven()) {
+        const TimeRange::Frames range = piece.In(editor, in);
         editor.Select(static_cast<std::int32_t>(range.Start), static_cast<std::int32_t>(range.End));
     }
-    editor.Save(output.Path(), out, start || end);
+    editor.Save(output.Path(), out, piece.IsGiven());
     output.Commit();
     return kSuccess;
 }

@@ -98,6 +98,21 @@ void Editor::Select(std::int32_t start, std::int32_t end) const {
     position.Put("EndSelect", end);
 }
 
+void Editor::ShowRange(std::int32_t start, std::int32_t end) const {
+    editor_.Call("Zoom", start, end);
+}
+
+void Editor::ShowSpectrum() const {
+    constexpr std::int32_t kSpectral = 1;
+    editor_.Put("TypeView", kSpectral);
+}
+
+void Editor::ShowChannel(std::int32_t channel, bool visible) const {
+    const LateBound channels = editor_.Part("Channels");
+    channels.Put("Num", channel);
+    channels.Put("Visible", visible);
+}
+
 void Editor::Save(const std::filesystem::path& file, const std::string& name, bool selection) {
     Run("Writing", name, [&] { editor_.Call("Save", file.string(), selection); });
 }

@@ -30,6 +30,14 @@ public:
     // In frames; `end` is the first that does not belong to it.
     void Select(std::int32_t start, std::int32_t end) const;
 
+    // What a picture shows: frames from `start` to before `end`; a spectrum instead of the
+    // waveform; one channel, counted from 1, or not.
+    void ShowRange(std::int32_t start, std::int32_t end) const;
+    void ShowSpectrum() const;
+    void ShowChannel(std::int32_t channel, bool visible) const;
+    // For a window to show it.
+    IUnknown& Control() const { return editor_.Object(); }
+
     // Writes the document, or its selection. `name` stands for the file in messages.
     void Save(const std::filesystem::path& file, const std::string& name, bool selection);
 

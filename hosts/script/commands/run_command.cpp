@@ -24,6 +24,8 @@ Runs a script in Lua 5.4, with Lua's whole library, the arguments in `arg` and t
   mavrin2.connect(object, {Event = function(...) end})   listens, until close() of the result
   mavrin2.pump(milliseconds)     waits, and delivers the events that arrive
   mavrin2.members(object)        what an object understands
+  mavrin2.window(object, width, height)   shows a control in a window without a screen, which has
+      resize(width, height), pixel(x, y), save("FILE.png") and close()
 
 A call that fails raises a table {status =, description =}.
 Exit codes: 0 all went well, 1 the script failed, 2 wrong use.

@@ -53,6 +53,19 @@ LuaHost& LuaHost::Of(lua_State* lua) {
     return **static_cast<LuaHost**>(lua_getextraspace(lua));
 }
 
+HostWindow* LuaHost::AddWindow(std::shared_ptr<HostWindow> window) {
+    windows_.push_back(std::move(window));
+    return windows_.back().get();
+}
+
+void LuaHost::CloseWindow(HostWindow* window) {
+    const auto found = std::ranges::find(windows_, window, &std::shared_ptr<HostWindow>::get);
+    if (found == windows_.end()) return;
+    // Out of the list first: the control may run handlers while it leaves.
+    const std::shared_ptr<HostWindow> closed = std::move(*found);
+    windows_.erase(found);
+}
+
 const KnownType& LuaHost::TypeOf(IDispatch& object) {
     automation::ComPtr<ITypeInfo> information = TypeInformationOf(object);
     const GUID id = IdOf(*information);

@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "hosts/script/container/host_window.h"
 #include "hosts/script/lua/object_values.h"
 
 namespace mavrin2::script {
@@ -31,6 +32,10 @@ public:
 
     ObjectValues& Objects() { return objects_; }
 
+    // Windows of the script, which close with it at the latest.
+    HostWindow* AddWindow(std::shared_ptr<HostWindow> window);
+    void CloseWindow(HostWindow* window);
+
     // A number that no other connection of this script has.
     lua_Integer NewNumber() { return ++lastNumber_; }
 
@@ -52,6 +57,7 @@ public:
 private:
     std::vector<std::unique_ptr<KnownType>> types_;
     ObjectValues objects_;
+    std::vector<std::shared_ptr<HostWindow>> windows_;
     lua_Integer lastNumber_ = 0;
     lua_State* main_;
     lua_State* current_;

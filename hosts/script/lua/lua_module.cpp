@@ -9,6 +9,7 @@
 #include "hosts/script/lua/lua_events.h"
 #include "hosts/script/lua/lua_members.h"
 #include "hosts/script/lua/lua_object.h"
+#include "hosts/script/lua/lua_window.h"
 #include "hosts/script/process/component_finder.h"
 #include "hosts/script/process/interrupt.h"
 #include "platform/posting.h"
@@ -53,10 +54,13 @@ int Pump(lua_State* lua) {
 }  // namespace
 
 int OpenModule(lua_State* lua) {
-    static constexpr luaL_Reg kFunctions[] = {
-        {"connect", &Protected<&Connect>}, {"create", &Protected<&Create>},
-        {"members", &Protected<&Members>}, {"pump", &Protected<&Pump>},
-        {"put", &Protected<&Put>},         {nullptr, nullptr}};
+    static constexpr luaL_Reg kFunctions[] = {{"connect", &Protected<&Connect>},
+                                              {"create", &Protected<&Create>},
+                                              {"members", &Protected<&Members>},
+                                              {"pump", &Protected<&Pump>},
+                                              {"put", &Protected<&Put>},
+                                              {"window", &Protected<&OpenWindow>},
+                                              {nullptr, nullptr}};
     luaL_newlib(lua, kFunctions);
     PushConstants(lua);
     lua_setfield(lua, -2, "const");

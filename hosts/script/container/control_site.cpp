@@ -1,0 +1,70 @@
+#include "hosts/script/container/control_site.h"
+
+#include "automation/guarded.h"
+#include "hosts/script/container/host_frame.h"
+
+namespace mavrin2::script {
+
+STDMETHODIMP ControlSite::QueryInterface(REFIID iid, void** object) {
+    if (!object) return E_POINTER;
+    *object = nullptr;
+    if (IsEqualGUID(iid, IID_IUnknown) || IsEqualGUID(iid, IID_IOleClientSite))
+        *object = static_cast<IOleClientSite*>(this);
+    else if (IsEqualGUID(iid, IID_IOleWindow) || IsEqualGUID(iid, IID_IOleInPlaceSite))
+        *object = static_cast<IOleInPlaceSite*>(this);
+    else if (IsEqualGUID(iid, IID_IAdviseSink))
+        *object = static_cast<IAdviseSink*>(this);
+    else
+        return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+}
+
+STDMETHODIMP_(ULONG) ControlSite::Release() {
+    const ULONG left = --count_;
+    if (left == 0) delete this;
+    return left;
+}
+
+STDMETHODIMP ControlSite::GetMoniker(DWORD, DWORD, IMoniker** moniker) {
+    if (moniker) *moniker = nullptr;
+    return E_NOTIMPL;
+}
+
+STDMETHODIMP ControlSite::GetContainer(IOleContainer** container) {
+    if (container) *container = nullptr;
+    return E_NOINTERFACE;
+}
+
+STDMETHODIMP ControlSite::GetWindow(HWND* window) {
+    if (!window) return E_POINTER;
+    *window = hosted_->Window;
+    return *window ? S_OK : E_FAIL;
+}
+
+STDMETHODIMP ControlSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
+                                           RECT* position, RECT* clip, OLEINPLACEFRAMEINFO* info) {
+    return automation::Guarded([&]() -> HRESULT {
+        if (!frame || !document || !position || !clip || !info) return E_POINTER;
+        *frame = nullptr;
+        *document = nullptr;  // the window is the frame's own
+        if (!hosted_->Window) return E_FAIL;
+        *position = *clip = hosted_->ClientArea();
+        info->fMDIApp = FALSE;
+        info->hwndFrame = hosted_->Window;
+        info->haccel = nullptr;
+        info->cAccelEntries = 0;
+        *frame = new HostFrame(hosted_);
+        return S_OK;
+    });
+}
+
+STDMETHODIMP ControlSite::OnPosRectChange(LPCRECT position) {
+    if (!position) return E_POINTER;
+    // The control fills the window, whatever it would like.
+    const auto inPlace = hosted_->InPlace;
+    const RECT area = hosted_->ClientArea();
+    return inPlace ? inPlace->SetObjectRects(&area, &area) : E_FAIL;
+}
+
+}  // namespace mavrin2::script

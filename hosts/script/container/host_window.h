@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+
+#include "automation/com_ptr.h"
+#include "hosts/script/container/control_site.h"
+#include "platform/offscreen_window.h"
+
+namespace mavrin2::script {
+
+// A window without a screen that one control fills. It knows the control as any container does:
+// by its container interfaces.
+class HostWindow : public std::enable_shared_from_this<HostWindow> {
+public:
+    static constexpr int kLargest = 32767;
+
+    // In pixels, 0 … kLargest. An active control has a window of its own inside; one that is not is
+    // drawn whenever it says that its picture has changed. Throws CallError: also for an object
+    // that is no control, and for a control that is somewhere already.
+    HostWindow(IUnknown& control, int width, int height, bool active);
+    HostWindow(const HostWindow&) = delete;
+    HostWindow& operator=(const HostWindow&) = delete;
+    ~HostWindow() { Close(); }
+
+    void Resize(int width, int height);
+    // What is to be seen now, until the next call of anything here. Throws CallError when drawing
+    // fails or the window is closed.
+    platform::Pixels Update();
+    // The control leaves; harmless a second time.
+    void Close();
+
+private:
+    void ShowControl();
+    void Draw(const platform::Pixels& pixels);
+
+    platform::OffscreenWindow window_;
+    std::shared_ptr<HostedControl> hosted_;
+    automation::ComPtr<IOleObject> object_;
+    automation::ComPtr<IViewObject> view_;
+    bool active_;
+};
+
+}  // namespace mavrin2::script

@@ -1,0 +1,115 @@
+#include "hosts/script/lua/lua_window.h"
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "hosts/script/container/host_window.h"
+#include "hosts/script/container/png_file.h"
+#include "hosts/script/lua/lua_error.h"
+#include "hosts/script/lua/lua_host.h"
+#include "hosts/script/lua/lua_object.h"
+
+namespace mavrin2::script {
+namespace {
+
+constexpr const char* kWindowType = "mavrin2.window";
+
+// The userdata holds a pointer that closing clears; the host owns the window.
+HostWindow*& SlotAt(lua_State* lua, int argument) {
+    return *static_cast<HostWindow**>(luaL_checkudata(lua, argument, kWindowType));
+}
+
+// Held, because drawing may fire events, and their handlers may close it.
+std::shared_ptr<HostWindow> CheckWindow(lua_State* lua) {
+    HostWindow* window = SlotAt(lua, 1);
+    if (!window) throw std::runtime_error("the window is closed");
+    return window->shared_from_this();
+}
+
+int CheckSize(lua_State* lua, int argument) {
+    const lua_Integer size = luaL_checkinteger(lua, argument);
+    luaL_argcheck(lua, size >= 0 && size <= HostWindow::kLargest, argument,
+                  "a window has 0 to 32767 pixels in each direction");
+    return static_cast<int>(size);
+}
+
+int Resize(lua_State* lua) {
+    const int width = CheckSize(lua, 2);
+    const int height = CheckSize(lua, 3);
+    CheckWindow(lua)->Resize(width, height);
+    return 0;
+}
+
+int Pixel(lua_State* lua) {
+    const lua_Integer x = luaL_checkinteger(lua, 2);
+    const lua_Integer y = luaL_checkinteger(lua, 3);
+    const auto window = CheckWindow(lua);
+    const platform::Pixels pixels = window->Update();
+    luaL_argcheck(lua, x >= 0 && x < pixels.Width, 2, "outside of the window");
+    luaL_argcheck(lua, y >= 0 && y < pixels.Height, 3, "outside of the window");
+    lua_pushinteger(lua, pixels.Data[y * pixels.Stride + x]);
+    return 1;
+}
+
+int Save(lua_State* lua) {
+    const std::string file = luaL_checkstring(lua, 2);
+    const auto window = CheckWindow(lua);
+    try {
+        WritePng(file, window->Update());
+    } catch (const std::system_error& error) {
+        throw std::runtime_error(file + ": " + error.code().message());
+    }
+    return 0;
+}
+
+int Close(lua_State* lua) {
+    if (HostWindow* window = std::exchange(SlotAt(lua, 1), nullptr))
+        LuaHost::Of(lua).CloseWindow(window);
+    return 0;
+}
+
+void SetWindowType(lua_State* lua) {
+    static constexpr luaL_Reg kMembers[] = {{"__close", &Protected<&Close>},
+                                            {"__gc", &Protected<&Close>},
+                                            {"close", &Protected<&Close>},
+                                            {"pixel", &Protected<&Pixel>},
+                                            {"resize", &Protected<&Resize>},
+                                            {"save", &Protected<&Save>},
+                                            {nullptr, nullptr}};
+    if (luaL_newmetatable(lua, kWindowType)) {
+        luaL_setfuncs(lua, kMembers, 0);
+        lua_pushvalue(lua, -1);
+        lua_setfield(lua, -2, "__index");
+    }
+    lua_setmetatable(lua, -2);
+}
+
+bool ActiveOption(lua_State* lua, int argument) {
+    if (lua_isnoneornil(lua, argument)) return true;
+    luaL_checktype(lua, argument, LUA_TTABLE);
+    lua_getfield(lua, argument, "active");
+    const bool active = lua_isnil(lua, -1) || lua_toboolean(lua, -1);
+    lua_pop(lua, 1);
+    return active;
+}
+
+}  // namespace
+
+int OpenWindow(lua_State* lua) {
+    const ObjectValue& value = CheckObject(lua, 1);
+    const int width = CheckSize(lua, 2);
+    const int height = CheckSize(lua, 3);
+    const bool active = ActiveOption(lua, 4);
+    auto** slot = static_cast<HostWindow**>(lua_newuserdatauv(lua, sizeof(HostWindow*), 0));
+    *slot = nullptr;
+    SetWindowType(lua);
+    const automation::ComPtr<IDispatch> object = value.Object;
+    *slot =
+        LuaHost::Of(lua).AddWindow(std::make_shared<HostWindow>(*object, width, height, active));
+    return 1;
+}
+
+}  // namespace mavrin2::script
