@@ -23,8 +23,8 @@ WaveformPainter::WaveformPainter(const Scene& scene, const Lane& lane)
 
 WaveformPainter::Colors WaveformPainter::Outside() const {
     if (off_) return {scene_.Pen.Center, kGrey, kGrey, kGrey};
-    const bool far = scene_.Data.CloseUpLevel < 2;
-    return {scene_.Pen.Center, scene_.Pen.Digital, far ? scene_.Pen.Digital : scene_.Pen.Analog,
+    const bool distant = scene_.Data.CloseUpLevel < 2;
+    return {scene_.Pen.Center, scene_.Pen.Digital, distant ? scene_.Pen.Digital : scene_.Pen.Analog,
             scene_.Pen.Digital};
 }
 
