@@ -13,5 +13,6 @@ void PrintEditFigures(const Folder& data);
 void PrintOpenFigures(const Folder& data);
 // `programs` holds mavrin2 itself.
 void PrintSmallFigures(const Folder& data, const Folder& programs);
+void PrintViewFigures(const Folder& data, const Folder& programs);
 
 }  // namespace mavrin2::bench

@@ -15,6 +15,7 @@ int main(int count, char** arguments) {
         std::printf("| task | Mavrin2 | others | ratio | at most |\n|---|---|---|---|---|\n");
         mavrin2::bench::PrintSmallFigures(data, arguments[2]);
         mavrin2::bench::PrintEditFigures(data);
+        mavrin2::bench::PrintViewFigures(data, arguments[2]);
         mavrin2::bench::PrintOpenFigures(data);
         return 0;
     } catch (const std::exception& error) {

@@ -1,6 +1,9 @@
 #include "control/view/overview_summary.h"
 
 #include <algorithm>
+#include <cstring>
+
+#include "control/view/peak_lanes.h"
 
 namespace mavrin2::view {
 namespace {
@@ -12,6 +15,28 @@ void Raise(std::int32_t& highest, std::int32_t value) {
 
 void Lower(std::int32_t& lowest, std::int32_t value) {
     if (lowest == ViewData::EmptyColumn || value < lowest) lowest = value;
+}
+
+// Of frames that lie `stride` samples apart: each lane is a channel, or whatever else comes along
+// with one load. Frames at the very end are taken alone.
+PeakLanes PeaksOf(std::span<const std::int16_t> samples, std::int64_t looks, std::size_t stride,
+                  std::size_t channels) {
+    const auto frame = [&](std::size_t at) {
+        Lanes16 values{};
+        std::memcpy(&values, &samples[at], channels * sizeof(std::int16_t));
+        return values;
+    };
+    PeakLanes peaks{frame(0), frame(0)};
+    const auto count = static_cast<std::size_t>(looks);
+    std::size_t look = 1;
+    for (; look < count && look * stride + kLanes <= samples.size(); ++look) {
+        Lanes16 values;
+        std::memcpy(&values, &samples[look * stride], sizeof values);
+        peaks.Add(values);
+    }
+    for (; look < count; ++look)
+        peaks.Add(frame(look * stride));
+    return peaks;
 }
 
 }  // namespace
@@ -74,21 +99,13 @@ void SummaryFiller::AddFrames(std::span<const std::int16_t> samples, std::int64_
             end = std::clamp((next + frame - 1) / frame, at + 1, frames);
         }
         const std::int64_t looks = (end - at + stride_ - 1) / stride_;
-        const std::int16_t* sample = samples.data() + at * Channels;
-        std::array<std::int16_t, Channels> low, high;
-        for (std::size_t channel = 0; channel < Channels; ++channel)
-            low[channel] = high[channel] = sample[channel];
-        for (std::int64_t look = 1; look < looks; ++look) {
-            sample += stride_ * Channels;
-            for (std::size_t channel = 0; channel < Channels; ++channel) {
-                low[channel] = std::min(low[channel], sample[channel]);
-                high[channel] = std::max(high[channel], sample[channel]);
-            }
-        }
+        const PeakLanes peaks =
+            PeaksOf(samples.subspan(static_cast<std::size_t>(at * Channels)), looks,
+                    static_cast<std::size_t>(stride_ * Channels), Channels);
         const auto place = static_cast<std::size_t>(entry);
         for (std::size_t channel = 0; channel < Channels; ++channel) {
-            Raise(summary_.High[channel][place], high[channel]);
-            Lower(summary_.Low[channel][place], low[channel]);
+            Raise(summary_.High[channel][place], peaks.High[channel]);
+            Lower(summary_.Low[channel][place], peaks.Low[channel]);
         }
         lastEntry_ = entry;
         at += looks * stride_;

@@ -84,23 +84,33 @@ void SpectralPictures::Build(const SpectrumTable& table, const Geometry& geometr
     for (std::size_t channel = 0; channel < static_cast<std::size_t>(channels); ++channel) {
         auto& [normal, selected, inactive] = pictures_[channel];
         for (Surface* picture : {&normal, &selected, &inactive})
-            *picture = Surface(width, height);
+            if (picture->Width() != width || picture->Height() != height)
+                *picture = Surface(width, height);
+        std::vector<double> slopes(static_cast<std::size_t>(width));
+        std::int32_t slopesOf = -1;
         for (std::int32_t row = 0; row < height; ++row) {
             const RowSource source = sources[static_cast<std::size_t>(row)];
             if (source.Bin < 0) continue;
             const auto bin = static_cast<std::size_t>(source.Bin);
             const SpectrumTable::Row& here = table.Levels[channel][bin];
-            const SpectrumTable::Row& next =
-                table.Levels[channel][std::min(bin + 1, SpectrumTable::Bins - 1)];
+            if (slopesOf != source.Bin) {
+                const SpectrumTable::Row& next =
+                    table.Levels[channel][std::min(bin + 1, SpectrumTable::Bins - 1)];
+                for (std::size_t x = 0; x < slopes.size(); ++x)
+                    slopes[x] = (next[x] - here[x]) / rowsPerBin;
+                slopesOf = source.Bin;
+            }
             // The lowest frequency is at the bottom.
             const std::int32_t y = height - 1 - row;
-            for (std::int32_t x = 0; x < width; ++x) {
-                const auto column = static_cast<std::size_t>(x);
-                const double slope = (next[column] - here[column]) / rowsPerBin;
-                const double level = here[column] - kDarkest + source.Part * slope;
-                normal.Row(y)[x] = palettes.Normal[ShadeOf(level + 0.5)].Value;
-                selected.Row(y)[x] = palettes.Selected[ShadeOf(level)].Value;
-                inactive.Row(y)[x] = palettes.Inactive[ShadeOf(level)].Value;
+            std::uint32_t* const normalRow = normal.Row(y);
+            std::uint32_t* const selectedRow = selected.Row(y);
+            std::uint32_t* const inactiveRow = inactive.Row(y);
+            for (std::size_t x = 0; x < slopes.size(); ++x) {
+                const double level = here[x] - kDarkest + source.Part * slopes[x];
+                const std::size_t shade = ShadeOf(level);
+                normalRow[x] = palettes.Normal[ShadeOf(level + 0.5)].Value;
+                selectedRow[x] = palettes.Selected[shade].Value;
+                inactiveRow[x] = palettes.Inactive[shade].Value;
             }
         }
     }

@@ -1,6 +1,7 @@
 #include "control/view/spectrum.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <limits>
 #include <numbers>
@@ -23,10 +24,40 @@ std::int64_t WindowStart(const ScanRange& range, std::int32_t column, std::int64
     return std::max<std::int64_t>(position, 0) / frame * frame;
 }
 
-std::int32_t Decibels(float power) {
-    if (power == 0) return SpectrumTable::Silence;
+std::int32_t ComputedDecibels(float power) {
     return static_cast<std::int32_t>(10 * std::log10(static_cast<double>(power)));
 }
+
+// The level of each power, found without a logarithm: the table has the least power that has each
+// level, and the exponent of a power tells where to look.
+class DecibelTable {
+public:
+    DecibelTable() {
+        for (std::int32_t level = 0; level < kLevels; ++level) {
+            auto power = static_cast<float>(std::pow(10.0, level / 10.0));
+            while (ComputedDecibels(power) >= level)
+                power = std::nextafter(power, 0.0f);
+            while (ComputedDecibels(power) < level)
+                power = std::nextafter(power, 1e30f);
+            least_[static_cast<std::size_t>(level)] = power;
+        }
+    }
+
+    std::int32_t Of(float power) const {
+        if (power == 0) return SpectrumTable::Silence;
+        if (power < least_[1] || power >= least_[kLevels - 6]) return ComputedDecibels(power);
+        // Three levels to each doubling, and a fraction that makes one more at the loudest.
+        const std::int32_t doublings =
+            static_cast<std::int32_t>(std::bit_cast<std::uint32_t>(power) >> 23) - 127;
+        const float* least = &least_[static_cast<std::size_t>(doublings * 3)];
+        return doublings * 3 + (power >= least[1]) + (power >= least[2]) + (power >= least[3]) +
+               (power >= least[4]);
+    }
+
+private:
+    static constexpr std::int32_t kLevels = 130;
+    std::array<float, kLevels> least_;
+};
 
 }  // namespace
 
@@ -81,15 +112,16 @@ void SpectrumAnalyzer::Analyze(const std::vector<Frames>& windows, std::int32_t 
                                    windows[w][i * static_cast<std::size_t>(channels) + channel]) *
                                window_[i];
         hartley_.Transform(values);
+        static const DecibelTable decibels;
         auto& levels = table.Levels[channel];
         for (std::size_t w = 0; w < windows.size(); ++w) {
             const float constant = values[0][w];
-            levels[0][column + w] = Decibels(2 * constant * constant / Hartley::Size);
+            levels[0][column + w] = decibels.Of(2 * constant * constant / Hartley::Size);
             for (std::size_t k = 1; k < SpectrumTable::Bins; ++k) {
                 const float here = values[k][w];
                 const float there = values[Hartley::Size - k][w];
-                levels[k][column + w] = Decibels((here * here + there * there) /
-                                                 static_cast<float>(SpectrumTable::Bins));
+                levels[k][column + w] = decibels.Of((here * here + there * there) /
+                                                    static_cast<float>(SpectrumTable::Bins));
             }
         }
     }

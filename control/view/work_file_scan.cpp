@@ -1,38 +1,25 @@
 #include "control/view/work_file_scan.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <new>
 #include <span>
 #include <vector>
 
 #include "control/editor/wave_stream.h"
+#include "control/view/peak_lanes.h"
 
 namespace mavrin2::view {
 namespace {
 
 constexpr std::int64_t kFramesPerColumn = 500;
 
-// The left channel's peaks: a new one is averaged with what there was while both have one sign, so
-// that a single spike does not stand for a whole column.
-struct SoftPeaks {
-    std::int32_t Low;
-    std::int32_t High;
-
-    void Add(std::int32_t value) {
-        if (value > High) High = value * High > 0 ? (High + value) / 2 : value;
-        if (value < Low) Low = value * Low < 1 ? value : (Low + value) / 2;
-    }
-};
-
-struct Peaks {
-    std::int32_t Low;
-    std::int32_t High;
-
-    void Add(std::int32_t value) {
-        High = std::max(High, value);
-        Low = std::min(Low, value);
-    }
+// What of one column is in a chunk: some looks, `stride` samples apart.
+struct ColumnRun {
+    const std::int16_t* First;
+    std::int64_t Looks;
+    std::size_t Column;
 };
 
 class Scan {
@@ -60,15 +47,17 @@ private:
 
     template <std::int64_t Channels>
     void AddFrames(std::span<const std::int16_t> samples, std::int64_t before) {
-        const auto count = static_cast<std::int64_t>(samples.size());
+        const auto size = static_cast<std::int64_t>(samples.size());
         const std::int64_t stride = Channels * step_;
-        const std::int64_t looks = count < Channels ? 0 : (count - Channels) / stride + 1;
+        const std::int64_t looks = size < Channels ? 0 : (size - Channels) / stride + 1;
+        std::array<ColumnRun, kLanes> runs;
+        std::size_t count = 0;
         const auto columnOf = [&](std::int64_t look) {
             return ColumnAt(before + look * stride * 2);
         };
         for (std::int64_t look = 0; look < looks;) {
             const std::int64_t column = columnOf(look);
-            if (column >= ViewData::Columns) return;
+            if (column >= ViewData::Columns) break;
             // Near the end of the column, and then exactly there.
             const double next = (static_cast<double>(column) + 0.5) / scale_;
             auto end = std::clamp(static_cast<std::int64_t>((next - static_cast<double>(before)) /
@@ -78,32 +67,60 @@ private:
                 --end;
             while (end < looks && columnOf(end) <= column)
                 ++end;
-            AddColumn<Channels>(samples.data() + look * stride, end - look, stride,
-                                static_cast<std::size_t>(column));
+            runs[count++] = {samples.data() + look * stride, end - look,
+                             static_cast<std::size_t>(column)};
+            if (count == kLanes) {
+                AddColumns<Channels>(runs, stride);
+                count = 0;
+            }
             look = end;
         }
+        if (count > 0) AddColumns<Channels>(std::span(runs).first(count), stride);
     }
 
+    // Follows up to eight columns, those of the left channel by their soft peaks.
     template <std::int64_t Channels>
-    void AddColumn(const std::int16_t* first, std::int64_t looks, std::int64_t stride,
-                   std::size_t column) {
-        const auto addTo = [&](std::size_t channel, auto peaks) {
-            peaks.Low = data_.Low[channel][column];
-            peaks.High = data_.High[channel][column];
-            const std::int16_t* sample = first + channel;
-            std::int64_t left = looks;
-            if (peaks.High == ViewData::EmptyColumn) {
-                peaks.Low = peaks.High = *sample;
-                sample += stride;
-                --left;
+    void AddColumns(std::span<const ColumnRun> runs, std::int64_t stride) {
+        FollowLanes<SoftPeakLanes>(runs, stride, 0);
+        if constexpr (Channels == 2) FollowLanes<PeakLanes>(runs, stride, 1);
+    }
+
+    template <class Peaks>
+    void FollowLanes(std::span<const ColumnRun> runs, std::int64_t stride, std::size_t channel) {
+        auto& lows = data_.Low[channel];
+        auto& highs = data_.High[channel];
+        Peaks peaks{};
+        std::array<const std::int16_t*, kLanes> samples;
+        std::int64_t shortest = runs[0].Looks;
+        std::int64_t longest = 0;
+        for (std::size_t lane = 0; lane < kLanes; ++lane) {
+            // Lanes without a column follow the last one.
+            const ColumnRun& run = runs[std::min(lane, runs.size() - 1)];
+            samples[lane] = run.First + channel;
+            shortest = std::min(shortest, run.Looks);
+            longest = std::max(longest, run.Looks);
+            const bool empty = highs[run.Column] == ViewData::EmptyColumn;
+            const std::int16_t first = *samples[lane];
+            peaks.Low[lane] = empty ? first : static_cast<std::int16_t>(lows[run.Column]);
+            peaks.High[lane] = empty ? first : static_cast<std::int16_t>(highs[run.Column]);
+        }
+        for (std::int64_t offset = 0; offset < shortest * stride; offset += stride)
+            peaks.Add(Lanes16{samples[0][offset], samples[1][offset], samples[2][offset],
+                              samples[3][offset], samples[4][offset], samples[5][offset],
+                              samples[6][offset], samples[7][offset]});
+        for (std::int64_t look = shortest; look < longest; ++look) {
+            // A lane that has ended sees its own peak again, which changes nothing.
+            Lanes16 values{};
+            for (std::size_t lane = 0; lane < kLanes; ++lane) {
+                const ColumnRun& run = runs[std::min(lane, runs.size() - 1)];
+                values[lane] = look < run.Looks ? samples[lane][look * stride] : peaks.High[lane];
             }
-            for (; left > 0; --left, sample += stride)
-                peaks.Add(*sample);
-            data_.Low[channel][column] = peaks.Low;
-            data_.High[channel][column] = peaks.High;
-        };
-        addTo(0, SoftPeaks{});
-        if constexpr (Channels == 2) addTo(1, Peaks{});
+            peaks.Add(values);
+        }
+        for (std::size_t lane = 0; lane < runs.size(); ++lane) {
+            lows[runs[lane].Column] = peaks.Low[lane];
+            highs[runs[lane].Column] = peaks.High[lane];
+        }
     }
 
     const ScanRange& range_;

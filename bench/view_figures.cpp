@@ -1,0 +1,141 @@
+#include <algorithm>
+#include <cstring>
+#include <fstream>
+#include <memory>
+#include <string>
+
+#include "bench/figures.h"
+#include "bench/measure.h"
+#include "bench/shown_editor.h"
+
+namespace mavrin2::bench {
+namespace {
+
+constexpr int kRounds = 7;
+constexpr int kWidth = 1920;
+constexpr int kHeight = 400;
+
+double MillisecondsOf(const std::function<void()>& run, int times) {
+    std::vector<double> taken;
+    for (int i = 0; i < times; ++i)
+        taken.push_back(SecondsOf(run) * 1000);
+    return Median(taken);
+}
+
+// Reading a stretch of a file in pieces, which is the least that whoever looks at it must do.
+class Reading {
+public:
+    Reading(const std::filesystem::path& file, std::size_t piece)
+        : file_(file, std::ios::binary), memory_(piece) {
+        file_.rdbuf()->pubsetbuf(nullptr, 0);
+    }
+
+    void Run(std::int64_t bytes) {
+        file_.clear();
+        file_.seekg(0);
+        for (std::int64_t done = 0; done < bytes && file_; done += file_.gcount())
+            file_.read(memory_.data(),
+                       static_cast<std::streamsize>(std::min<std::int64_t>(
+                           bytes - done, static_cast<std::int64_t>(memory_.size()))));
+    }
+
+private:
+    std::ifstream file_;
+    std::vector<char> memory_;
+};
+
+void PrintDrawing(const Folder& data) {
+    ShownEditor editor(kWidth, kHeight);
+    editor.Open(data / "m60.wav");
+    editor.Control().Zoom(0, 600 * 44100);
+    const double redraw = MillisecondsOf([&] { editor.Redraw(); }, 100);
+    PrintValue("Redraw of 1920 × 400, 10 min of stereo", redraw, "ms", 1.5);
+
+    std::vector<std::uint32_t> copy(editor.Pixels().size());
+    const Action ours{"Mavrin2", [&] {
+                          for (int i = 0; i < 100; ++i)
+                              editor.Paint();
+                      }};
+    PrintRatio("Repaint, 100 times", ours,
+               {{"copy",
+                 [&] {
+                     for (int i = 0; i < 100; ++i)
+                         std::memcpy(copy.data(), editor.Pixels().data(), copy.size() * 4);
+                 }}},
+               3, kRounds);
+
+    // Up to 3,000,000 values are read from the work file.
+    editor.Control().Zoom(0, 1'500'000);
+    Reading reading(editor.WorkFile(), 6'000'000);
+    const double refresh = MillisecondsOf([&] { editor.Control().Refresh(); }, 50);
+    const double read = MillisecondsOf([&] { reading.Run(6'000'000); }, 50);
+    PrintValue("RecomputeView of 3,000,000 values, less the redraw", refresh - redraw, "ms", 0);
+    PrintValue("Reading them into memory", read, "ms", 0);
+    PrintValue("Ratio of the two", (refresh - redraw) / read, "×", 1.5);
+
+    std::vector<double> steps;
+    for (LONG frames = 3600 * 44100; frames > 100; frames /= 3)
+        steps.push_back(SecondsOf([&] { editor.Control().Zoom(0, frames); }) * 1000);
+    for (int i = 0; i < 20; ++i)
+        steps.push_back(SecondsOf([&] { editor.Control().ZoomOut(); }) * 1000);
+    PrintValue("Slowest zoom step of 60 min", *std::max_element(steps.begin(), steps.end()), "ms",
+               16);
+
+    editor.Control().ZoomFull();
+    editor.Control().put_TypeView(interfaces::TypeViewConstants::SPECTRAL);
+    PrintValue("Spectral picture of 1920 columns, stereo",
+               MillisecondsOf([&] { editor.Control().Refresh(); }, 20), "ms", 10);
+}
+
+void PrintOverview(const Folder& data) {
+    ShownEditor editor(kWidth, kHeight);
+    editor.Open(data / "m60.wav");
+    Reading reading(editor.WorkFile(), 256 * 1024);
+    const Action build{"Mavrin2", [&] { editor.Control().EndOperations(); }};
+    PrintRatio("BuildOverviewSummary of 60 min", build, {{"read", [&] { reading.Run(INT64_MAX); }}},
+               2, kRounds);
+
+    editor.SelectSecondInTheMiddle();
+    editor.DeleteSelect();
+    const Action undo{"Mavrin2", [&] { editor.Control().Undo(); }, [] {},
+                      [&] { editor.Control().Redo(); }};
+    PrintRatio("Undo with a picture", undo, {{"building the summary", build.Run}}, 1.2, kRounds);
+}
+
+void PrintEdit(const Folder& data) {
+    std::unique_ptr<ShownEditor> editor;
+    const Folder copy = data / "copy.tmp";
+    const Action ours{"Mavrin2", [&] { editor->DeleteSelect(); },
+                      [&] {
+                          editor = std::make_unique<ShownEditor>(kWidth, kHeight);
+                          editor->Open(data / "m60.wav");
+                          editor->SelectSecondInTheMiddle();
+                      },
+                      [&] { editor.reset(); }};
+    PrintRatio("DeleteSelect with a picture", ours,
+               {ProgramWriting(copy, {"cp", (data / "m60.wav").string(), copy.string()})}, 1.9,
+               kRounds);
+}
+
+void PrintPicture(const Folder& data, const Folder& programs) {
+    const Folder png = data / "picture.png";
+    const std::string sound = (data / "m60.wav").string();
+    Action ours =
+        ProgramWriting(png, {(programs / "mavrin2").string(), "picture", sound, png.string()});
+    ours.Name = "Mavrin2";
+    PrintRatio("From a WAV of 60 min to its PNG", ours,
+               {ProgramWriting(png, {"ffmpeg", "-v", "error", "-y", "-i", sound, "-lavfi",
+                                     "showwavespic=s=1200x300", "-frames:v", "1", png.string()})},
+               0.25, 3);
+}
+
+}  // namespace
+
+void PrintViewFigures(const Folder& data, const Folder& programs) {
+    PrintDrawing(data);
+    PrintOverview(data);
+    PrintEdit(data);
+    PrintPicture(data, programs);
+}
+
+}  // namespace mavrin2::bench
