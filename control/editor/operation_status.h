@@ -11,8 +11,10 @@ using contracts::ErrorConstants;
 // What the control is doing, as hosts read it.
 enum class StatusConstants : std::int16_t {
     Idle = 0,
+    Playing = 1,
     Opening = 3,
     Saving = 4,
+    Paused = 5,
     BuildingOverview = 7,
     DeleteSelect = 8
 };

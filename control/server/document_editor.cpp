@@ -4,10 +4,11 @@ namespace mavrin2::server {
 namespace {
 
 view::ViewServices ViewServicesOf(const EditorSurroundings& around) {
-    return {*around.Ports.Files,   *around.Ports.Fonts,   around.Ports.Colors,
-            around.History,        around.State.Format,   around.State.Status,
-            around.State.Settings, around.State.Channels, around.State.Operations,
-            around.Events,         around.Style,          around.Display};
+    return {*around.Ports.Files,     *around.Ports.Fonts,   around.Ports.Colors,
+            around.History,          around.State.Format,   around.State.Status,
+            around.State.Settings,   around.State.Channels, around.State.Play,
+            around.State.Operations, around.Events,         around.Style,
+            around.Display};
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "control/editor/document_saver.h"
 #include "control/editor/edit_operations.h"
 #include "control/editor/editor_services.h"
+#include "control/editor/play_state.h"
 #include "control/editor/positions.h"
 #include "control/editor/undo_redo.h"
 #include "control/objects/channel.h"
@@ -19,6 +20,7 @@ namespace mavrin2::server {
 struct ControlState {
     editor::DocumentFormat Format;
     editor::ChannelSwitches Channels;
+    editor::PlayState Play;
     editor::OperationStatus Status;
     editor::EditSettings Settings;
     editor::OperationCounter Operations;

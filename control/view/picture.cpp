@@ -10,6 +10,7 @@
 #include "control/view/painters/lane_painter.h"
 #include "control/view/painters/level_scale_painter.h"
 #include "control/view/painters/overview_bar_painter.h"
+#include "control/view/painters/play_cursor_painter.h"
 #include "control/view/painters/spectral_lane_painter.h"
 #include "control/view/painters/time_scale_painter.h"
 #include "control/view/painters/unit_label_painter.h"
@@ -155,7 +156,8 @@ Scene Picture::CurrentScene() const {
             verticalZoom_,
             selStartColumn_,
             selEndColumn_,
-            progress_};
+            progress_,
+            services_.Play.PlayColumn};
 }
 
 void Picture::RenderBackground() {
@@ -205,7 +207,9 @@ void Picture::Compose(platform::DrawingTarget& target) {
 }
 
 void Picture::Show(platform::DrawingTarget& target) {
-    if (!work_.Empty()) target.Blit(bounds_.Left, bounds_.Top, work_.AsPixels());
+    if (work_.Empty()) return;
+    target.Blit(bounds_.Left, bounds_.Top, work_.AsPixels());
+    PlayCursorPainter(CurrentScene()).Draw(target, bounds_);
 }
 
 void Picture::Redraw() {

@@ -45,6 +45,10 @@ struct Scene {
     bool HasSound() const { return Document && Document->TotalBytes != Bytes(0); }
     bool Spectral() const { return TypeView == TypeViewConstants::SPECTRAL; }
     bool Loading() const { return Status == editor::StatusConstants::Opening; }
+    bool Playing() const {
+        return Status == editor::StatusConstants::Playing ||
+               Status == editor::StatusConstants::Paused;
+    }
     bool LevelScaleLeft() const { return ScaleY.Orientation == 2; }
     bool Selected() const { return Document && Document->Selected != 0; }
     // Both channels of a document of two.

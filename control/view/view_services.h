@@ -6,6 +6,7 @@
 #include "control/editor/editor_events.h"
 #include "control/editor/operation_status.h"
 #include "control/editor/operation_ticket.h"
+#include "control/editor/play_state.h"
 #include "control/editor/undo_history.h"
 #include "control/view/display.h"
 #include "control/view/style.h"
@@ -25,6 +26,7 @@ struct ViewServices {
     editor::OperationStatus& Status;
     const editor::EditSettings& Settings;
     const editor::ChannelSwitches& Channels;
+    const editor::PlayState& Play;
     editor::OperationCounter& Operations;
     editor::EditorEvents& Events;
     Style& HostStyle;

@@ -208,6 +208,23 @@ TEST_F(PictureTest, CopiesWhatItHasWhileNothingChanges) {
     EXPECT_EQ(Shown(), before);
 }
 
+TEST_F(PictureTest, ShowsWhereItPlaysOverTheFrame) {
+    OpenFrames(Samples(546000, 16000));
+    const Image still = Shown();
+    Parts->State.Play.PlayColumn = 200;
+    for (const auto status : {editor::StatusConstants::Playing, editor::StatusConstants::Paused}) {
+        Parts->State.Status.Status = status;
+        const Image playing = Shown();
+        for (std::size_t y = 0; y < 300; ++y) {
+            const bool dash = y >= 9 && y < 272 && (y - 9) % 4 < 2;
+            EXPECT_EQ(playing[y * 600 + kLeft + 200] == 0xDCDCDC, dash) << y;
+            EXPECT_EQ(playing[y * 600 + kLeft + 201], still[y * 600 + kLeft + 201]);
+        }
+    }
+    Parts->State.Status.Status = editor::StatusConstants::Idle;
+    EXPECT_EQ(Shown(), still);
+}
+
 TEST_F(PictureTest, FollowsUndo) {
     OpenFrames(Samples(546000, 16000));
     Parts->Editor->Positions.SetSelected(1);
