@@ -1,5 +1,5 @@
 -- A tour: a sound is opened and described, half a second of it is deleted, brought back, deleted
--- again, and the result is saved in three formats. What happens is told on the way.
+-- again, and the result is saved in three formats and as a picture. What happens is told on the way.
 --
 --   make run                        with the repository's own sound
 --   make run FILE=song.mp3          with yours
@@ -86,6 +86,15 @@ for _, extension in ipairs { "flac", "mp3", "wav" } do
   say("  %s", info.FormatString)
 end
 
+-- The control is visual: a host gives it a window. This one has no screen.
+position.Selected = true
+position.EndSelect = position.TotalSamples * 5 // 8
+position.StartSelect = position.TotalSamples * 3 // 8
+editor.ScaleX.Type = 2 -- minutes and seconds
+local window <const> = mavrin2.window(editor, 900, 260)
+window:save(results .. "/tour.png")
+say("\nA picture of the sound, with a selection: %s/tour.png", results)
+
 print("\nSaving into a folder that is not there, which cannot go well. The control answers:")
 local saved, failure = pcall(function()
   editor:Save(results .. "/no such folder/tour.wav", false)
@@ -94,5 +103,7 @@ assert(not saved, "the folder is there after all")
 say("  status 0x%08X: %s", failure.status, failure.description)
 
 events:close()
+window:close()
 editor:Close()
 say("\nThe end. Listen to %s/tour.wav: a piece of the tune is gone.", results)
+say("Look at it in %s/tour.png.", results)
