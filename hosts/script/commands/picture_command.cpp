@@ -51,17 +51,19 @@ int ParseLength(std::string_view text) {
     const char* end = text.data() + text.size();
     const auto result = std::from_chars(text.data(), end, value);
     const bool whole = result.ec == std::errc() && result.ptr == end;
-    return whole && value > 0 && value <= HostWindow::kLargest ? value : 0;
+    return whole && value > 0 ? value : 0;
 }
 
 Size SizeOf(const CommandLine& line) {
     const auto text = line.Value(kSize);
     if (!text) return {};
-    const std::size_t sign = std::min(text->find('x'), text->size() - 1);
+    const std::size_t sign = std::min(text->find('x'), text->size());
     const std::string_view whole = *text;
-    const Size size{ParseLength(whole.substr(0, sign)), ParseLength(whole.substr(sign + 1))};
-    if (size.Width == 0 || size.Height == 0)
-        throw UsageError("--size " + *text + ": not a size; write 1200x300, at most 32767x32767");
+    const Size size{ParseLength(whole.substr(0, sign)),
+                    ParseLength(whole.substr(std::min(sign + 1, whole.size())))};
+    if (size.Width == 0 || size.Height == 0 || !HostWindow::CanBe(size.Width, size.Height))
+        throw UsageError("--size " + *text +
+                         ": not a size; write 1200x300; at most 32767 each, 2^26 altogether");
     return size;
 }
 

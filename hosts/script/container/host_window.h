@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 #include "automation/com_ptr.h"
@@ -12,11 +13,16 @@ namespace mavrin2::script {
 // by its container interfaces.
 class HostWindow : public std::enable_shared_from_this<HostWindow> {
 public:
-    static constexpr int kLargest = 32767;
+    // What is larger is more than a control draws: 32767 pixels in a direction, 2^26 altogether.
+    static constexpr bool CanBe(std::int64_t width, std::int64_t height) {
+        constexpr std::int64_t kLongest = 32767;
+        return width >= 0 && height >= 0 && width <= kLongest && height <= kLongest &&
+               width * height <= std::int64_t{1} << 26;
+    }
 
-    // In pixels, 0 … kLargest. An active control has a window of its own inside; one that is not is
-    // drawn whenever it says that its picture has changed. Throws CallError: also for an object
-    // that is no control, and for a control that is somewhere already.
+    // In pixels, for which CanBe holds. An active control has a window of its own inside; one that
+    // is not is drawn whenever it says that its picture has changed. Throws CallError: also for an
+    // object that is no control, and for a control that is somewhere already.
     HostWindow(IUnknown& control, int width, int height, bool active);
     HostWindow(const HostWindow&) = delete;
     HostWindow& operator=(const HostWindow&) = delete;

@@ -29,17 +29,23 @@ std::shared_ptr<HostWindow> CheckWindow(lua_State* lua) {
     return window->shared_from_this();
 }
 
-int CheckSize(lua_State* lua, int argument) {
-    const lua_Integer size = luaL_checkinteger(lua, argument);
-    luaL_argcheck(lua, size >= 0 && size <= HostWindow::kLargest, argument,
-                  "a window has 0 to 32767 pixels in each direction");
-    return static_cast<int>(size);
+struct Size {
+    int Width;
+    int Height;
+};
+
+Size CheckSize(lua_State* lua) {
+    const lua_Integer width = luaL_checkinteger(lua, 2);
+    const lua_Integer height = luaL_checkinteger(lua, 3);
+    if (!HostWindow::CanBe(width, height))
+        throw std::runtime_error(
+            "a window has 0 to 32767 pixels in each direction, 67108864 altogether");
+    return {static_cast<int>(width), static_cast<int>(height)};
 }
 
 int Resize(lua_State* lua) {
-    const int width = CheckSize(lua, 2);
-    const int height = CheckSize(lua, 3);
-    CheckWindow(lua)->Resize(width, height);
+    const Size size = CheckSize(lua);
+    CheckWindow(lua)->Resize(size.Width, size.Height);
     return 0;
 }
 
@@ -100,15 +106,14 @@ bool ActiveOption(lua_State* lua, int argument) {
 
 int OpenWindow(lua_State* lua) {
     const ObjectValue& value = CheckObject(lua, 1);
-    const int width = CheckSize(lua, 2);
-    const int height = CheckSize(lua, 3);
+    const Size size = CheckSize(lua);
     const bool active = ActiveOption(lua, 4);
     auto** slot = static_cast<HostWindow**>(lua_newuserdatauv(lua, sizeof(HostWindow*), 0));
     *slot = nullptr;
     SetWindowType(lua);
     const automation::ComPtr<IDispatch> object = value.Object;
-    *slot =
-        LuaHost::Of(lua).AddWindow(std::make_shared<HostWindow>(*object, width, height, active));
+    *slot = LuaHost::Of(lua).AddWindow(
+        std::make_shared<HostWindow>(*object, size.Width, size.Height, active));
     return 1;
 }
 
