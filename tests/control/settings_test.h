@@ -1,0 +1,158 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "control/objects/private_interfaces.h"
+#include "control/server/construction_steps.h"
+#include "platform/pixel_target.h"
+#include "tests/control/control_test.h"
+
+namespace mavrin2::tests {
+
+// Counts how often a container is told that the picture has changed.
+class PictureSink final : public IAdviseSink {
+public:
+    STDMETHODIMP QueryInterface(REFIID, void** object) override {
+        *object = nullptr;
+        return E_NOINTERFACE;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return 1; }
+    STDMETHODIMP_(ULONG) Release() override { return 1; }
+    void STDMETHODCALLTYPE OnDataChange(FORMATETC*, STGMEDIUM*) override {}
+    void STDMETHODCALLTYPE OnViewChange(DWORD, LONG) override { ++Changes; }
+    void STDMETHODCALLTYPE OnRename(IMoniker*) override {}
+    void STDMETHODCALLTYPE OnSave() override {}
+    void STDMETHODCALLTYPE OnClose() override {}
+
+    int Changes = 0;
+};
+
+// Fonts whose cells have the height that GDI gives Arial in the usual sizes.
+class SizedFonts final : public platform::FontLoader {
+public:
+    std::shared_ptr<const platform::Font> Load(
+        const platform::FontDescription& description) override {
+        Loaded.push_back(description);
+        return platform::FixedFonts(6, platform::EmPixels(description) + 3).Load(description);
+    }
+
+    std::vector<platform::FontDescription> Loaded;
+};
+
+// An object of somebody else's, as far as can be seen: it has what is published and no more.
+template <class Object>
+class Foreign final : public IUnknown {
+public:
+    template <class... Arguments>
+    explicit Foreign(Arguments... arguments) {
+        EXPECT_EQ(Object::Create(this, IID_IUnknown, inner_.PutVoid(), arguments...), S_OK);
+    }
+    Foreign(const Foreign&) = delete;
+    Foreign& operator=(const Foreign&) = delete;
+
+    template <class Interface>
+    automation::ComPtr<Interface> As() {
+        return inner_.As<Interface>();
+    }
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+        *object = nullptr;
+        const bool unpublished = IsEqualGUID(iid, objects::IColorSettings::Id) ||
+                                 IsEqualGUID(iid, objects::IScaleSettings::Id);
+        return unpublished ? E_NOINTERFACE : inner_->QueryInterface(iid, object);
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
+    STDMETHODIMP_(ULONG) Release() override { return 1; }
+
+private:
+    automation::ComPtr<IUnknown> inner_;
+};
+
+// The parts of a control without the control around them, and the picture that they make.
+class SettingsTest : public testing::Test, protected ControlWorld {
+protected:
+    using Image = std::vector<std::uint32_t>;
+
+    SettingsTest() {
+        server::ControlEnvironment environment = Environment();
+        environment.Ports.Fonts = Fonts;
+        Parts =
+            std::make_unique<server::ControlParts>(std::move(environment), &host_, points_.At(0));
+        EXPECT_EQ(server::RunConstructionSteps(*Parts), S_OK);
+        static_cast<IViewObject*>(Parts->Container.Find(IID_IViewObject))
+            ->SetAdvise(DVASPECT_CONTENT, 0, &sink_);
+        Shown();
+    }
+    ~SettingsTest() override { Parts->Teardown(); }
+
+    // Sixty frames with the middle third selected: wide enough to see the samples and the curve
+    // between them.
+    void OpenSamples(std::int32_t channels = 1) {
+        Dusoro->Source.Channels = channels;
+        Dusoro->Source.Samples.clear();
+        for (std::int32_t i = 0; i < 60 * channels; ++i)
+            Dusoro->Source.Samples.push_back(static_cast<std::int16_t>(i * 7919 % 40000 - 20000));
+        Parts->Editor->Opening.Open("/sound.wav", interfaces::FormatTypeConstants::DEFAULT);
+        Parts->Editor->Positions.SetStartSelect(20);
+        Parts->Editor->Positions.SetSelected(1);
+        Parts->Editor->Positions.SetEndSelect(40);
+        // The level scale stays that of the document before until it is laid out.
+        MadeAnew();
+        Redraws();
+    }
+
+    // Since the last time it was asked.
+    int Redraws() { return std::exchange(sink_.Changes, 0); }
+
+    // What there is to be seen, copied.
+    Image Shown() { return Paint(kWidth); }
+    // The same with everything taken, laid out and drawn from the beginning.
+    Image MadeAnew() {
+        Parts->Editor->View.TakeSettings();
+        Paint(kWidth + 1);
+        return Paint(kWidth);
+    }
+
+    bool IsAsMadeAnew() {
+        const Image shown = Shown();
+        return shown == MadeAnew();
+    }
+
+    // `color` is 0x00BBGGRR.
+    static bool Has(const Image& image, std::uint32_t color) {
+        const std::uint32_t pixel = (color & 0xFF) << 16 | (color & 0xFF00) | (color >> 16 & 0xFF);
+        return std::ranges::find(image, pixel) != image.end();
+    }
+
+    std::shared_ptr<SizedFonts> Fonts = std::make_shared<SizedFonts>();
+    std::unique_ptr<server::ControlParts> Parts;
+
+private:
+    static constexpr int kWidth = 600;
+    static constexpr int kHeight = 300;
+
+    // Whoever holds the parts; nobody asks it for anything.
+    class Host final : public IUnknown {
+    public:
+        STDMETHODIMP QueryInterface(REFIID, void** object) override {
+            *object = nullptr;
+            return E_NOINTERFACE;
+        }
+        STDMETHODIMP_(ULONG) AddRef() override { return 1; }
+        STDMETHODIMP_(ULONG) Release() override { return 1; }
+    };
+
+    Image Paint(int width) {
+        Image image(static_cast<std::size_t>(width) * kHeight);
+        platform::PixelTarget target({image.data(), width, kHeight, width});
+        Parts->Editor->View.Paint(target, {0, 0, width, kHeight});
+        return image;
+    }
+
+    Host host_;
+    PictureSink sink_;
+    automation::ConnectionPoints points_{&host_, {&interfaces::DIID_IMavrin2Events}};
+};
+
+}  // namespace mavrin2::tests
