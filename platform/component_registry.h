@@ -25,7 +25,7 @@ struct RegistryChange {
 };
 
 // Where hosts find components. On Linux a readable text file, on Windows the system's registry.
-// Any thread; a change made by one process is seen whole or not at all by another.
+// Any thread. Others see all changes of one call or none on Linux; on Windows one after the other.
 class ComponentRegistry {
 public:
     virtual ~ComponentRegistry() = default;

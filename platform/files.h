@@ -28,7 +28,9 @@ public:
     virtual std::optional<std::int64_t> Length() = 0;
 };
 
-// Files and folders. Failure is a null or empty result or false, never an exception.
+// Files and folders. Failure is a null or empty result or false, never an exception. A new file is
+// the user's alone where each file has rights of its own to begin with (0600 on Linux); on Windows
+// it takes those of its folder, and the folder of temporary files is in the user's own profile.
 class FileSystem {
 public:
     virtual ~FileSystem() = default;
@@ -36,12 +38,12 @@ public:
     virtual std::unique_ptr<File> OpenForReading(const std::filesystem::path& path) = 0;
     virtual std::unique_ptr<File> OpenForUpdate(const std::filesystem::path& path) = 0;
 
-    // An empty file, in place of any file of that name. A new one is the user's alone (0600); a
-    // symbolic link at that place is never followed.
+    // An empty file, in place of any file of that name. A symbolic link at that place is never
+    // followed.
     virtual std::unique_ptr<File> Create(const std::filesystem::path& path) = 0;
 
-    // A name in `folder` that no file had, made as an empty file (0600) by one call that cannot be
-    // raced: `prefix` + hexadecimal digits + ".tmp". Empty when the folder takes no file.
+    // A name in `folder` that no file had, made as an empty file by one call that cannot be raced:
+    // `prefix` + hexadecimal digits + ".tmp". Empty when the folder takes no file.
     virtual std::filesystem::path CreateUniqueFile(const std::filesystem::path& folder,
                                                    std::string_view prefix) = 0;
 
