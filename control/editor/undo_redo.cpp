@@ -32,8 +32,11 @@ void UndoRedo::BeginOperations() {
 void UndoRedo::EndOperations() {
     const auto ticket = OperationTicket::Beside(services_.Operations, services_.History);
     services_.Settings.BatchMode = false;
+    // An edit from inside which this is called goes on.
+    const StatusConstants before = services_.Status.Status;
     services_.View.BuildOverviewSummary();
     if (!ticket.Stands()) return;
+    services_.Status.Status = before;
     services_.Range.RecomputeView();
     if (ticket.Stands()) services_.View.Redraw();
 }

@@ -69,6 +69,7 @@ void SpectralPictures::Clear() {
 void SpectralPictures::Build(const SpectrumTable& table, const Geometry& geometry,
                              const editor::ChannelSwitches& switches, std::int32_t channels,
                              const ColorSettings& colors) {
+    if (table.Levels[0].empty()) return;
     const std::int32_t visible = switches.VisibleCount;
     const std::int32_t height =
         visible > 0

@@ -80,6 +80,8 @@ bool SpectrumAnalyzer::ComputeSpectrum(platform::FileSystem& files, const ScanRa
         std::min<std::int64_t>((range.EndView - range.StartView).Count() + frame,
                                std::numeric_limits<std::int32_t>::max());
 
+    for (auto& levels : table.Levels)
+        levels.resize(SpectrumTable::Bins);
     // What the file does not have at its end stays from the column before.
     Frames window(static_cast<std::size_t>(kFrames * range.Channels));
     std::vector<Frames> windows;

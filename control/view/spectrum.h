@@ -16,7 +16,7 @@ struct SpectrumTable {
     static constexpr std::int32_t Silence = -20;
 
     using Row = std::array<std::int32_t, ViewData::Columns>;  // one bin in all columns
-    std::array<std::vector<Row>, 2> Levels{std::vector<Row>(Bins), std::vector<Row>(Bins)};
+    std::array<std::vector<Row>, 2> Levels;                   // empty before the first analysis
 };
 
 // Analyses sound in windows of 64 frames, one for each column.
