@@ -1,9 +1,66 @@
 #include "platform/windows/instance_lock.h"
 
+#include <vector>
+
 #include "platform/windows/handle.h"
+
+// After windows.h, which it builds on.
+#include <sddl.h>
 
 namespace mavrin2::platform {
 namespace {
+
+// Longer than any cleaning up takes. Whoever has the gate for longer hangs, or is another user who
+// took the name to make this one wait.
+constexpr DWORD kLongestCleaning = 10'000;
+
+struct LocalFreer {
+    void operator()(void* memory) const { ::LocalFree(memory); }
+};
+
+// The identifier of the user whose process this is; empty when it cannot be told.
+std::wstring UserId() {
+    HANDLE opened = nullptr;
+    if (!::OpenProcessToken(::GetCurrentProcess(), TOKEN_QUERY, &opened)) return {};
+    const Handle token(opened);
+    DWORD size = 0;
+    ::GetTokenInformation(token.Get(), TokenUser, nullptr, 0, &size);
+    std::vector<std::byte> room(size);
+    wchar_t* text = nullptr;
+    if (!::GetTokenInformation(token.Get(), TokenUser, room.data(), size, &size) ||
+        !::ConvertSidToStringSidW(reinterpret_cast<TOKEN_USER*>(room.data())->User.Sid, &text))
+        return {};
+    const std::unique_ptr<wchar_t, LocalFreer> owned(text);
+    return text;
+}
+
+// A mutex of the user's, in all sessions, by a name of the product. Others are kept out, while
+// every process of the user is let in, also where a more powerful one of them made the mutex.
+class UserMutexes {
+public:
+    explicit UserMutexes(const std::wstring& product) : user_(UserId()) {
+        name_ = (user_.empty() ? L"Local\\" : L"Global\\") + product +
+                (user_.empty() ? L"" : L"." + user_);
+        void* rights = nullptr;
+        if (!user_.empty() &&
+            ::ConvertStringSecurityDescriptorToSecurityDescriptorW(
+                (L"D:(A;;0x1F0001;;;" + user_ + L")").c_str(), SDDL_REVISION_1, &rights, nullptr))
+            rights_.reset(rights);
+    }
+
+    // Sets the last error to ERROR_ALREADY_EXISTS where it was there.
+    Handle Open(const wchar_t* which = L"") const {
+        SECURITY_ATTRIBUTES attributes = {sizeof attributes, rights_.get(), FALSE};
+        ::SetLastError(ERROR_SUCCESS);
+        return Handle(::CreateMutexExW(rights_ ? &attributes : nullptr, (name_ + which).c_str(), 0,
+                                       SYNCHRONIZE | MUTEX_MODIFY_STATE));
+    }
+
+private:
+    std::wstring user_;
+    std::wstring name_;
+    std::unique_ptr<void, LocalFreer> rights_;
+};
 
 // A named mutex whose being there says that somebody lives: it is never owned, and goes with the
 // last handle, also of a process that crashed. Looking whether it was there already means closing
@@ -12,9 +69,9 @@ namespace {
 // thread of a sole instance others do not wait, which would be for ever.
 class Holder {
 public:
-    explicit Holder(const std::wstring& name) : name_(name), gate_(Mutex(name + L".gate")) {
-        const bool entered = Enter(INFINITE);
-        alive_ = Handle(Mutex(name_));
+    explicit Holder(const std::wstring& name) : mutexes_(name), gate_(mutexes_.Open(L".gate")) {
+        const bool entered = Enter(kLongestCleaning);
+        alive_ = mutexes_.Open();
         if (entered) Leave();
     }
     Holder(const Holder&) = delete;
@@ -23,7 +80,7 @@ public:
     bool BecomeSole() {
         if (sole_ || !alive_ || !Enter(0)) return false;
         alive_.Close();
-        alive_ = Handle(Mutex(name_));
+        alive_ = mutexes_.Open();
         sole_ = alive_ && ::GetLastError() != ERROR_ALREADY_EXISTS;
         if (!sole_) Leave();
         return sole_;
@@ -35,12 +92,6 @@ public:
     }
 
 private:
-    // The least rights, so that a process may hold what a more powerful one of its user has made.
-    static Handle Mutex(const std::wstring& name) {
-        ::SetLastError(ERROR_SUCCESS);
-        return Handle(::CreateMutexExW(nullptr, name.c_str(), 0, SYNCHRONIZE | MUTEX_MODIFY_STATE));
-    }
-
     // A gate whose owner has crashed is as good as one that was left.
     bool Enter(DWORD patience) {
         if (!gate_) return false;
@@ -49,7 +100,7 @@ private:
     }
     void Leave() { ::ReleaseMutex(gate_.Get()); }
 
-    std::wstring name_;
+    UserMutexes mutexes_;
     Handle gate_;
     Handle alive_;
     bool sole_ = false;

@@ -23,8 +23,7 @@ Ports SystemPorts() {
     Ports ports;
     ports.Files = WindowsFileSystem();
     ports.Errors = std::make_shared<MessageBoxDialog>();
-    // Known to one session of the user, as its temporary files are.
-    ports.NewInstanceLock = [] { return WindowsInstanceLock(L"Local\\KovMavrin2.Instance"); };
+    ports.NewInstanceLock = [] { return WindowsInstanceLock(L"KovMavrin2.Instance"); };
     ports.Fonts = WindowsFonts();
     ports.Colors = {.ButtonFace = ::GetSysColor(COLOR_3DFACE),
                     .Highlight = ::GetSysColor(COLOR_3DHIGHLIGHT),

@@ -20,13 +20,14 @@ class MessageQueue final : public PostingQueue {
 public:
     MessageQueue() {
         WNDCLASSW description = {};
+        const HINSTANCE module = PinnedModule();
         description.lpfnWndProc = &MessageQueue::Receive;
-        description.hInstance = Module();
+        description.hInstance = module;
         description.lpszClassName = kWindowClass;
         // It may be there already: then this fails and that one serves.
         ::RegisterClassW(&description);
         window_ = ::CreateWindowExW(0, kWindowClass, nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                                    Module(), nullptr);
+                                    module, nullptr);
         if (window_) ::SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     }
 
@@ -34,7 +35,7 @@ public:
         const std::lock_guard guard(lock_);
         if (ended_) return;
         works_.push_back(std::move(work));
-        if (!told_) told_ = ::PostMessageW(window_, kWorkWaits, 0, 0) != 0;
+        if (!told_ && window_) told_ = ::PostMessageW(window_, kWorkWaits, 0, 0) != 0;
     }
 
     void Pump(std::chrono::milliseconds duration) override {
@@ -69,11 +70,12 @@ public:
     }
 
 private:
-    static HINSTANCE Module() {
+    // The window's procedure and what ends the queue with its thread lie in this module, which
+    // therefore stays loaded from now on, whatever it answers when it is asked.
+    static HINSTANCE PinnedModule() {
         HMODULE module = nullptr;
-        ::GetModuleHandleExW(
-            GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-            kWindowClass, &module);
+        ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+                             kWindowClass, &module);
         return module;
     }
 

@@ -6,7 +6,7 @@
 namespace mavrin2::tests {
 
 struct SystemLocks::Place {
-    std::wstring Name = L"Local\\MavrinTest." + std::to_wstring(::GetCurrentProcessId()) + L"." +
+    std::wstring Name = L"MavrinTest." + std::to_wstring(::GetCurrentProcessId()) + L"." +
                         std::to_wstring(reinterpret_cast<std::uintptr_t>(this));
 };
 
