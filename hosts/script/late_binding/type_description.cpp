@@ -214,7 +214,7 @@ ComPtr<ITypeInfo> TypeInformationOf(IDispatch& object) {
     ComPtr<ITypeInfo> information;
     UINT count = 0;
     Check(object.GetTypeInfoCount(&count));
-    Check(count > 0 ? object.GetTypeInfo(0, LOCALE_USER_DEFAULT, information.Put()) : E_NOTIMPL);
+    if (count > 0) Check(object.GetTypeInfo(0, LOCALE_USER_DEFAULT, information.Put()));
     return information;
 }
 

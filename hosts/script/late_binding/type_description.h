@@ -42,9 +42,13 @@ struct DescribedMember {
 // An interface as its type information tells it. Failures of the type information throw CallError.
 class TypeDescription {
 public:
+    // Of an object that tells nothing of its type.
+    TypeDescription() = default;
     explicit TypeDescription(ITypeInfo& information);
 
-    const std::string& Name() const { return name_; }
+    bool IsKnown() const { return !name_.empty(); }
+
+    std::string Name() const { return IsKnown() ? name_ : "object"; }
     const std::vector<DescribedMember>& Members() const { return members_; }
 
     // The member of that name that is one of the kinds (a sum of INVOKEKIND), or null. Names are
@@ -60,7 +64,8 @@ private:
 inline constexpr int kAnyKind =
     INVOKE_FUNC | INVOKE_PROPERTYGET | INVOKE_PROPERTYPUT | INVOKE_PROPERTYPUTREF;
 
-// The type information of an object's interface. Throws CallError when it has none.
+// The type information of an object's interface; null when it says that it has none. Throws
+// CallError when it cannot tell.
 automation::ComPtr<ITypeInfo> TypeInformationOf(IDispatch& object);
 
 // The identifier of a type.

@@ -6,6 +6,7 @@
 
 #include "automation/variant.h"
 #include "hosts/script/late_binding/late_binding.h"
+#include "hosts/script/lua/lua_by_name.h"
 #include "hosts/script/lua/lua_object.h"
 #include "hosts/script/lua/lua_value.h"
 
@@ -132,6 +133,7 @@ int CallMember(lua_State* lua, IDispatch& object, const DescribedMember& member,
 
 void PutMember(lua_State* lua, IDispatch& object, const TypeDescription& type,
                std::string_view name, int first) {
+    if (!type.IsKnown()) return PutByName(lua, object, name, first);
     const DescribedMember& member = Settable(lua, type, name);
     Arguments arguments(lua, member, first);
     Call(object, member, arguments);

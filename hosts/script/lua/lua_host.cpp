@@ -68,6 +68,7 @@ void LuaHost::CloseWindow(HostWindow* window) {
 
 const KnownType& LuaHost::TypeOf(IDispatch& object) {
     automation::ComPtr<ITypeInfo> information = TypeInformationOf(object);
+    if (!information) return untold_;
     const GUID id = IdOf(*information);
     const auto found = std::ranges::find_if(
         types_, [&](const std::unique_ptr<KnownType>& type) { return IsEqualGUID(type->Id, id); });

@@ -26,7 +26,8 @@ public:
     // The coroutine that called into C++ last and waits for it: events are delivered on it.
     lua_State* Current() const { return current_; }
 
-    // Each type is described once. Throws CallError when the object has no type information.
+    // Each type is described once; all objects that tell nothing of theirs share one. Throws
+    // CallError.
     const KnownType& TypeOf(IDispatch& object);
     const std::vector<std::unique_ptr<KnownType>>& Types() const { return types_; }
 
@@ -56,6 +57,7 @@ public:
 
 private:
     std::vector<std::unique_ptr<KnownType>> types_;
+    const KnownType untold_ = {};
     ObjectValues objects_;
     std::vector<std::shared_ptr<HostWindow>> windows_;
     lua_Integer lastNumber_ = 0;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "automation/com_ptr.h"
+#include "hosts/script/lua/lua_by_name.h"
 #include "hosts/script/lua/lua_call.h"
 #include "hosts/script/lua/lua_error.h"
 
@@ -64,6 +65,8 @@ int ReadMember(lua_State* lua) {
     const ObjectValue& value = CheckObject(lua, 1);
     const TypeDescription& type = value.Type->Description;
     const std::string name = luaL_checkstring(lua, 2);
+    const ComPtr<IDispatch> object = value.Object;
+    if (!type.IsKnown()) return ReadByName(lua, *object, name);
     const DescribedMember* member = type.Find(name, INVOKE_FUNC | INVOKE_PROPERTYGET);
     if (!member) {
         const DescribedMember* other = type.Find(name, kAnyKind);
@@ -76,7 +79,6 @@ int ReadMember(lua_State* lua) {
         PushMethod(lua, *value.Type, *member);
         return 1;
     }
-    const ComPtr<IDispatch> object = value.Object;
     return CallMember(lua, *object, *member, 3);
 }
 

@@ -152,6 +152,8 @@ bool PushNumber(lua_State* lua, const VARIANT& value) {
         case VT_R8:
         case VT_DATE:
             return lua_pushnumber(lua, value.dblVal), true;
+        case VT_CY:
+            return lua_pushnumber(lua, static_cast<double>(value.cyVal.int64) / 10000), true;
         default:
             return false;
     }

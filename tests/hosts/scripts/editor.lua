@@ -74,3 +74,27 @@ do
   gone:DeleteSelect()
 end
 collectgarbage()
+
+-- A font is an object of the system's, which need not tell its type.
+local font <const> = editor.ScaleX.Font
+assert(font == editor.ScaleX.Font and font ~= editor.ScaleY.Font)
+assert(font.Name == "Arial" and font.Size == 8 and font.bold == 0)
+font.Size, font.Name, font.Bold = 10.5, "Liberation Sans", true
+font.italic = 1
+assert(font.Size == 10.5 and font.Name == "Liberation Sans" and font.Weight == 700)
+assert(font.Bold == -1 and font.Italic == -1 and font.Underline == 0)
+mavrin2.put(font, "Charset", "2")
+assert(font.Charset == 2 and tostring(font):find("^object: "))
+assert(#mavrin2.members(font) == 0)
+for _, wrong in ipairs({
+  { function() return font.Colour end, 0x80020006, "no member 'Colour'" },
+  { function() font.Colour = 1 end, 0x80020006, "no member 'Colour'" },
+  { function() font.Size = "large" end, 0x80020005, "Size" },
+  { function() font.Weight = 1e6 end, 0x8002000A, "Weight" },
+  { function() font.Size = {} end, 0x80020005, "Size" },
+}) do
+  local worked <const>, error_ <const> = pcall(wrong[1])
+  assert(not worked and error_.status == wrong[2], tostring(error_))
+  assert(error_.description:find(wrong[3]), tostring(error_))
+end
+assert(font.Size == 10.5 and font.Weight == 700)
