@@ -117,16 +117,22 @@ void PrintEdit(const Folder& data) {
                kRounds);
 }
 
+// Each program several times in a row, not in turn: a virtual machine takes back what ffmpeg frees,
+// and whoever comes next pays for getting it again.
 void PrintPicture(const Folder& data, const Folder& programs) {
     const Folder png = data / "picture.png";
     const std::string sound = (data / "m60.wav").string();
-    Action ours =
-        ProgramWriting(png, {(programs / "mavrin2").string(), "picture", sound, png.string()});
-    ours.Name = "Mavrin2";
-    PrintRatio("From a WAV of 60 min to its PNG", ours,
-               {ProgramWriting(png, {"ffmpeg", "-v", "error", "-y", "-i", sound, "-lavfi",
-                                     "showwavespic=s=1200x300", "-frames:v", "1", png.string()})},
-               0.25, 3);
+    const auto seconds = [](const std::vector<std::string>& command) {
+        RunProgram(command);
+        return MillisecondsOf([&] { RunProgram(command); }, 5) / 1000;
+    };
+    const double ours = seconds({(programs / "mavrin2").string(), "picture", sound, png.string()});
+    const double theirs = seconds({"ffmpeg", "-v", "error", "-y", "-i", sound, "-lavfi",
+                                   "showwavespic=s=1200x300", "-frames:v", "1", png.string()});
+    std::filesystem::remove(png);
+    PrintValue("From a WAV of 60 min to its PNG", ours, "s", 0);
+    PrintValue("The same by ffmpeg", theirs, "s", 0);
+    PrintValue("Ratio of the two", ours / theirs, "×", 0.25);
 }
 
 }  // namespace
