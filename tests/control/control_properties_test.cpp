@@ -1,10 +1,12 @@
 #include "automation/text.h"
+#include "tests/automation/late_call.h"
 #include "tests/control/control_test.h"
 
 namespace mavrin2::tests {
 namespace {
 
 using automation::Bstr;
+using automation::ComPtr;
 using interfaces::IMavrin2;
 using interfaces::IMavrin2FileInfo;
 
@@ -12,6 +14,42 @@ class ControlProperties : public ControlTest {
 protected:
     void PutTempDirectory(const char* path) {
         EXPECT_EQ(Control->put_TempDirectory(Bstr(std::string_view(path)).Get()), S_OK);
+    }
+    // The control keeps one object, gives it as often as it is asked for it, and takes another.
+    template <class Interface>
+    void ExpectKept(const char* name, HRESULT (STDMETHODCALLTYPE IMavrin2::*get)(Interface**),
+                    HRESULT (STDMETHODCALLTYPE IMavrin2::*put)(Interface*), Interface* another) {
+        SCOPED_TRACE(name);
+        const auto held = [&] {
+            ComPtr<Interface> object;
+            EXPECT_EQ((Control.Get()->*get)(object.Put()), S_OK);
+            return object;
+        };
+        const auto first = held();
+        ASSERT_TRUE(first);
+        EXPECT_EQ(held().Get(), first.Get());
+        EXPECT_EQ((Control.Get()->*put)(nullptr), S_OK);
+        EXPECT_EQ(held().Get(), first.Get());
+        EXPECT_EQ((Control.Get()->*put)(another), S_OK);
+        EXPECT_EQ(held().Get(), another);
+
+        VARIANT value{};
+        value.vt = VT_DISPATCH;
+        value.pdispVal = first.Get();
+        const std::vector<DISPID> named{DISPID_PROPERTYPUT};
+        EXPECT_EQ(
+            LateCall(*Control, name, DISPATCH_PROPERTYPUT, LateCall::AsTheyAre{{value}}, named)
+                .Status,
+            S_OK);
+        EXPECT_EQ(held().Get(), first.Get());
+        value.pdispVal = Position.Get();
+        EXPECT_EQ(
+            LateCall(*Control, name, DISPATCH_PROPERTYPUT, LateCall::AsTheyAre{{value}}, named)
+                .Status,
+            DISP_E_TYPEMISMATCH)
+            << "an object of another kind";
+        EXPECT_EQ(held().Get(), first.Get());
+        EXPECT_EQ((Control.Get()->*get)(nullptr), E_POINTER);
     }
     std::filesystem::path TempFileName() {
         Bstr name;
@@ -34,6 +72,37 @@ TEST_F(ControlProperties, BeginWithTheirDefaults) {
     FileInfo->put_SaveExtraInfoEnabled(-1);
     EXPECT_EQ(Got(*FileInfo, &IMavrin2FileInfo::get_SaveExtraInfoEnabled), -1) << "as given";
     EXPECT_EQ(Control->get_Status(nullptr), E_POINTER);
+}
+
+TEST_F(ControlProperties, AreObjectsThatAHostMayReplace) {
+    const auto colors = objects::CMavrin2Colors::Make(0u);
+    const auto scale = objects::CMavrin2Scale::Make();
+    ExpectKept<interfaces::IMavrin2Colors>("Colors", &IMavrin2::get_Colors, &IMavrin2::put_Colors,
+                                           colors.Get());
+    ExpectKept<interfaces::IMavrin2Scale>("ScaleX", &IMavrin2::get_ScaleX, &IMavrin2::put_ScaleX,
+                                          scale.Get());
+    ExpectKept<interfaces::IMavrin2Scale>("ScaleY", &IMavrin2::get_ScaleY, &IMavrin2::put_ScaleY,
+                                          scale.Get());
+    ComPtr<interfaces::IMavrin2Channel> channels;
+    ComPtr<interfaces::IMavrin2Channel> again;
+    EXPECT_EQ(Control->get_Channels(channels.Put()), S_OK);
+    EXPECT_EQ(Control->get_Channels(again.Put()), S_OK);
+    EXPECT_TRUE(channels && channels.Get() == again.Get());
+}
+
+TEST_F(ControlProperties, OfTheViewAreKeptAsFarAsTheyMakeSense) {
+    EXPECT_EQ(Got(*Control, &IMavrin2::get_TypeBorder), 1);
+    EXPECT_EQ(Control->put_TypeBorder(-77), S_OK);
+    EXPECT_EQ(Got(*Control, &IMavrin2::get_TypeBorder), -77);
+    using interfaces::TypeViewConstants;
+    EXPECT_EQ(Got(*Control, &IMavrin2::get_TypeView), TypeViewConstants::WAVEFORM);
+    EXPECT_EQ(Control->put_TypeView(TypeViewConstants::SPECTRAL), S_OK);
+    EXPECT_EQ(Got(*Control, &IMavrin2::get_TypeView), TypeViewConstants::SPECTRAL);
+    Dusoro->Source.Samples = Ramp(1000);
+    Events->InEvent(1, [&] { Control->put_TypeView(TypeViewConstants::EXPANDED); });
+    Open();
+    EXPECT_TRUE(Events->Acted());
+    EXPECT_EQ(Got(*Control, &IMavrin2::get_TypeView), TypeViewConstants::SPECTRAL) << "it was busy";
 }
 
 TEST_F(ControlProperties, KeepNumbersWithinTheirRanges) {

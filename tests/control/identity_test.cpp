@@ -22,7 +22,7 @@ TEST(Descriptions, AgreeWithTheirPlanAndVirtualTable) {
     // Building them compares both.
     const auto& library = interfaces::ControlLibrary();
     EXPECT_EQ(std::string(library.Name), "KovMAVRIN2Lib");
-    EXPECT_EQ(library.Interfaces.size(), 4u);
+    EXPECT_EQ(library.Interfaces.size(), 7u);
     for (const auto& make : library.Interfaces) {
         const InterfaceDescription& description = make();
         EXPECT_FALSE(description.Members.empty());
@@ -30,11 +30,20 @@ TEST(Descriptions, AgreeWithTheirPlanAndVirtualTable) {
             EXPECT_STRNE(member.Help, "") << member.Name;
     }
     contracts::DusoroLibrary().Interfaces.front()();
-    const auto& fileInfo = automation::DescriptionOf<interfaces::IMavrin2FileInfo>();
-    const std::pair<const char*, DISPID> published[] = {
-        {"Frequency", 5}, {"Channels", 6}, {"FormatString", 11}, {"SaveExtraInfoEnabled", 30}};
-    for (const auto& [name, id] : published)
-        EXPECT_EQ(fileInfo.Find(std::string_view(name))->Id, id);
+    struct {
+        const InterfaceDescription& Description;
+        const char* Name;
+        DISPID Id;
+    } const published[] = {
+        {automation::DescriptionOf<interfaces::IMavrin2FileInfo>(), "SaveExtraInfoEnabled", 30},
+        {automation::DescriptionOf<interfaces::IMavrin2FileInfo>(), "Frequency", 5},
+        {automation::DescriptionOf<interfaces::IMavrin2Channel>(), "Operation", 4},
+        {automation::DescriptionOf<interfaces::IMavrin2Colors>(), "RangeMarkerBackground", 17},
+        {automation::DescriptionOf<interfaces::IMavrin2Scale>(), "Orientation", 5},
+        {automation::DescriptionOf<interfaces::IMavrin2>(), "SaveWaveImage", 32},
+        {automation::DescriptionOf<interfaces::IMavrin2>(), "TypeView", 125}};
+    for (const auto& [description, name, id] : published)
+        EXPECT_EQ(description.Find(std::string_view(name))->Id, id);
 }
 
 TEST(Descriptions, PlanEveryMemberOnce) {

@@ -101,10 +101,8 @@ TEST_F(Lifetime, OfObjectsThatAHostMakesAloneIsWithoutADocument) {
         if (entry.Control) continue;
         ComPtr<IDispatch> object;
         EXPECT_EQ(entry.Create(nullptr, IID_IDispatch, object.PutVoid()), S_OK) << entry.ProgId;
-        if (object.As<interfaces::IMavrin2Position>())
-            Position = object.As<interfaces::IMavrin2Position>();
-        else
-            FileInfo = object.As<interfaces::IMavrin2FileInfo>();
+        if (auto position = object.As<interfaces::IMavrin2Position>()) Position = position;
+        if (auto fileInfo = object.As<interfaces::IMavrin2FileInfo>()) FileInfo = fileInfo;
     }
     ASSERT_TRUE(Position && FileInfo);
     EXPECT_EQ(Positions(), "select 0..0 view 0..0 of 0");
