@@ -68,7 +68,8 @@ template <class DrawAt>
 void LevelScalePainter::AtBothRows(LabelLane lane, std::int32_t value, DrawAt&& draw) const {
     const std::int32_t distance = DistanceOf(lane, value);
     draw(ZeroOf(lane) - distance);
-    if (!scene_.Spectral()) draw(ZeroOf(lane) + distance);
+    // The middle is its own mirror image; text drawn twice would be bold.
+    if (!scene_.Spectral() && distance != 0) draw(ZeroOf(lane) + distance);
 }
 
 void LevelScalePainter::DrawTick(Surface& surface, std::int32_t y, std::int32_t length) const {
