@@ -1,6 +1,7 @@
 #include "platform/offscreen_window.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "platform/pixel_target.h"
@@ -13,6 +14,11 @@ constexpr std::uint32_t kBackground = 0xD4D0C8;
 RECT Common(const RECT& one, const RECT& other) {
     return {std::max(one.left, other.left), std::max(one.top, other.top),
             std::min(one.right, other.right), std::min(one.bottom, other.bottom)};
+}
+
+int Extent(LONG first, LONG end) {
+    return static_cast<int>(
+        std::clamp<std::int64_t>(std::int64_t{end} - first, 0, std::numeric_limits<int>::max()));
 }
 
 }  // namespace
@@ -59,8 +65,8 @@ public:
         if (!invalid_ || !visible_) return;
         invalid_ = false;
         PixelTarget target = Target();
-        handler_.Paint(target, std::max<LONG>(0, place_.right - place_.left),
-                       std::max<LONG>(0, place_.bottom - place_.top));
+        handler_.Paint(target, Extent(place_.left, place_.right),
+                       Extent(place_.top, place_.bottom));
     }
 
     // The handler may delete this.

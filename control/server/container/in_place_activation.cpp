@@ -69,10 +69,6 @@ HRESULT InPlaceActivation::Enter() {
 
 HRESULT InPlaceActivation::MakeWindow(unsigned turn) {
     const ComPtr<IOleInPlaceSite> site = site_;
-    HWND parent = nullptr;
-    if (const HRESULT status = site->GetWindow(&parent); FAILED(status)) return status;
-    if (Overtaken(turn)) return E_ABORT;
-
     ComPtr<IOleInPlaceFrame> frame;
     ComPtr<IOleInPlaceUIWindow> document;
     RECT place = {};
@@ -87,6 +83,10 @@ HRESULT InPlaceActivation::MakeWindow(unsigned turn) {
     frame_ = std::move(frame);
     document_ = std::move(document);
     place_ = place;
+    // Asked last, so that the container has no occasion to destroy it before it is used.
+    HWND parent = nullptr;
+    if (const HRESULT status = site->GetWindow(&parent); FAILED(status)) return status;
+    if (Overtaken(turn)) return E_ABORT;
     auto window = platform::NewControlWindow(parent, place, clip, *this);
     if (!window) return E_FAIL;
     if (Overtaken(turn)) return E_ABORT;
