@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <deque>
+#include <memory>
 #include <mutex>
+#include <new>
 
 #include "platform/automation.h"
 
@@ -133,19 +135,30 @@ private:
 };
 
 // The queue of a thread, which others may hold longer than the thread lives.
-struct Owner {
-    std::shared_ptr<MessageQueue> Queue = std::make_shared<MessageQueue>();
-    Owner() = default;
-    Owner(const Owner&) = delete;
-    Owner& operator=(const Owner&) = delete;
-    ~Owner() { Queue->End(); }
-};
+using Held = std::shared_ptr<MessageQueue>;
+
+void NTAPI EndQueue(void* value) {
+    const std::unique_ptr<Held> held(static_cast<Held*>(value));
+    if (held) (*held)->End();
+}
+
+// The system's own place for what belongs to a thread: the compiler's thread_local objects lose
+// their memory before their destructors run.
+Held& HeldByThisThread() {
+    static const DWORD place = ::FlsAlloc(&EndQueue);
+    auto* held = static_cast<Held*>(::FlsGetValue(place));
+    if (!held) {
+        auto made = std::make_unique<Held>(std::make_shared<MessageQueue>());
+        if (!::FlsSetValue(place, made.get())) throw std::bad_alloc();
+        held = made.release();
+    }
+    return *held;
+}
 
 }  // namespace
 
 std::shared_ptr<PostingQueue> PostingQueue::OfThisThread() {
-    thread_local Owner owner;
-    return owner.Queue;
+    return HeldByThisThread();
 }
 
 }  // namespace mavrin2::platform
