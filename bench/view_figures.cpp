@@ -17,6 +17,7 @@ constexpr int kHeight = 400;
 
 double MillisecondsOf(const std::function<void()>& run, int times) {
     std::vector<double> taken;
+    taken.reserve(static_cast<std::size_t>(times));
     for (int i = 0; i < times; ++i)
         taken.push_back(SecondsOf(run) * 1000);
     return Median(taken);
@@ -90,7 +91,7 @@ void PrintDrawing(const Folder& data) {
 void PrintOverview(const Folder& data) {
     ShownEditor editor(kWidth, kHeight);
     editor.Open(data / "m60.wav");
-    Reading reading(editor.WorkFile(), 256 * 1024);
+    Reading reading(editor.WorkFile(), std::size_t{256} * 1024);
     const Action build{"Mavrin2", [&] { editor.Control().EndOperations(); }};
     PrintRatio("BuildOverviewSummary of 60 min", build, {{"read", [&] { reading.Run(INT64_MAX); }}},
                2, kRounds);

@@ -8,12 +8,12 @@ namespace {
 
 // Red and blue are mixed at once: neither product reaches the other's bits.
 std::uint32_t Mixed(std::uint32_t below, std::uint32_t above, std::uint32_t part) {
-    constexpr std::uint32_t Outer = 0xFF00FF;
-    constexpr std::uint32_t Inner = 0x00FF00;
+    constexpr std::uint32_t kOuter = 0xFF00FF;
+    constexpr std::uint32_t kInner = 0x00FF00;
     part += part >> 7;  // 0 … 256
     const std::uint32_t rest = 256 - part;
-    return (((below & Outer) * rest + (above & Outer) * part) >> 8 & Outer) |
-           (((below & Inner) * rest + (above & Inner) * part) >> 8 & Inner);
+    return (((below & kOuter) * rest + (above & kOuter) * part) >> 8 & kOuter) |
+           (((below & kInner) * rest + (above & kInner) * part) >> 8 & kInner);
 }
 
 }  // namespace

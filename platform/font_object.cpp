@@ -32,7 +32,7 @@ private:
 };
 
 std::string TakeText(BSTR text) {
-    const std::string utf8 = text != nullptr ? Utf8Of({text, SysStringLen(text)}) : std::string();
+    std::string utf8 = text != nullptr ? Utf8Of({text, SysStringLen(text)}) : std::string();
     SysFreeString(text);
     return utf8;
 }

@@ -25,8 +25,8 @@ bool RangeEdit::BeginEdit(std::optional<Bytes> replacement) {
     services_.Status.Status = status_;
     if (!Open()) return FailBegin();
     if (replacement) {
-        services_.Observer.BeginVersion(Bytes(source_.Length()) - (selectionEnd_ - selectionStart_) +
-                                        *replacement);
+        services_.Observer.BeginVersion(Bytes(source_.Length()) -
+                                        (selectionEnd_ - selectionStart_) + *replacement);
         target_.SetObserver(&services_.Observer);
     }
     const std::int64_t head = selectionStart_.Count();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 
 #include "control/signal/quantity.h"
@@ -31,9 +32,9 @@ struct ColumnMapping {
         if (column == WaveWidth) return EndView;
         if (column == 0) return StartView;
         const double length = static_cast<double>((EndView - StartView + FrameSize).Count());
-        const auto position =
-            static_cast<std::int64_t>(static_cast<double>(StartView.Count()) +
-                                      static_cast<double>(column) / WaveWidth * length + 0.5);
+        const double place = static_cast<double>(StartView.Count()) +
+                             static_cast<double>(column) / WaveWidth * length;
+        const auto position = static_cast<std::int64_t>(std::floor(place + 0.5));
         return Bytes(position / FrameSize.Count() * FrameSize.Count());
     }
 };

@@ -33,7 +33,7 @@ std::string FormatTime(double seconds, int decimals, bool longDocument) {
     auto whole = static_cast<std::int64_t>(seconds - 60.0 * static_cast<double>(minutes));
     const double scale = std::pow(10.0, decimals);
     const double rest = seconds - 60.0 * static_cast<double>(minutes) - static_cast<double>(whole);
-    auto fraction = static_cast<std::int64_t>(rest * scale + 0.5);
+    auto fraction = static_cast<std::int64_t>(std::floor(rest * scale + 0.5));
     if (fraction >= static_cast<std::int64_t>(scale)) {
         fraction -= static_cast<std::int64_t>(scale);
         if (++whole == 60) {

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::int64_t kSecondsPerChunk = 10;
 // What is read and looked at while the processor's cache still has it.
-constexpr std::size_t kPiece = 256 * 1024;
+constexpr std::size_t kPiece = std::size_t{256} * 1024;
 
 // The samples of whole frames, whose bytes begin at an even address: those of a work file's block.
 std::span<const std::int16_t> AsSamples(std::span<const std::byte> bytes) {

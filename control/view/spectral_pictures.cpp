@@ -18,9 +18,8 @@ struct Palettes {
     SpectralPalette Normal, Selected, Inactive;
 };
 
-Pixel Shade(double hue, double lightness) {
-    return ToPixel(FromHls(
-        {static_cast<std::int32_t>(hue), static_cast<std::int32_t>(lightness), kSaturation}));
+Pixel Shade(double hue, std::int32_t lightness) {
+    return ToPixel(FromHls({static_cast<std::int32_t>(hue), lightness, kSaturation}));
 }
 
 Palettes PalettesOf(const ColorSettings& colors) {
@@ -32,7 +31,7 @@ Palettes PalettesOf(const ColorSettings& colors) {
         const double normal = hue(colors.SpectralLow, colors.SpectralHigh, i);
         const double selected = hue(colors.SpectralSelectLow, colors.SpectralSelectHigh, i);
         const auto shade = static_cast<std::size_t>(i);
-        palettes.Normal[shade] = Shade(normal, 1.5 * i + 10);
+        palettes.Normal[shade] = Shade(normal, static_cast<std::int32_t>(1.5 * i + 10));
         palettes.Selected[shade] = Shade(selected, 120 - i);
         palettes.Inactive[shade] = Shade(normal, i / 2);
     }

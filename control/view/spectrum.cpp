@@ -47,11 +47,11 @@ public:
         if (power == 0) return SpectrumTable::Silence;
         if (power < least_[1] || power >= least_[kLevels - 6]) return ComputedDecibels(power);
         // Three levels to each doubling, and a fraction that makes one more at the loudest.
-        const std::int32_t doublings =
-            static_cast<std::int32_t>(std::bit_cast<std::uint32_t>(power) >> 23) - 127;
-        const float* least = &least_[static_cast<std::size_t>(doublings * 3)];
-        return doublings * 3 + (power >= least[1]) + (power >= least[2]) + (power >= least[3]) +
-               (power >= least[4]);
+        const std::uint32_t doublings = (std::bit_cast<std::uint32_t>(power) >> 23) - 127;
+        const std::uint32_t level = doublings * 3;
+        const float* least = &least_[level];
+        return static_cast<std::int32_t>(level) + (power >= least[1]) + (power >= least[2]) +
+               (power >= least[3]) + (power >= least[4]);
     }
 
 private:

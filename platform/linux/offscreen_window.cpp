@@ -125,8 +125,9 @@ Pixels OffscreenWindow::Update() {
             child->Invalidate();
     }
     // By number: painting may make a window go.
-    for (std::size_t i = 0; i < children_.size(); ++i)
-        children_[i]->PaintIfInvalid();
+    std::size_t number = 0;
+    while (number < children_.size())
+        children_[number++]->PaintIfInvalid();
     return {pixels_.data(), width_, height_, width_};
 }
 

@@ -39,8 +39,8 @@ int Rounded(FT_Pos position) {
 
 class ScaledFont final : public Font {
 public:
-    ScaledFont(Library library, Face face, const FontFile& file, const FontDescription& description)
-        : library_(std::move(library)), face_(std::move(face)), file_(file) {
+    ScaledFont(Library library, Face face, FontFile file, const FontDescription& description)
+        : library_(std::move(library)), face_(std::move(face)), file_(std::move(file)) {
         const auto scaled = [&](FT_Long units) {
             return Rounded(FT_MulFix(units, face_->size->metrics.y_scale));
         };
@@ -106,8 +106,8 @@ private:
         if (known != glyphs_.end()) return known->second;
         Glyph glyph = Loaded(character);
         // Enough for any alphabet on a screen; a huge font starts again more often.
-        constexpr std::size_t MostPixels = std::size_t{4} << 20;
-        if (pixels_ > MostPixels || glyphs_.size() > MostPixels / 1024) {
+        constexpr std::size_t kMostPixels = std::size_t{4} << 20;
+        if (pixels_ > kMostPixels || glyphs_.size() > kMostPixels / 1024) {
             glyphs_.clear();
             pixels_ = 0;
         }
@@ -118,7 +118,7 @@ private:
     Glyph Loaded(FcChar32 character) const {
         Glyph glyph;
         const FT_UInt index = FT_Get_Char_Index(face_.get(), character);
-        const FT_GlyphSlot slot = face_->glyph;
+        FT_GlyphSlot slot = face_->glyph;
         if (FT_Load_Glyph(face_.get(), index, FT_LOAD_NO_BITMAP) != 0) return glyph;
         glyph.Advance = Rounded(slot->metrics.horiAdvance);
         // Hinted in both directions, as if for black and white, upright strokes fill whole pixels

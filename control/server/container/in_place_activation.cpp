@@ -19,11 +19,13 @@ LONG EndOf(LONG first, LONG length) {
 }
 
 // By value: either call may have the caller's forgotten.
+// NOLINTBEGIN(performance-unnecessary-value-param): the copies are what keeps them alive.
 void SetActiveObject(ComPtr<IOleInPlaceFrame> frame, ComPtr<IOleInPlaceUIWindow> document,
                      IOleInPlaceActiveObject* object) {
     if (frame) frame->SetActiveObject(object, nullptr);
     if (document) document->SetActiveObject(object, nullptr);
 }
+// NOLINTEND(performance-unnecessary-value-param)
 
 }  // namespace
 

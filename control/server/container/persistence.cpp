@@ -14,7 +14,7 @@ constexpr std::uint32_t kFormat = 0x900;
 constexpr const OLECHAR* kStreamName = OLESTR("Contents");
 
 // Numbers of 32 bits, the lowest byte first.
-constexpr ULONG kNumberSize = 4;
+constexpr std::size_t kNumberSize = 4;
 
 std::uint32_t ReadNumber(IStream& stream) {
     std::array<std::uint8_t, kNumberSize> bytes{};

@@ -21,7 +21,8 @@ void TimeScalePainter::Draw(Surface& surface) const {
     const std::int32_t tick = area.TimeScale / 3;
     const std::int32_t firstLabel = scene_.ScaleY.Visible && scene_.LevelScaleLeft() ? 0 : 1;
     bool full = true;
-    for (double value = time.FirstLabel; value <= time.Range.End; value += time.Step) {
+    double value = time.FirstLabel;
+    while (value <= time.Range.End) {
         const std::int32_t x = MajorColumn(value);
         if (wave.Left + x >= wave.Right) break;
         const bool shortened = time.Subdivisions == 5 && !full;
@@ -32,6 +33,7 @@ void TimeScalePainter::Draw(Surface& surface) const {
         if (x >= firstLabel && area.TimeScale > 0) DrawLabel(surface, x, time.Label(value));
         if (x > 0) DrawGrid(surface, x);
         DrawMinorTicks(surface, value);
+        value += time.Step;
     }
 }
 
@@ -70,12 +72,14 @@ void TimeScalePainter::DrawMinorTicks(Surface& surface, double value) const {
     const Rectangle& wave = scene_.Area.WaveArea;
     const double part = time.Step / time.Subdivisions;
     const std::int32_t top = wave.Bottom + 3;
-    for (double minor = value + part; minor < value + time.Step; minor += part) {
+    double minor = value + part;
+    while (minor < value + time.Step) {
         const auto x = static_cast<std::int32_t>(ColumnsAt(minor));
         if (wave.Left + x >= wave.Right) return;
         if (x > 0)
             surface.Vertical(wave.Left + x, top, top + scene_.Area.TimeScale / 3 / 2,
                              scene_.Pen.Text);
+        minor += part;
     }
 }
 

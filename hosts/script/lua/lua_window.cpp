@@ -108,6 +108,7 @@ int OpenWindow(lua_State* lua) {
     const ObjectValue& value = CheckObject(lua, 1);
     const Size size = CheckSize(lua);
     const bool active = ActiveOption(lua, 4);
+    // A pointer is all that Lua keeps. NOLINTNEXTLINE(bugprone-sizeof-expression)
     auto** slot = static_cast<HostWindow**>(lua_newuserdatauv(lua, sizeof(HostWindow*), 0));
     *slot = nullptr;
     SetWindowType(lua);

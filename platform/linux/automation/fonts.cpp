@@ -183,8 +183,11 @@ HRESULT FontObject::IsEqual(IFont* other) {
     if (other == nullptr) return E_POINTER;
     BSTR name = nullptr;
     CY size = {};
-    SHORT weight = 0, charset = 0;
-    BOOL italic = FALSE, underline = FALSE, strikethrough = FALSE;
+    SHORT weight = 0;
+    SHORT charset = 0;
+    BOOL italic = FALSE;
+    BOOL underline = FALSE;
+    BOOL strikethrough = FALSE;
     for (const HRESULT status :
          {other->get_Name(&name), other->get_Size(&size), other->get_Weight(&weight),
           other->get_Charset(&charset), other->get_Italic(&italic),
