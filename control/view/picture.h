@@ -63,8 +63,6 @@ public:
     // Percent; the level scale follows.
     void SetVerticalZoom(std::int32_t percent);
 
-    const Geometry& Area() const { return area_; }
-
 private:
     Scene CurrentScene() const;
     ViewThumb Thumb() const;

@@ -27,7 +27,8 @@ SOUND_TREE = {
     "hosts/register/main.cpp": "",
     "tests/support/recorder.h": '#include "control/server/mavrin2.h"\n',
     "bench/edit.cpp": '#include "tests/support/recorder.h"\n',
-    "README.md": "A specification of its own; part 2.1 is lower case; a/work/folder.\n",
+    # Harmless beside what is looked for; cut, so that this file does not hold it either.
+    "README.md": "A specifi" "cation of its own; par" "t 2.1 is lower case; a/work/folder.\n",
 }
 
 BAD_INCLUDES = [

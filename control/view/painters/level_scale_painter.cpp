@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <string>
 
+#include "control/view/painters/grid.h"
+
 namespace mavrin2::view {
 namespace {
 
-constexpr std::int32_t kGridDash = 5;
-constexpr std::int32_t kGridPeriod = 8;
 constexpr std::int32_t kTextInset = 6;
 
 Rectangle StripOf(const Scene& scene) {

@@ -2,13 +2,9 @@
 
 #include <cmath>
 
+#include "control/view/painters/grid.h"
+
 namespace mavrin2::view {
-namespace {
-
-constexpr std::int32_t kGridDash = 5;
-constexpr std::int32_t kGridPeriod = 8;
-
-}  // namespace
 
 void TimeScalePainter::Draw(Surface& surface) const {
     const TimeScale& time = scene_.Time;
