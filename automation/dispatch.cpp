@@ -64,7 +64,7 @@ public:
     VARIANT* Passed() { return passed_.data(); }
 
     // After a call that succeeded: out-values into the caller's variants, the result into its own.
-    HRESULT HandBack() {
+    HRESULT CopyBack() {
         for (std::size_t i = 0; i < member_.Parameters.size(); ++i) {
             const Direction way = member_.Parameters[i].Way;
             if (way == Direction::Result && call_.Result) {
@@ -235,7 +235,7 @@ HRESULT CallMember(const MemberDescription& member, void* object, const Invocati
     SetErrorInfo(0, nullptr);
     const HRESULT status = member.Call(object, arguments.Passed());
     if (FAILED(status)) return ReportException(status, call.Exception);
-    return arguments.HandBack();
+    return arguments.CopyBack();
 }
 
 HRESULT CallDefaultOfValue(const MemberDescription& member, void* object, const Invocation& call) {

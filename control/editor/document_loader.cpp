@@ -29,7 +29,7 @@ void DocumentLoader::LoadThroughCompanion(const std::filesystem::path& path,
     const std::uint64_t session = companion_.Session();
     if (opened && TakeFormat() && CreateTarget()) {
         complete = ReadBlocks() && PushDocument() && !services_.Status.Idle();
-        if (!ticket_.Stands()) {
+        if (!ticket_.IsCurrent()) {
             if (companion_.Session() == session) companion_.CloseFile();
             return;
         }
@@ -37,7 +37,7 @@ void DocumentLoader::LoadThroughCompanion(const std::filesystem::path& path,
     companion_.CloseFile();
     if (services_.History.Current() && !(complete && LengthIsAsExpected())) {
         services_.View.BuildOverviewSummary();
-        if (!ticket_.Stands()) return;
+        if (!ticket_.IsCurrent()) return;
     }
     services_.Status.Status = StatusConstants::Idle;
 }
@@ -107,9 +107,9 @@ int DocumentLoader::PercentDone() const {
 bool DocumentLoader::Report(int percent) {
     services_.View.ShowProgress(percent);
     services_.Events.BlockOperation(percent);
-    if (!ticket_.Stands()) return false;
+    if (!ticket_.IsCurrent()) return false;
     services_.View.Redraw();
-    return ticket_.Stands();
+    return ticket_.IsCurrent();
 }
 
 bool DocumentLoader::PushDocument() {

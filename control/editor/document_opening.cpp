@@ -32,9 +32,9 @@ void DocumentOpening::New(std::int32_t frequency, std::int32_t channels) {
     services_.Channels.Recount(channels);
     services_.Format.FormatDescription = PcmDescription(frequency, channels);
     if (!services_.Range.RecomputeView(Bytes(0), services_.History.Current()->TotalBytes)) return;
-    if (!ticket.Stands()) return;
+    if (!ticket.IsCurrent()) return;
     services_.View.Redraw();
-    if (ticket.Stands()) services_.Events.EndOperation();
+    if (ticket.IsCurrent()) services_.Events.EndOperation();
 }
 
 void DocumentOpening::CloseDocument() {
@@ -63,13 +63,13 @@ ErrorConstants DocumentOpening::Open(const std::filesystem::path& path, FormatTy
     OperationTicket ticket(services_.Operations, services_.History);
     services_.Status.LastError = ErrorConstants::NOERRORS;
     Load(path, type, ticket);
-    if (!ticket.Stands()) return ErrorConstants::NOERRORS;
+    if (!ticket.IsCurrent()) return ErrorConstants::NOERRORS;
     if (services_.Status.LastError != ErrorConstants::NOERRORS) return services_.Status.LastError;
 
     if (const DocumentState* state = services_.History.Current())
         services_.Range.RecomputeView(Bytes(0), state->TotalBytes);
-    if (ticket.Stands()) services_.View.Redraw();
-    if (ticket.Stands()) services_.Events.EndOperation();
+    if (ticket.IsCurrent()) services_.View.Redraw();
+    if (ticket.IsCurrent()) services_.Events.EndOperation();
     return ErrorConstants::NOERRORS;
 }
 

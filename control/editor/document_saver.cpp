@@ -77,7 +77,7 @@ public:
             if (services_.Status.Idle()) break;
             written_ += static_cast<std::int64_t>(*samples) * 2;
             more = Report(PercentDone()) && *samples == blockSamples;
-            if (ticket_.Stands()) services_.View.Redraw();
+            if (ticket_.IsCurrent()) services_.View.Redraw();
         }
         return ErrorConstants::NOERRORS;
     }
@@ -103,7 +103,7 @@ private:
     bool Report(int percent) {
         services_.View.ShowProgress(percent);
         services_.Events.BlockOperation(percent);
-        return ticket_.Stands();
+        return ticket_.IsCurrent();
     }
 
     EditorServices& services_;
@@ -121,15 +121,15 @@ ErrorConstants DocumentSaver::Save(const std::filesystem::path& path, std::int16
     OperationTicket ticket(services_.Operations, services_.History);
     services_.Status.LastError = ErrorConstants::NOERRORS;
     SaveThroughCompanion(path, selected, type, ticket);
-    if (!ticket.Stands()) return ErrorConstants::NOERRORS;
+    if (!ticket.IsCurrent()) return ErrorConstants::NOERRORS;
     if (services_.Status.LastError != ErrorConstants::NOERRORS) {
         services_.Status.Status = StatusConstants::Idle;
         return services_.Status.LastError;
     }
     services_.View.RenderBackground();
     services_.View.Redraw();
-    if (ticket.Stands()) services_.Events.EndOperation();
-    if (ticket.Stands()) services_.Status.Status = StatusConstants::Idle;
+    if (ticket.IsCurrent()) services_.Events.EndOperation();
+    if (ticket.IsCurrent()) services_.Status.Status = StatusConstants::Idle;
     return ErrorConstants::NOERRORS;
 }
 
@@ -152,7 +152,7 @@ void DocumentSaver::SaveThroughCompanion(const std::filesystem::path& path, std:
         const std::uint64_t session = companion_.Session();
         const ErrorConstants outcome =
             Output(services_, companion_, ticket, source, selected).Write(pieces);
-        if (!ticket.Stands()) {
+        if (!ticket.IsCurrent()) {
             if (companion_.Session() == session) companion_.CloseFile();
             return;
         }

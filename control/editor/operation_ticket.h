@@ -34,11 +34,11 @@ public:
     ~OperationTicket() { counter_.Leave(); }
 
     // For what may happen during an operation and does not take its place.
-    static OperationTicket Beside(OperationCounter& counter, const UndoHistory& history) {
+    static OperationTicket Observe(OperationCounter& counter, const UndoHistory& history) {
         return OperationTicket(counter, history, counter.Last());
     }
 
-    bool Stands() const { return counter_.Last() == number_ && history_.Current() == state_; }
+    bool IsCurrent() const { return counter_.Last() == number_ && history_.Current() == state_; }
 
     // The operation itself has moved the history.
     void Moved() { state_ = history_.Current(); }

@@ -51,7 +51,7 @@ bool RangeEdit::Open() {
 
 bool RangeEdit::ReportBlock() {
     services_.Events.BlockOperation(PercentRead(source_));
-    return ticket_.Stands() && !services_.Status.Idle();
+    return ticket_.IsCurrent() && !services_.Status.Idle();
 }
 
 bool RangeEdit::CommitEdit() {
@@ -81,7 +81,7 @@ bool RangeEdit::CommitEdit() {
     CarryOver(carried);
     if (!ShowNewState()) return true;
     services_.Events.BlockOperation(100);
-    if (ticket_.Stands()) services_.Events.EndOperation();
+    if (ticket_.IsCurrent()) services_.Events.EndOperation();
     return true;
 }
 
@@ -116,11 +116,11 @@ bool RangeEdit::ShowNewState() {
     }
     services_.Settings.LastStepCount = 1;
     services_.View.BuildOverviewSummary();
-    if (!ticket_.Stands()) return false;
+    if (!ticket_.IsCurrent()) return false;
     services_.Range.RecomputeView();
-    if (!ticket_.Stands()) return false;
+    if (!ticket_.IsCurrent()) return false;
     services_.View.Redraw();
-    return ticket_.Stands();
+    return ticket_.IsCurrent();
 }
 
 void RangeEdit::Abandon() {
@@ -133,18 +133,18 @@ void RangeEdit::Abandon() {
 
 bool RangeEdit::FailBegin() {
     Abandon();
-    if (!ticket_.Stands()) return false;
+    if (!ticket_.IsCurrent()) return false;
     services_.Status.Status = StatusConstants::Idle;
     services_.Events.EndOperation();
     return false;
 }
 
 bool RangeEdit::FailCommit() {
-    if (ticket_.Stands()) services_.Status.Status = StatusConstants::Idle;
+    if (ticket_.IsCurrent()) services_.Status.Status = StatusConstants::Idle;
     Abandon();
-    if (!ticket_.Stands()) return false;
+    if (!ticket_.IsCurrent()) return false;
     services_.Events.BlockOperation(100);
-    if (ticket_.Stands()) services_.Events.EndOperation();
+    if (ticket_.IsCurrent()) services_.Events.EndOperation();
     return false;
 }
 

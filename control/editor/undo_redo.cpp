@@ -19,8 +19,8 @@ void UndoRedo::Move(bool (UndoHistory::*step)()) {
     }
     services_.Settings.BatchMode = false;
     services_.View.BuildOverviewSummary();
-    if (!ticket.Stands()) return;
-    if (!services_.Range.RecomputeView() || !ticket.Stands()) return;
+    if (!ticket.IsCurrent()) return;
+    if (!services_.Range.RecomputeView() || !ticket.IsCurrent()) return;
     services_.View.Redraw();
 }
 
@@ -30,15 +30,15 @@ void UndoRedo::BeginOperations() {
 }
 
 void UndoRedo::EndOperations() {
-    const auto ticket = OperationTicket::Beside(services_.Operations, services_.History);
+    const auto ticket = OperationTicket::Observe(services_.Operations, services_.History);
     services_.Settings.BatchMode = false;
     // An edit from inside which this is called goes on.
     const StatusConstants before = services_.Status.Status;
     services_.View.BuildOverviewSummary();
-    if (!ticket.Stands()) return;
+    if (!ticket.IsCurrent()) return;
     services_.Status.Status = before;
     services_.Range.RecomputeView();
-    if (ticket.Stands()) services_.View.Redraw();
+    if (ticket.IsCurrent()) services_.View.Redraw();
 }
 
 }  // namespace mavrin2::editor

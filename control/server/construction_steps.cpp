@@ -52,7 +52,7 @@ HRESULT MakeChannels(ControlParts& parts) {
 
 HRESULT AttachObjects(ControlParts& parts) {
     parts.Editor = std::make_unique<DocumentEditor>(
-        EditorSurroundings{parts.Environment.Ports, parts.Temporary, parts.Position->History(),
+        EditorDependencies{parts.Environment.Ports, parts.Temporary, parts.Position->History(),
                            parts.State, parts.Dusoro, parts.Events, parts.Style, parts.Container});
     DocumentEditor& editor = *parts.Editor;
     parts.ScaleX->Attach(editor.View, parts.Identity);

@@ -66,13 +66,13 @@ HRESULT CMavrin2::Read(Value* target, Reader&& read) {
 
 // Gives a host one of the objects that the control keeps.
 template <class Interface, class Object>
-HRESULT CMavrin2::Hand(Interface** target, const automation::ComPtr<Object>& object) {
+HRESULT CMavrin2::GetPart(Interface** target, const automation::ComPtr<Object>& object) {
     return Read(target, [&] { return object.template As<Interface>().Detach(); });
 }
 
 // Keeps a host's object in the place of the one there was.
 template <class Interface>
-HRESULT CMavrin2::Take(Interface* object, automation::ComPtr<Interface>& place) {
+HRESULT CMavrin2::PutPart(Interface* object, automation::ComPtr<Interface>& place) {
     return Run([&](DocumentEditor&) {
         if (object) place = automation::ComPtr<Interface>(object);
     });
@@ -103,19 +103,19 @@ STDMETHODIMP CMavrin2::Close() {
 }
 
 STDMETHODIMP CMavrin2::Undo() {
-    return Run([](DocumentEditor& editor) { editor.Versions.Undo(); });
+    return Run([](DocumentEditor& editor) { editor.UndoRedo.Undo(); });
 }
 
 STDMETHODIMP CMavrin2::Redo() {
-    return Run([](DocumentEditor& editor) { editor.Versions.Redo(); });
+    return Run([](DocumentEditor& editor) { editor.UndoRedo.Redo(); });
 }
 
 STDMETHODIMP CMavrin2::BeginOperations() {
-    return Run([](DocumentEditor& editor) { editor.Versions.BeginOperations(); });
+    return Run([](DocumentEditor& editor) { editor.UndoRedo.BeginOperations(); });
 }
 
 STDMETHODIMP CMavrin2::EndOperations() {
-    return Run([](DocumentEditor& editor) { editor.Versions.EndOperations(); });
+    return Run([](DocumentEditor& editor) { editor.UndoRedo.EndOperations(); });
 }
 
 STDMETHODIMP CMavrin2::DeleteSelect() {
@@ -218,39 +218,39 @@ STDMETHODIMP CMavrin2::get_RedoEnabled(VARIANT_BOOL* Value) {
 }
 
 STDMETHODIMP CMavrin2::get_ScaleX(interfaces::IMavrin2Scale** Value) {
-    return Hand(Value, parts_.Style.ScaleXObject);
+    return GetPart(Value, parts_.Style.ScaleXObject);
 }
 
 STDMETHODIMP CMavrin2::put_ScaleX(interfaces::IMavrin2Scale* Value) {
-    return Take(Value, parts_.Style.ScaleXObject);
+    return PutPart(Value, parts_.Style.ScaleXObject);
 }
 
 STDMETHODIMP CMavrin2::get_ScaleY(interfaces::IMavrin2Scale** Value) {
-    return Hand(Value, parts_.Style.ScaleYObject);
+    return GetPart(Value, parts_.Style.ScaleYObject);
 }
 
 STDMETHODIMP CMavrin2::put_ScaleY(interfaces::IMavrin2Scale* Value) {
-    return Take(Value, parts_.Style.ScaleYObject);
+    return PutPart(Value, parts_.Style.ScaleYObject);
 }
 
 STDMETHODIMP CMavrin2::get_Colors(interfaces::IMavrin2Colors** Value) {
-    return Hand(Value, parts_.Style.ColorsObject);
+    return GetPart(Value, parts_.Style.ColorsObject);
 }
 
 STDMETHODIMP CMavrin2::put_Colors(interfaces::IMavrin2Colors* Value) {
-    return Take(Value, parts_.Style.ColorsObject);
+    return PutPart(Value, parts_.Style.ColorsObject);
 }
 
 STDMETHODIMP CMavrin2::get_FileInfo(interfaces::IMavrin2FileInfo** Value) {
-    return Hand(Value, parts_.FileInfo);
+    return GetPart(Value, parts_.FileInfo);
 }
 
 STDMETHODIMP CMavrin2::get_Position(interfaces::IMavrin2Position** Value) {
-    return Hand(Value, parts_.Position);
+    return GetPart(Value, parts_.Position);
 }
 
 STDMETHODIMP CMavrin2::get_Channels(interfaces::IMavrin2Channel** Value) {
-    return Hand(Value, parts_.Channels);
+    return GetPart(Value, parts_.Channels);
 }
 
 STDMETHODIMP CMavrin2::get_TypeBorder(SHORT* Value) {

@@ -70,9 +70,9 @@ private:
     template <class Value, class Reader>
     HRESULT Read(Value* target, Reader&& read);
     template <class Interface, class Object>
-    HRESULT Hand(Interface** target, const automation::ComPtr<Object>& object);
+    HRESULT GetPart(Interface** target, const automation::ComPtr<Object>& object);
     template <class Interface>
-    HRESULT Take(Interface* object, automation::ComPtr<Interface>& place);
+    HRESULT PutPart(Interface* object, automation::ComPtr<Interface>& place);
 
     editor::UndoHistory& History() { return parts_.Position->History(); }
 

@@ -3,39 +3,39 @@
 namespace mavrin2::server {
 namespace {
 
-view::ViewServices ViewServicesOf(const EditorSurroundings& around) {
-    return {*around.Ports.Files,     *around.Ports.Fonts,   around.Ports.Colors,
-            around.History,          around.State.Format,   around.State.Status,
-            around.State.Settings,   around.State.Channels, around.State.Play,
-            around.State.Operations, around.Events,         around.Style,
-            around.Display};
+view::ViewServices ViewServicesOf(const EditorDependencies& dependencies) {
+    return {*dependencies.Ports.Files,     *dependencies.Ports.Fonts,   dependencies.Ports.Colors,
+            dependencies.History,          dependencies.State.Format,   dependencies.State.Status,
+            dependencies.State.Settings,   dependencies.State.Channels, dependencies.State.Play,
+            dependencies.State.Operations, dependencies.Events,         dependencies.Style,
+            dependencies.Display};
 }
 
 }  // namespace
 
-DocumentEditor::DocumentEditor(const EditorSurroundings& around)
-    : picture_(ViewServicesOf(around)),
-      range_(around.History, around.State.Format, picture_, around.Events),
-      services_{*around.Ports.Files,
-                around.Temporary,
-                around.History,
-                around.State.Format,
-                around.State.Channels,
-                around.State.Status,
-                around.State.Settings,
-                around.State.Operations,
+DocumentEditor::DocumentEditor(const EditorDependencies& dependencies)
+    : picture_(ViewServicesOf(dependencies)),
+      range_(dependencies.History, dependencies.State.Format, picture_, dependencies.Events),
+      services_{*dependencies.Ports.Files,
+                dependencies.Temporary,
+                dependencies.History,
+                dependencies.State.Format,
+                dependencies.State.Channels,
+                dependencies.State.Status,
+                dependencies.State.Settings,
+                dependencies.State.Operations,
                 range_,
                 picture_,
                 picture_.Observer(),
-                around.Events},
-      Transport(around.State.Status),
-      Opening(services_, around.Companion, Transport),
-      Saver(services_, around.Companion),
+                dependencies.Events},
+      Transport(dependencies.State.Status),
+      Opening(services_, dependencies.Companion, Transport),
+      Saver(services_, dependencies.Companion),
       Edits(services_),
-      Versions(services_),
+      UndoRedo(services_),
       Positions(services_, Transport),
       View(picture_, services_),
       Zooming(picture_, services_),
-      Channels{around.State.Channels, around.State.Format, View} {}
+      Channels{dependencies.State.Channels, dependencies.State.Format, View} {}
 
 }  // namespace mavrin2::server

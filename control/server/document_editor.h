@@ -27,7 +27,7 @@ struct ControlState {
 };
 
 // What the editor of a control works with that is not its own.
-struct EditorSurroundings {
+struct EditorDependencies {
     const platform::Ports& Ports;
     editor::TemporaryFiles& Temporary;
     editor::UndoHistory& History;
@@ -41,7 +41,7 @@ struct EditorSurroundings {
 // The editor of one control, wired: everything that works on its document, and its picture.
 class DocumentEditor {
 public:
-    explicit DocumentEditor(const EditorSurroundings& around);
+    explicit DocumentEditor(const EditorDependencies& dependencies);
     DocumentEditor(const DocumentEditor&) = delete;
     DocumentEditor& operator=(const DocumentEditor&) = delete;
 
@@ -55,7 +55,7 @@ public:
     editor::DocumentOpening Opening;
     editor::DocumentSaver Saver;
     editor::EditOperations Edits;
-    editor::UndoRedo Versions;
+    editor::UndoRedo UndoRedo;
     editor::Positions Positions;
     view::ViewOperations View;
     view::Zoom Zooming;

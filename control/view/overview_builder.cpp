@@ -94,7 +94,7 @@ void OverviewBuilder::Free() {
 void OverviewBuilder::Build() {
     const editor::DocumentState* document = services_.History.Current();
     if (!document) return;
-    const auto ticket = editor::OperationTicket::Beside(services_.Operations, services_.History);
+    const auto ticket = editor::OperationTicket::Observe(services_.Operations, services_.History);
     services_.Status.Status = StatusConstants::BuildingOverview;
     const Source source{document->WorkFilePath, document->TotalBytes,
                         LengthFor(document->TotalBytes)};
@@ -110,7 +110,7 @@ void OverviewBuilder::Build() {
         }
     }
     seen_ = SeenVersion();
-    if (!ticket.Stands()) return;
+    if (!ticket.IsCurrent()) return;
     services_.Status.Status = StatusConstants::Idle;
     if (built) services_.Events.EndOperation();
 }
@@ -162,7 +162,7 @@ bool OverviewBuilder::ReportChunk(std::int64_t done, const Source& source,
                                   const editor::OperationTicket& ticket) {
     const double part = static_cast<double>(done) / static_cast<double>(source.Total.Count());
     services_.Events.BlockOperation(static_cast<int>(std::min(part, 1.0) * 100));
-    return ticket.Stands();
+    return ticket.IsCurrent();
 }
 
 void OverviewBuilder::BeginLoading(Bytes expected) {

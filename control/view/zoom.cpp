@@ -45,11 +45,11 @@ void Zoom::ZoomIn() {
 void Zoom::ZoomOut() {
     DocumentState* document = services_.History.Current();
     if (!document || document->TotalBytes == Bytes(0) || document->ZoomIndex == 0) return;
-    const auto ticket = editor::OperationTicket::Beside(services_.Operations, services_.History);
+    const auto ticket = editor::OperationTicket::Observe(services_.Operations, services_.History);
     --document->ZoomIndex;
     document->Selected = 0;
     services_.Status.LastError = ErrorConstants::NOERRORS;
-    if (!services_.Range.RecomputeView() || !ticket.Stands()) return;
+    if (!services_.Range.RecomputeView() || !ticket.IsCurrent()) return;
     if (document->Level().StartSelect != document->Level().EndSelect) document->Selected = 1;
     picture_.RenderBackground();
     picture_.Redraw();

@@ -234,7 +234,7 @@ TEST_F(PictureTest, FollowsUndo) {
     const Image before = Shown();
     Parts->Editor->Edits.DeleteSelect();
     EXPECT_NE(Shown(), before);
-    Parts->Editor->Versions.Undo();
+    Parts->Editor->UndoRedo.Undo();
     EXPECT_EQ(Shown(), before);
     EXPECT_EQ(Parts->Editor->Positions.StartView(), 100000);
     EXPECT_EQ(MadeAnew(), before);
@@ -328,8 +328,8 @@ TEST_F(PictureTest, KeepsASummaryOfLongSounds) {
     // Seen while it was written, or read again: the same.
     const Image seen = Shown();
     EXPECT_NE(seen, opened);
-    Parts->Editor->Versions.Undo();
-    Parts->Editor->Versions.Redo();
+    Parts->Editor->UndoRedo.Undo();
+    Parts->Editor->UndoRedo.Redo();
     EXPECT_EQ(Shown(), seen);
 }
 
