@@ -18,48 +18,47 @@ std::int32_t FramesPerBlock(std::int32_t frequency) {
 
 DocumentLoader::~DocumentLoader() {
     target_.Close();
-    services_.Temporary.Remove(targetPath_);
+    storage_.Temporary.Remove(targetPath_);
 }
 
 void DocumentLoader::LoadThroughCompanion(const std::filesystem::path& path,
                                           FormatTypeConstants type) {
-    services_.Status.Status = StatusConstants::Opening;
+    status_.Set(StatusConstants::Opening);
     bool complete = false;
     const bool opened = OpenSource(path, type);
     const std::uint64_t session = companion_.Session();
     if (opened && TakeFormat() && CreateTarget()) {
-        complete = ReadBlocks() && PushDocument() && !services_.Status.Idle();
+        complete = ReadBlocks() && PushDocument() && !operation_.Status.Idle();
         if (!ticket_.IsCurrent()) {
             if (companion_.Session() == session) companion_.CloseFile();
             return;
         }
     }
     companion_.CloseFile();
-    if (services_.History.Current() && !(complete && LengthIsAsExpected())) {
-        services_.View.BuildOverviewSummary();
-        if (!ticket_.IsCurrent()) return;
+    if (document_.History.Current() && !(complete && LengthIsAsExpected())) {
+        status_.End();
+        presentation_.View.BuildOverviewSummary();
     }
-    services_.Status.Status = StatusConstants::Idle;
 }
 
 bool DocumentLoader::OpenSource(const std::filesystem::path& path, FormatTypeConstants type) {
     try {
         companion_.OpenSoundFile(path, type);
-        companion_.GetErrorCode(services_.Status.LastError);
+        companion_.GetErrorCode(operation_.Status.LastError);
     } catch (...) {
         // Anybody may have written the companion: whatever escapes from it ends here.
-        services_.Status.LastError = ErrorConstants::FORMATNOTSUPPORT;
+        operation_.Status.LastError = ErrorConstants::FORMATNOTSUPPORT;
     }
-    return services_.Status.LastError == ErrorConstants::NOERRORS;
+    return operation_.Status.LastError == ErrorConstants::NOERRORS;
 }
 
 bool DocumentLoader::TakeFormat() {
-    DocumentFormat& format = services_.Format;
+    DocumentFormat& format = document_.Format;
     companion_.GetSourceFrequency();
     const std::int32_t frequency = companion_.GetFrequency();
     const std::int32_t channels = companion_.GetChannels();
     if (frequency < 1 || channels < 1 || channels > 2) {
-        services_.Status.LastError = ErrorConstants::FORMATNOTSUPPORT;
+        operation_.Status.LastError = ErrorConstants::FORMATNOTSUPPORT;
         return false;
     }
     format.Frequency = frequency;
@@ -73,28 +72,28 @@ bool DocumentLoader::TakeFormat() {
 }
 
 bool DocumentLoader::CreateTarget() {
-    targetPath_ = services_.Temporary.MakeTempFileName();
+    targetPath_ = storage_.Temporary.MakeTempFileName();
     return !targetPath_.empty() &&
-           target_.Create(targetPath_, services_.Format.Frequency, services_.Format.Channels);
+           target_.Create(targetPath_, document_.Format.Frequency, document_.Format.Channels);
 }
 
 bool DocumentLoader::ReadBlocks() {
-    services_.Observer.BeginLoading(expected_);
-    services_.Channels.Recount(services_.Format.Channels);
-    services_.View.RecomputeTimeScale();
-    while (!services_.Status.Idle()) {
-        const auto block = companion_.ReadBlock(FramesPerBlock(services_.Format.Frequency));
+    presentation_.Observer.BeginLoading(expected_);
+    document_.Channels.Recount(document_.Format.Channels);
+    presentation_.View.RecomputeTimeScale();
+    while (!operation_.Status.Idle()) {
+        const auto block = companion_.ReadBlock(FramesPerBlock(document_.Format.Frequency));
         const automation::ArrayView<std::int16_t> samples(block.Get());
         if (samples.Elements().size() < 2) break;
         if (!target_.Write(std::as_bytes(samples.Elements()))) {
-            services_.Status.LastError = ErrorConstants::FILEACCESS;
+            operation_.Status.LastError = ErrorConstants::FILEACCESS;
             return false;
         }
-        services_.Observer.Block(std::as_bytes(samples.Elements()));
+        presentation_.Observer.Block(std::as_bytes(samples.Elements()));
         read_ = read_ + Bytes(static_cast<std::int64_t>(samples.Elements().size_bytes()));
         if (!Report(PercentDone())) return false;
     }
-    services_.Observer.EndLoading();
+    presentation_.Observer.EndLoading();
     return Report(100);
 }
 
@@ -105,25 +104,25 @@ int DocumentLoader::PercentDone() const {
 }
 
 bool DocumentLoader::Report(int percent) {
-    services_.View.ShowProgress(percent);
-    services_.Events.BlockOperation(percent);
+    presentation_.View.ShowProgress(percent);
+    operation_.Events.BlockOperation(percent);
     if (!ticket_.IsCurrent()) return false;
-    services_.View.Redraw();
+    presentation_.View.Redraw();
     return ticket_.IsCurrent();
 }
 
 bool DocumentLoader::PushDocument() {
     written_ = Bytes(target_.Length());
     if (!target_.Close()) {
-        services_.Status.LastError = ErrorConstants::FILEACCESS;
+        operation_.Status.LastError = ErrorConstants::FILEACCESS;
         return false;
     }
     auto state = std::make_unique<DocumentState>();
     state->WorkFilePath = targetPath_;
     state->TotalBytes = written_;
-    state->Frequency = services_.Format.Frequency;
-    state->Channels = services_.Format.Channels;
-    services_.History.PushState(std::move(state));
+    state->Frequency = document_.Format.Frequency;
+    state->Channels = document_.Format.Channels;
+    document_.History.PushState(std::move(state));
     targetPath_.clear();  // it belongs to the history now
     ticket_.Moved();
     return true;

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "control/editor/editor_services.h"
+#include "control/editor/services.h"
 #include "control/editor/sound_file_companion.h"
 #include "control/editor/wave_stream.h"
 
@@ -11,8 +11,17 @@ namespace mavrin2::editor {
 // Reads one sound file into a work file and makes it the document. Serves one load.
 class DocumentLoader {
 public:
-    DocumentLoader(EditorServices& services, SoundFileCompanion& companion, OperationTicket& ticket)
-        : services_(services), companion_(companion), ticket_(ticket), target_(services.Files) {}
+    DocumentLoader(const Document& document, const Operation& operation, const Storage& storage,
+                   const Presentation& presentation, SoundFileCompanion& companion,
+                   OperationTicket& ticket)
+        : document_(document),
+          operation_(operation),
+          storage_(storage),
+          presentation_(presentation),
+          companion_(companion),
+          ticket_(ticket),
+          status_(operation.Status, ticket),
+          target_(storage.Files) {}
     DocumentLoader(const DocumentLoader&) = delete;
     DocumentLoader& operator=(const DocumentLoader&) = delete;
     ~DocumentLoader();
@@ -33,9 +42,13 @@ private:
     int PercentDone() const;
     bool LengthIsAsExpected() const;
 
-    EditorServices& services_;
+    Document document_;
+    Operation operation_;
+    Storage storage_;
+    Presentation presentation_;
     SoundFileCompanion& companion_;
     OperationTicket& ticket_;
+    StatusGuard status_;
     WaveStream target_;
     std::filesystem::path targetPath_;
     Bytes expected_;

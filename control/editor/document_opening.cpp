@@ -18,58 +18,59 @@ std::string PcmDescription(std::int32_t frequency, std::int32_t channels) {
 
 void DocumentOpening::New(std::int32_t frequency, std::int32_t channels) {
     if (frequency < 1 || channels < 1 || channels > 2) {
-        services_.Status.LastError = ErrorConstants::FORMATNOTSUPPORT;
+        operation_.Status.LastError = ErrorConstants::FORMATNOTSUPPORT;
         return;
     }
     CloseDocument();
-    OperationTicket ticket(services_.Operations, services_.History);
-    services_.Status.LastError = ErrorConstants::NOERRORS;
-    services_.Format.Frequency = frequency;
-    services_.Format.Channels = channels;
-    services_.Format.BitsPerSample = 16;
+    OperationTicket ticket(operation_.Counter, document_.History);
+    operation_.Status.LastError = ErrorConstants::NOERRORS;
+    document_.Format.Frequency = frequency;
+    document_.Format.Channels = channels;
+    document_.Format.BitsPerSample = 16;
     if (!PushEmptyDocument()) return;
     ticket.Moved();
-    services_.Channels.Recount(channels);
-    services_.Format.FormatDescription = PcmDescription(frequency, channels);
-    if (!services_.Range.RecomputeView(Bytes(0), services_.History.Current()->TotalBytes)) return;
+    document_.Channels.Recount(channels);
+    document_.Format.FormatDescription = PcmDescription(frequency, channels);
+    if (!presentation_.Range.RecomputeView(Bytes(0), document_.History.Current()->TotalBytes))
+        return;
     if (!ticket.IsCurrent()) return;
-    services_.View.Redraw();
-    if (ticket.IsCurrent()) services_.Events.EndOperation();
+    presentation_.View.Redraw();
+    if (ticket.IsCurrent()) operation_.Events.EndOperation();
 }
 
 void DocumentOpening::CloseDocument() {
-    if (services_.History.Current()) Close();
+    if (document_.History.Current()) Close();
     // A load from inside which this is called has no document yet, and is overtaken.
-    services_.Status.Status = StatusConstants::Idle;
+    operation_.Status.Stop();
 }
 
 bool DocumentOpening::PushEmptyDocument() {
     auto state = std::make_unique<DocumentState>();
-    state->WorkFilePath = services_.Temporary.MakeTempFileName();
-    state->Frequency = services_.Format.Frequency;
-    state->Channels = services_.Format.Channels;
-    WaveStream stream(services_.Files);
+    state->WorkFilePath = storage_.Temporary.MakeTempFileName();
+    state->Frequency = document_.Format.Frequency;
+    state->Channels = document_.Format.Channels;
+    WaveStream stream(storage_.Files);
     if (state->WorkFilePath.empty() ||
         !stream.Create(state->WorkFilePath, state->Frequency, state->Channels) || !stream.Close()) {
-        services_.Temporary.Remove(state->WorkFilePath);
+        storage_.Temporary.Remove(state->WorkFilePath);
         return false;
     }
-    services_.History.PushState(std::move(state));
+    document_.History.PushState(std::move(state));
     return true;
 }
 
 ErrorConstants DocumentOpening::Open(const std::filesystem::path& path, FormatTypeConstants type) {
     CloseDocument();
-    OperationTicket ticket(services_.Operations, services_.History);
-    services_.Status.LastError = ErrorConstants::NOERRORS;
+    OperationTicket ticket(operation_.Counter, document_.History);
+    operation_.Status.LastError = ErrorConstants::NOERRORS;
     Load(path, type, ticket);
     if (!ticket.IsCurrent()) return ErrorConstants::NOERRORS;
-    if (services_.Status.LastError != ErrorConstants::NOERRORS) return services_.Status.LastError;
+    if (operation_.Status.LastError != ErrorConstants::NOERRORS) return operation_.Status.LastError;
 
-    if (const DocumentState* state = services_.History.Current())
-        services_.Range.RecomputeView(Bytes(0), state->TotalBytes);
-    if (ticket.IsCurrent()) services_.View.Redraw();
-    if (ticket.IsCurrent()) services_.Events.EndOperation();
+    if (const DocumentState* state = document_.History.Current())
+        presentation_.Range.RecomputeView(Bytes(0), state->TotalBytes);
+    if (ticket.IsCurrent()) presentation_.View.Redraw();
+    if (ticket.IsCurrent()) operation_.Events.EndOperation();
     return ErrorConstants::NOERRORS;
 }
 
@@ -78,27 +79,28 @@ void DocumentOpening::Load(const std::filesystem::path& path, FormatTypeConstant
     const FileKind kind = FileKindOf(path);
     if (kind == FileKind::CdTrack) {
         // Tracks come from a drive through a companion of their own, which is not there yet.
-        services_.Status.LastError = services_.Files.IsOnCdDrive(path)
-                                         ? ErrorConstants::CONTROLNOTINSTALLED
-                                         : ErrorConstants::FORMATFILE;
+        operation_.Status.LastError = storage_.Files.IsOnCdDrive(path)
+                                          ? ErrorConstants::CONTROLNOTINSTALLED
+                                          : ErrorConstants::FORMATFILE;
         return;
     }
     if (kind == FileKind::Wma) companion_.SetWmaMode(true);
-    DocumentLoader(services_, companion_, ticket).LoadThroughCompanion(path, type);
+    DocumentLoader(document_, operation_, storage_, presentation_, companion_, ticket)
+        .LoadThroughCompanion(path, type);
 }
 
 void DocumentOpening::Close() {
     // Whatever runs now is over, also a load that has no document yet.
-    services_.Operations.Next();
+    operation_.Counter.Next();
     activity_.Stop();
-    if (!services_.History.Current()) return;
-    services_.View.ReleaseDocument();
-    services_.Settings.LastStepCount = 0;
-    services_.Settings.BatchMode = false;
-    services_.History.FreeChain();
+    if (!document_.History.Current()) return;
+    presentation_.View.ReleaseDocument();
+    document_.Steps.LastStepCount = 0;
+    document_.Steps.BatchMode = false;
+    document_.History.FreeChain();
     companion_.CloseFile();
-    services_.Format.FormatDescription.clear();
-    services_.Channels.Recount(services_.Format.Channels);
+    document_.Format.FormatDescription.clear();
+    document_.Channels.Recount(document_.Format.Channels);
 }
 
 }  // namespace mavrin2::editor

@@ -2,8 +2,7 @@
 
 #include <filesystem>
 
-#include "control/editor/activity.h"
-#include "control/editor/editor_services.h"
+#include "control/editor/services.h"
 #include "control/editor/sound_file_companion.h"
 
 namespace mavrin2::editor {
@@ -11,8 +10,15 @@ namespace mavrin2::editor {
 // The ways in which a document begins and ends: a new one, one from a sound file, none.
 class DocumentOpening {
 public:
-    DocumentOpening(EditorServices& services, SoundFileCompanion& companion, Activity& activity)
-        : services_(services), companion_(companion), activity_(activity) {}
+    DocumentOpening(const Document& document, const Operation& operation, const Storage& storage,
+                    const Presentation& presentation, SoundFileCompanion& companion,
+                    Activity& activity)
+        : document_(document),
+          operation_(operation),
+          storage_(storage),
+          presentation_(presentation),
+          companion_(companion),
+          activity_(activity) {}
 
     // An empty document. With a format that no document has (`frequency` below 1, `channels`
     // neither 1 nor 2) the last error becomes FORMATNOTSUPPORT and nothing else changes.
@@ -30,7 +36,10 @@ private:
     bool PushEmptyDocument();
     void Load(const std::filesystem::path& path, FormatTypeConstants type, OperationTicket& ticket);
 
-    EditorServices& services_;
+    Document document_;
+    Operation operation_;
+    Storage storage_;
+    Presentation presentation_;
     SoundFileCompanion& companion_;
     Activity& activity_;
 };

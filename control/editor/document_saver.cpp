@@ -42,10 +42,15 @@ private:
 // One run of writing, from the created output file to its end.
 class DocumentSaver::Output {
 public:
-    Output(EditorServices& services, SoundFileCompanion& companion, OperationTicket& ticket,
-           WaveStream& source, std::int16_t selected)
-        : services_(services), companion_(companion), ticket_(ticket), source_(source) {
-        const ZoomLevel& level = services.History.Current()->Level();
+    Output(const DocumentSaver& saver, OperationTicket& ticket, WaveStream& source,
+           std::int16_t selected)
+        : document_(saver.document_),
+          operation_(saver.operation_),
+          view_(saver.view_),
+          companion_(saver.companion_),
+          ticket_(ticket),
+          source_(source) {
+        const ZoomLevel& level = document_.History.Current()->Level();
         // In 32 bits, as the progress has always counted.
         total_ = selected ? static_cast<std::int32_t>((level.EndSelect - level.StartSelect).Count())
                           : std::int64_t{source.Length()};
@@ -58,10 +63,10 @@ public:
     // The code is that of the failure; an output that could not be completed is gone by then.
     ErrorConstants Write(bool pieces) {
         // Ten bytes for each hertz: five seconds of mono, half as much of stereo.
-        const auto blockSamples = static_cast<std::size_t>(services_.Format.Frequency) * 5;
+        const auto blockSamples = static_cast<std::size_t>(document_.Format.Frequency) * 5;
         Samples block(blockSamples);
-        BlockSender sender(companion_, pieces, services_.Format.Frequency);
-        services_.View.RenderBackground();
+        BlockSender sender(companion_, pieces, document_.Format.Frequency);
+        view_.RenderBackground();
         bool more = Report(0);
         while (more) {
             const auto samples = Fill(block, blockSamples);
@@ -74,10 +79,10 @@ public:
             if (*samples < blockSamples) block.Resize(*samples);
             if (!sender.Send(block)) return companion_.ReasonOfFailure();
             // A host that stops in an event still gets the block behind it, unreported.
-            if (services_.Status.Idle()) break;
+            if (operation_.Status.Idle()) break;
             written_ += static_cast<std::int64_t>(*samples) * 2;
             more = Report(PercentDone()) && *samples == blockSamples;
-            if (ticket_.IsCurrent()) services_.View.Redraw();
+            if (ticket_.IsCurrent()) view_.Redraw();
         }
         return ErrorConstants::NOERRORS;
     }
@@ -101,12 +106,14 @@ private:
     }
 
     bool Report(int percent) {
-        services_.View.ShowProgress(percent);
-        services_.Events.BlockOperation(percent);
+        view_.ShowProgress(percent);
+        operation_.Events.BlockOperation(percent);
         return ticket_.IsCurrent();
     }
 
-    EditorServices& services_;
+    const Document& document_;
+    const Operation& operation_;
+    DocumentView& view_;
     SoundFileCompanion& companion_;
     OperationTicket& ticket_;
     WaveStream& source_;
@@ -117,25 +124,23 @@ private:
 
 ErrorConstants DocumentSaver::Save(const std::filesystem::path& path, std::int16_t selected,
                                    FormatTypeConstants type) {
-    if (!services_.Ready()) return ErrorConstants::NOERRORS;
-    OperationTicket ticket(services_.Operations, services_.History);
-    services_.Status.LastError = ErrorConstants::NOERRORS;
-    SaveThroughCompanion(path, selected, type, ticket);
+    if (!Ready(document_, operation_)) return ErrorConstants::NOERRORS;
+    OperationTicket ticket(operation_.Counter, document_.History);
+    StatusGuard status(operation_.Status, ticket);
+    operation_.Status.LastError = ErrorConstants::NOERRORS;
+    SaveThroughCompanion(path, selected, type, ticket, status);
     if (!ticket.IsCurrent()) return ErrorConstants::NOERRORS;
-    if (services_.Status.LastError != ErrorConstants::NOERRORS) {
-        services_.Status.Status = StatusConstants::Idle;
-        return services_.Status.LastError;
-    }
-    services_.View.RenderBackground();
-    services_.View.Redraw();
-    if (ticket.IsCurrent()) services_.Events.EndOperation();
-    if (ticket.IsCurrent()) services_.Status.Status = StatusConstants::Idle;
+    if (operation_.Status.LastError != ErrorConstants::NOERRORS) return operation_.Status.LastError;
+    view_.RenderBackground();
+    view_.Redraw();
+    if (ticket.IsCurrent()) operation_.Events.EndOperation();
     return ErrorConstants::NOERRORS;
 }
 
 void DocumentSaver::SaveThroughCompanion(const std::filesystem::path& path, std::int16_t selected,
-                                         FormatTypeConstants type, OperationTicket& ticket) {
-    const DocumentState& state = *services_.History.Current();
+                                         FormatTypeConstants type, OperationTicket& ticket,
+                                         StatusGuard& status) {
+    const DocumentState& state = *document_.History.Current();
     // The work file is never written over by an export of itself.
     if (path.native() == state.WorkFilePath.native()) return;
     const FileKind kind = FileKindOf(path);
@@ -144,36 +149,35 @@ void DocumentSaver::SaveThroughCompanion(const std::filesystem::path& path, std:
     const bool pieces = type == FormatTypeConstants::WMA ||
                         (type == FormatTypeConstants::DEFAULT && kind == FileKind::Wma);
 
-    ErrorConstants& error = services_.Status.LastError;
-    WaveStream source(services_.Files);
+    ErrorConstants& error = operation_.Status.LastError;
+    WaveStream source(files_);
     bool created = false;
     if (source.Open(state.WorkFilePath, WaveStream::Mode::Read) && CreateOutput(path, type)) {
         created = true;
+        status.Set(StatusConstants::Saving);
         const std::uint64_t session = companion_.Session();
-        const ErrorConstants outcome =
-            Output(services_, companion_, ticket, source, selected).Write(pieces);
+        const ErrorConstants outcome = Output(*this, ticket, source, selected).Write(pieces);
         if (!ticket.IsCurrent()) {
             if (companion_.Session() == session) companion_.CloseFile();
             return;
         }
         error = outcome;
     }
-    services_.Format.FormatDescription = companion_.GetFormatText();
+    document_.Format.FormatDescription = companion_.GetFormatText();
     const bool closed = companion_.CloseFile();
     if (created && !closed && error == ErrorConstants::NOERRORS)
         error = companion_.ReasonOfFailure();
 }
 
 bool DocumentSaver::CreateOutput(const std::filesystem::path& path, FormatTypeConstants type) {
-    const DocumentFormat& format = services_.Format;
+    const DocumentFormat& format = document_.Format;
     companion_.SetPcmFormat(format.Frequency, format.Channels);
     companion_.CreateSoundFile(path, type);
-    companion_.GetErrorCode(services_.Status.LastError);
-    if (services_.Status.LastError != ErrorConstants::NOERRORS) return false;
+    companion_.GetErrorCode(operation_.Status.LastError);
+    if (operation_.Status.LastError != ErrorConstants::NOERRORS) return false;
     // The output's own rate matters to what else is written with a file.
     companion_.GetFrequency();
     companion_.SetPcmFormat(format.Frequency, format.Channels);
-    services_.Status.Status = StatusConstants::Saving;
     return true;
 }
 

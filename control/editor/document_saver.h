@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 
-#include "control/editor/editor_services.h"
+#include "control/editor/services.h"
 #include "control/editor/sound_file_companion.h"
 #include "control/editor/wave_stream.h"
 
@@ -16,8 +16,13 @@ public:
     // selection.
     static constexpr std::int16_t WholeWithSelection = 763;
 
-    DocumentSaver(EditorServices& services, SoundFileCompanion& companion)
-        : services_(services), companion_(companion) {}
+    DocumentSaver(const Document& document, const Operation& operation, platform::FileSystem& files,
+                  DocumentView& view, SoundFileCompanion& companion)
+        : document_(document),
+          operation_(operation),
+          files_(files),
+          view_(view),
+          companion_(companion) {}
 
     // Does nothing without a document or while the control is busy. The result is that of this
     // call, whatever another one, made from inside an event, has left as the last error. A save
@@ -30,9 +35,13 @@ private:
 
     bool CreateOutput(const std::filesystem::path& path, FormatTypeConstants type);
     void SaveThroughCompanion(const std::filesystem::path& path, std::int16_t selected,
-                              FormatTypeConstants type, OperationTicket& ticket);
+                              FormatTypeConstants type, OperationTicket& ticket,
+                              StatusGuard& status);
 
-    EditorServices& services_;
+    Document document_;
+    Operation operation_;
+    platform::FileSystem& files_;
+    DocumentView& view_;
     SoundFileCompanion& companion_;
 };
 

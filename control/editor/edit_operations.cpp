@@ -5,9 +5,9 @@
 namespace mavrin2::editor {
 
 void EditOperations::DeleteSelect() {
-    if (!services_.Ready() || !services_.History.Current()->Selected) return;
-    services_.Status.LastError = ErrorConstants::NOERRORS;
-    RangeEdit edit(services_, StatusConstants::DeleteSelect);
+    if (!Ready(document_, operation_) || !document_.History.Current()->Selected) return;
+    operation_.Status.LastError = ErrorConstants::NOERRORS;
+    RangeEdit edit(document_, operation_, storage_, presentation_, StatusConstants::DeleteSelect);
     if (!edit.BeginEdit(Bytes(0))) return;
     edit.Source().Seek(edit.SelectionEnd().Count());
     edit.CommitEdit();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "control/editor/editor_services.h"
+#include "control/editor/services.h"
 
 namespace mavrin2::editor {
 
@@ -8,12 +8,20 @@ namespace mavrin2::editor {
 // where the edit needs one, something selected; otherwise it clears the last error first.
 class EditOperations {
 public:
-    explicit EditOperations(EditorServices& services) : services_(services) {}
+    EditOperations(const Document& document, const Operation& operation, const Storage& storage,
+                   const Presentation& presentation)
+        : document_(document),
+          operation_(operation),
+          storage_(storage),
+          presentation_(presentation) {}
 
     void DeleteSelect();
 
 private:
-    EditorServices& services_;
+    Document document_;
+    Operation operation_;
+    Storage storage_;
+    Presentation presentation_;
 };
 
 }  // namespace mavrin2::editor

@@ -5,13 +5,17 @@
 
 namespace mavrin2::editor {
 
-// What hosts choose for edits, and what Undo has to know of the last one.
+// What hosts choose for edits.
 struct EditSettings {
     std::filesystem::path TempDirectory;  // absolute, ends in the system's separator
     std::filesystem::path TempFileName;   // the editor's own clipboard
     std::int32_t FileBufferSize = 10001;  // milliseconds of sound moved at a time
-    std::int32_t LastStepCount = 0;       // states that the next Undo or Redo moves over
-    bool BatchMode = false;
+};
+
+// How far Undo and Redo move.
+struct UndoSteps {
+    std::int32_t LastStepCount = 0;  // versions that the next Undo or Redo passes
+    bool BatchMode = false;          // changes are counted as one step and not drawn
 };
 
 }  // namespace mavrin2::editor

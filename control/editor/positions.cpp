@@ -8,29 +8,29 @@
 namespace mavrin2::editor {
 
 std::int32_t Positions::SecToSamples(std::int32_t milliseconds) const {
-    return signal::MulDiv(milliseconds, services_.Format.Frequency, 1000);
+    return signal::MulDiv(milliseconds, document_.Format.Frequency, 1000);
 }
 
 std::int32_t Positions::SamplesToSec(std::int32_t samples) const {
-    return signal::MulDiv(samples, 1000, services_.Format.Frequency);
+    return signal::MulDiv(samples, 1000, document_.Format.Frequency);
 }
 
 std::int32_t Positions::ToFrames(Bytes position) const {
-    return static_cast<std::int32_t>(services_.Format.ToFrames(position).Count());
+    return static_cast<std::int32_t>(document_.Format.ToFrames(position).Count());
 }
 
 Bytes Positions::Limited(std::int32_t frames) const {
-    return std::clamp(services_.Format.ToBytes(frames), Bytes(0),
-                      services_.History.Current()->TotalBytes);
+    return std::clamp(document_.Format.ToBytes(frames), Bytes(0),
+                      document_.History.Current()->TotalBytes);
 }
 
 std::int32_t Positions::StartSelect() const {
-    const DocumentState* state = services_.History.Current();
+    const DocumentState* state = document_.History.Current();
     return state ? ToFrames(state->Level().StartSelect) : 0;
 }
 
 void Positions::SetStartSelect(std::int32_t frames) {
-    DocumentState* state = services_.History.Current();
+    DocumentState* state = document_.History.Current();
     if (!state) return;
     const Bytes position = Limited(frames);
     ZoomLevel& level = state->Level();
@@ -40,12 +40,12 @@ void Positions::SetStartSelect(std::int32_t frames) {
 }
 
 std::int32_t Positions::EndSelect() const {
-    const DocumentState* state = services_.History.Current();
+    const DocumentState* state = document_.History.Current();
     return state ? ToFrames(state->Level().EndSelect) : 0;
 }
 
 void Positions::SetEndSelect(std::int32_t frames) {
-    DocumentState* state = services_.History.Current();
+    DocumentState* state = document_.History.Current();
     if (!state) return;
     const Bytes position = Limited(frames);
     ZoomLevel& level = state->Level();
@@ -60,12 +60,12 @@ void Positions::SetEndSelect(std::int32_t frames) {
 }
 
 std::int32_t Positions::StartView() const {
-    const DocumentState* state = services_.History.Current();
+    const DocumentState* state = document_.History.Current();
     return state ? ToFrames(state->Level().StartView) : 0;
 }
 
 void Positions::SetStartView(std::int32_t frames) {
-    DocumentState* state = services_.History.Current();
+    DocumentState* state = document_.History.Current();
     if (!state) return;
     const Bytes position = Limited(frames);
     if (position == state->Level().StartView) return;
@@ -79,12 +79,12 @@ void Positions::SetStartView(std::int32_t frames) {
 }
 
 std::int32_t Positions::EndView() const {
-    const DocumentState* state = services_.History.Current();
+    const DocumentState* state = document_.History.Current();
     return state ? ToFrames(state->Level().EndView) : 0;
 }
 
 void Positions::SetEndView(std::int32_t frames) {
-    DocumentState* state = services_.History.Current();
+    DocumentState* state = document_.History.Current();
     if (!state) return;
     const Bytes position = Limited(frames);
     if (position == state->Level().EndView) return;
@@ -98,30 +98,30 @@ void Positions::SetEndView(std::int32_t frames) {
 }
 
 std::int16_t Positions::Selected() const {
-    const DocumentState* state = services_.History.Current();
+    const DocumentState* state = document_.History.Current();
     return state ? state->Selected : std::int16_t{0};
 }
 
 void Positions::SetSelected(std::int16_t selected) {
-    DocumentState* state = services_.History.Current();
+    DocumentState* state = document_.History.Current();
     if (!state) return;
     state->Selected = selected;
     ShowSelection();
 }
 
 std::int32_t Positions::TotalSamples() const {
-    const DocumentState* state = services_.History.Current();
+    const DocumentState* state = document_.History.Current();
     return state ? ToFrames(state->TotalBytes) : 0;
 }
 
 std::int32_t Positions::CurrentPosition() const {
-    const DocumentState* state = services_.History.Current();
+    const DocumentState* state = document_.History.Current();
     if (!state) return 0;
-    return ToFrames(services_.Status.Idle() ? state->Level().StartSelect : state->PlayPosition);
+    return ToFrames(status_.Idle() ? state->Level().StartSelect : state->PlayPosition);
 }
 
 void Positions::SetCurrentPosition(std::int32_t frames) {
-    DocumentState* state = services_.History.Current();
+    DocumentState* state = document_.History.Current();
     if (!state) return;
     const Bytes position = Limited(frames);
     ZoomLevel& level = state->Level();
@@ -132,18 +132,18 @@ void Positions::SetCurrentPosition(std::int32_t frames) {
     } else {
         level.StartSelect = position;
     }
-    services_.Range.UpdateSelectionColumns();
-    if (!services_.Status.Idle()) {
+    presentation_.Range.UpdateSelectionColumns();
+    if (!status_.Idle()) {
         activity_.Stop();
         return;
     }
-    services_.View.RenderBackground();
-    services_.View.Redraw();
+    presentation_.View.RenderBackground();
+    presentation_.View.Redraw();
 }
 
 // Level 0 always spans the whole document, so a range that a host has chosen gets one of its own.
 void Positions::PushViewLevel() {
-    DocumentState& state = *services_.History.Current();
+    DocumentState& state = *document_.History.Current();
     if (state.ZoomIndex != 0) return;
     const Bytes dragEnd = state.Zoom[1].SelectDragEnd;
     state.Zoom[1] = state.Zoom[0];
@@ -152,14 +152,14 @@ void Positions::PushViewLevel() {
 }
 
 void Positions::ShowSelection() {
-    services_.Range.UpdateSelectionColumns();
-    services_.View.Redraw();
+    presentation_.Range.UpdateSelectionColumns();
+    presentation_.View.Redraw();
 }
 
 void Positions::ShowView() {
-    services_.Range.RecomputeView();
-    services_.Range.UpdateSelectionColumns();
-    services_.View.Redraw();
+    presentation_.Range.RecomputeView();
+    presentation_.Range.UpdateSelectionColumns();
+    presentation_.View.Redraw();
 }
 
 }  // namespace mavrin2::editor

@@ -2,8 +2,7 @@
 
 #include <cstdint>
 
-#include "control/editor/activity.h"
-#include "control/editor/editor_services.h"
+#include "control/editor/services.h"
 
 namespace mavrin2::editor {
 
@@ -11,8 +10,9 @@ namespace mavrin2::editor {
 // are limited to it; without a document getters give 0 and setters do nothing.
 class Positions {
 public:
-    Positions(EditorServices& services, Activity& activity)
-        : services_(services), activity_(activity) {}
+    Positions(const Document& document, const OperationStatus& status,
+              const Presentation& presentation, Activity& activity)
+        : document_(document), status_(status), presentation_(presentation), activity_(activity) {}
 
     std::int32_t SecToSamples(std::int32_t milliseconds) const;
     std::int32_t SamplesToSec(std::int32_t samples) const;
@@ -39,7 +39,9 @@ private:
     void ShowSelection();
     void ShowView();
 
-    EditorServices& services_;
+    Document document_;
+    const OperationStatus& status_;
+    Presentation presentation_;
     Activity& activity_;
 };
 

@@ -8,32 +8,36 @@
 
 namespace mavrin2::editor {
 
-RangeEdit::RangeEdit(EditorServices& services, StatusConstants status)
-    : services_(services),
-      status_(status),
-      ticket_(services.Operations, services.History),
-      source_(services.Files),
-      target_(services.Files),
-      selectionStart_(services.History.Current()->Level().StartSelect),
-      selectionEnd_(services.History.Current()->Level().EndSelect) {}
+RangeEdit::RangeEdit(const Document& document, const Operation& operation, const Storage& storage,
+                     const Presentation& presentation, StatusConstants value)
+    : document_(document),
+      operation_(operation),
+      storage_(storage),
+      presentation_(presentation),
+      value_(value),
+      ticket_(operation.Counter, document.History),
+      status_(operation.Status, ticket_),
+      source_(storage.Files),
+      target_(storage.Files),
+      selectionStart_(document.History.Current()->Level().StartSelect),
+      selectionEnd_(document.History.Current()->Level().EndSelect) {}
 
 RangeEdit::~RangeEdit() {
     Abandon();
 }
 
 bool RangeEdit::BeginEdit(std::optional<Bytes> replacement) {
-    services_.Status.Status = status_;
+    status_.Set(value_);
     if (!Open()) return FailBegin();
     if (replacement) {
-        services_.Observer.BeginVersion(Bytes(source_.Length()) -
-                                        (selectionEnd_ - selectionStart_) + *replacement);
-        target_.SetObserver(&services_.Observer);
+        presentation_.Observer.BeginVersion(Bytes(source_.Length()) -
+                                            (selectionEnd_ - selectionStart_) + *replacement);
+        target_.SetObserver(&presentation_.Observer);
     }
     const std::int64_t head = selectionStart_.Count();
-    switch (CopyBlocks(source_, target_, head, BlockSize(services_.Settings, source_, head),
-                       buffer_, [this] { return ReportBlock(); })) {
+    switch (CopyBlocks(source_, target_, head, BlockSize(storage_.Settings, source_, head), buffer_,
+                       [this] { return ReportBlock(); })) {
         case CopyEnd::Complete:
-            services_.Status.Status = StatusConstants::Idle;
             return true;
         case CopyEnd::Stopped:
         case CopyEnd::Failed:
@@ -43,59 +47,59 @@ bool RangeEdit::BeginEdit(std::optional<Bytes> replacement) {
 }
 
 bool RangeEdit::Open() {
-    const DocumentFormat& format = services_.Format;
-    targetPath_ = services_.Temporary.MakeTempFileName();
-    return source_.Open(services_.History.Current()->WorkFilePath, WaveStream::Mode::Read) &&
+    const DocumentFormat& format = document_.Format;
+    targetPath_ = storage_.Temporary.MakeTempFileName();
+    return source_.Open(document_.History.Current()->WorkFilePath, WaveStream::Mode::Read) &&
            !targetPath_.empty() && target_.Create(targetPath_, format.Frequency, format.Channels);
 }
 
 bool RangeEdit::ReportBlock() {
-    services_.Events.BlockOperation(PercentRead(source_));
-    return ticket_.IsCurrent() && !services_.Status.Idle();
+    operation_.Events.BlockOperation(PercentRead(source_));
+    return ticket_.IsCurrent() && !operation_.Status.Idle();
 }
 
 bool RangeEdit::CommitEdit() {
-    services_.Status.Status = status_;
+    status_.Set(value_);
     const Carried carried = TakeCarried();
     const std::int64_t tail = source_.Length() - selectionEnd_.Count();
     const CopyEnd end = CopyBlocks(source_, target_, std::numeric_limits<std::int64_t>::max(),
-                                   BlockSize(services_.Settings, source_, tail), buffer_,
+                                   BlockSize(storage_.Settings, source_, tail), buffer_,
                                    [this] { return ReportBlock(); });
     if (end != CopyEnd::Complete) return FailCommit();
 
     source_.Close();
     const Bytes total(target_.Length());
     if (!target_.Close()) return FailCommit();
-    services_.Observer.EndVersion(true);
-    services_.Status.Status = StatusConstants::Idle;
+    presentation_.Observer.EndVersion(true);
+    status_.End();
 
     auto state = std::make_unique<DocumentState>();
     state->WorkFilePath = targetPath_;
     state->TotalBytes = total;
-    state->Frequency = services_.Format.Frequency;
-    state->Channels = services_.Format.Channels;
-    services_.History.PushState(std::move(state));
+    state->Frequency = document_.Format.Frequency;
+    state->Channels = document_.Format.Channels;
+    document_.History.PushState(std::move(state));
     targetPath_.clear();  // it belongs to the history now
     ticket_.Moved();
 
     CarryOver(carried);
     if (!ShowNewState()) return true;
-    services_.Events.BlockOperation(100);
-    if (ticket_.IsCurrent()) services_.Events.EndOperation();
+    operation_.Events.BlockOperation(100);
+    if (ticket_.IsCurrent()) operation_.Events.EndOperation();
     return true;
 }
 
 RangeEdit::Carried RangeEdit::TakeCarried() const {
-    const DocumentState& state = *services_.History.Current();
+    const DocumentState& state = *document_.History.Current();
     // Lengths are counted in 32 bits, as everything that hosts see.
     return {state.Level(), state.Selected != 0, state.ZoomIndex > 0,
             static_cast<std::int32_t>(
-                (selectionEnd_ - selectionStart_ + services_.Format.FrameSize()).Count()),
+                (selectionEnd_ - selectionStart_ + document_.Format.FrameSize()).Count()),
             static_cast<std::int32_t>(target_.Length() - selectionStart_.Count())};
 }
 
 void RangeEdit::CarryOver(const Carried& carried) {
-    DocumentState& state = *services_.History.Current();
+    DocumentState& state = *document_.History.Current();
     const Bytes grown(std::int64_t{carried.Written} - carried.Replaced);
     state.Zoom[0].StartView = Bytes(0);
     state.Zoom[0].EndView = state.TotalBytes;
@@ -110,41 +114,41 @@ void RangeEdit::CarryOver(const Carried& carried) {
 }
 
 bool RangeEdit::ShowNewState() {
-    if (services_.Settings.BatchMode) {
-        ++services_.Settings.LastStepCount;
+    if (document_.Steps.BatchMode) {
+        ++document_.Steps.LastStepCount;
         return true;
     }
-    services_.Settings.LastStepCount = 1;
-    services_.View.BuildOverviewSummary();
+    document_.Steps.LastStepCount = 1;
+    presentation_.View.BuildOverviewSummary();
     if (!ticket_.IsCurrent()) return false;
-    services_.Range.RecomputeView();
+    presentation_.Range.RecomputeView();
     if (!ticket_.IsCurrent()) return false;
-    services_.View.Redraw();
+    presentation_.View.Redraw();
     return ticket_.IsCurrent();
 }
 
 void RangeEdit::Abandon() {
-    if (!targetPath_.empty()) services_.Observer.EndVersion(false);
+    if (!targetPath_.empty()) presentation_.Observer.EndVersion(false);
     source_.Close();
     target_.Close();
-    services_.Temporary.Remove(targetPath_);
+    storage_.Temporary.Remove(targetPath_);
     targetPath_.clear();
 }
 
 bool RangeEdit::FailBegin() {
     Abandon();
     if (!ticket_.IsCurrent()) return false;
-    services_.Status.Status = StatusConstants::Idle;
-    services_.Events.EndOperation();
+    status_.End();
+    operation_.Events.EndOperation();
     return false;
 }
 
 bool RangeEdit::FailCommit() {
-    if (ticket_.IsCurrent()) services_.Status.Status = StatusConstants::Idle;
+    status_.End();
     Abandon();
     if (!ticket_.IsCurrent()) return false;
-    services_.Events.BlockOperation(100);
-    if (ticket_.IsCurrent()) services_.Events.EndOperation();
+    operation_.Events.BlockOperation(100);
+    if (ticket_.IsCurrent()) operation_.Events.EndOperation();
     return false;
 }
 

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <optional>
 
-#include "control/editor/editor_services.h"
+#include "control/editor/services.h"
 #include "control/editor/wave_stream.h"
 
 namespace mavrin2::editor {
@@ -14,7 +14,8 @@ namespace mavrin2::editor {
 class RangeEdit {
 public:
     // `status` is what the control does meanwhile.
-    RangeEdit(EditorServices& services, StatusConstants status);
+    RangeEdit(const Document& document, const Operation& operation, const Storage& storage,
+              const Presentation& presentation, StatusConstants value);
     RangeEdit(const RangeEdit&) = delete;
     RangeEdit& operator=(const RangeEdit&) = delete;
     ~RangeEdit();
@@ -56,9 +57,13 @@ private:
     bool FailBegin();
     bool FailCommit();
 
-    EditorServices& services_;
-    StatusConstants status_;
+    Document document_;
+    Operation operation_;
+    Storage storage_;
+    Presentation presentation_;
+    StatusConstants value_;
     OperationTicket ticket_;
+    StatusGuard status_;
     WaveStream source_;
     WaveStream target_;
     CopyBuffer buffer_;

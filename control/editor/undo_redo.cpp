@@ -3,42 +3,39 @@
 namespace mavrin2::editor {
 
 void UndoRedo::Move(bool (UndoHistory::*step)()) {
-    if (!services_.Ready()) return;
-    OperationTicket ticket(services_.Operations, services_.History);
-    for (std::int32_t i = 0; i < services_.Settings.LastStepCount; ++i)
-        if (!(services_.History.*step)()) return;
+    if (!Ready(document_, operation_)) return;
+    OperationTicket ticket(operation_.Counter, document_.History);
+    for (std::int32_t i = 0; i < document_.Steps.LastStepCount; ++i)
+        if (!(document_.History.*step)()) return;
     ticket.Moved();
 
-    const DocumentState& state = *services_.History.Current();
-    services_.Format.Frequency = state.Frequency;
-    if (state.Channels != services_.Format.Channels) {
-        services_.Format.Channels = state.Channels;
-        services_.Channels.Recount(state.Channels);
-        services_.View.RecomputeScales();
-        services_.View.RenderBackground();
+    const DocumentState& state = *document_.History.Current();
+    document_.Format.Frequency = state.Frequency;
+    if (state.Channels != document_.Format.Channels) {
+        document_.Format.Channels = state.Channels;
+        document_.Channels.Recount(state.Channels);
+        presentation_.View.RecomputeScales();
+        presentation_.View.RenderBackground();
     }
-    services_.Settings.BatchMode = false;
-    services_.View.BuildOverviewSummary();
+    document_.Steps.BatchMode = false;
+    presentation_.View.BuildOverviewSummary();
     if (!ticket.IsCurrent()) return;
-    if (!services_.Range.RecomputeView() || !ticket.IsCurrent()) return;
-    services_.View.Redraw();
+    if (!presentation_.Range.RecomputeView() || !ticket.IsCurrent()) return;
+    presentation_.View.Redraw();
 }
 
 void UndoRedo::BeginOperations() {
-    services_.Settings.LastStepCount = 0;
-    services_.Settings.BatchMode = true;
+    document_.Steps.LastStepCount = 0;
+    document_.Steps.BatchMode = true;
 }
 
 void UndoRedo::EndOperations() {
-    const auto ticket = OperationTicket::Observe(services_.Operations, services_.History);
-    services_.Settings.BatchMode = false;
-    // An edit from inside which this is called goes on.
-    const StatusConstants before = services_.Status.Status;
-    services_.View.BuildOverviewSummary();
+    const auto ticket = OperationTicket::Observe(operation_.Counter, document_.History);
+    document_.Steps.BatchMode = false;
+    presentation_.View.BuildOverviewSummary();
     if (!ticket.IsCurrent()) return;
-    services_.Status.Status = before;
-    services_.Range.RecomputeView();
-    if (ticket.IsCurrent()) services_.View.Redraw();
+    presentation_.Range.RecomputeView();
+    if (ticket.IsCurrent()) presentation_.View.Redraw();
 }
 
 }  // namespace mavrin2::editor

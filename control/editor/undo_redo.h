@@ -1,13 +1,14 @@
 #pragma once
 
-#include "control/editor/editor_services.h"
+#include "control/editor/services.h"
 
 namespace mavrin2::editor {
 
 // Moves along the versions of the document, a batch of changes at a time, and shows what it finds.
 class UndoRedo {
 public:
-    explicit UndoRedo(EditorServices& services) : services_(services) {}
+    UndoRedo(const Document& document, const Operation& operation, const Presentation& presentation)
+        : document_(document), operation_(operation), presentation_(presentation) {}
 
     // Nothing happens while the control is busy or without a document.
     void Undo() { Move(&UndoHistory::StepBack); }
@@ -20,7 +21,9 @@ public:
 private:
     void Move(bool (UndoHistory::*step)());
 
-    EditorServices& services_;
+    Document document_;
+    Operation operation_;
+    Presentation presentation_;
 };
 
 }  // namespace mavrin2::editor

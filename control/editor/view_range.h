@@ -1,8 +1,7 @@
 #pragma once
 
 #include "control/editor/document_format.h"
-#include "control/editor/document_view.h"
-#include "control/editor/editor_events.h"
+#include "control/editor/ports.h"
 #include "control/editor/undo_history.h"
 
 namespace mavrin2::editor {

@@ -6,8 +6,8 @@
 #include <optional>
 #include <span>
 
-#include "control/editor/block_observer.h"
 #include "control/editor/copy_buffer.h"
+#include "control/editor/ports.h"
 #include "platform/files.h"
 
 namespace mavrin2::editor {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "control/editor/activity.h"
-#include "control/editor/operation_status.h"
+#include "control/editor/operation.h"
+#include "control/editor/ports.h"
 
 namespace mavrin2::processing {
 
@@ -11,7 +11,7 @@ class Transport final : public editor::Activity {
 public:
     explicit Transport(editor::OperationStatus& status) : status_(status) {}
 
-    void Stop() override { status_.Status = editor::StatusConstants::Idle; }
+    void Stop() override { status_.Stop(); }
 
 private:
     editor::OperationStatus& status_;

@@ -38,22 +38,16 @@ void* CMavrin2::FindInterface(REFIID iid) {
     return nullptr;
 }
 
-// Runs a member's work. The control outlives it, whatever a host does in an event; an operation
-// that breaks off does not leave it busy.
+// Runs a member's work. The control outlives it, whatever a host does in an event.
 template <class Act>
 HRESULT CMavrin2::Run(Act&& act) {
     return automation::Guarded([&]() -> HRESULT {
         const automation::ComPtr<IUnknown> held(Identity());
-        try {
-            if constexpr (std::is_void_v<decltype(act(*parts_.Editor))>) {
-                act(*parts_.Editor);
-                return S_OK;
-            } else {
-                return act(*parts_.Editor);
-            }
-        } catch (...) {
-            parts_.State.Status.Status = editor::StatusConstants::Idle;
-            throw;
+        if constexpr (std::is_void_v<decltype(act(*parts_.Editor))>) {
+            act(*parts_.Editor);
+            return S_OK;
+        } else {
+            return act(*parts_.Editor);
         }
     });
 }
@@ -160,7 +154,7 @@ STDMETHODIMP CMavrin2::get_LastErrorNum(ErrorConstants* Value) {
 }
 
 STDMETHODIMP CMavrin2::get_Status(SHORT* Value) {
-    return Read(Value, [&] { return static_cast<SHORT>(parts_.State.Status.Status); });
+    return Read(Value, [&] { return static_cast<SHORT>(parts_.State.Status.Status()); });
 }
 
 STDMETHODIMP CMavrin2::get_TempDirectory(BSTR* Value) {

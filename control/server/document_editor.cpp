@@ -1,41 +1,25 @@
 #include "control/server/document_editor.h"
 
 namespace mavrin2::server {
-namespace {
-
-view::ViewServices ViewServicesOf(const EditorDependencies& dependencies) {
-    return {*dependencies.Ports.Files,     *dependencies.Ports.Fonts,   dependencies.Ports.Colors,
-            dependencies.History,          dependencies.State.Format,   dependencies.State.Status,
-            dependencies.State.Settings,   dependencies.State.Channels, dependencies.State.Play,
-            dependencies.State.Operations, dependencies.Events,         dependencies.Style,
-            dependencies.Display};
-}
-
-}  // namespace
 
 DocumentEditor::DocumentEditor(const EditorDependencies& dependencies)
-    : picture_(ViewServicesOf(dependencies)),
-      range_(dependencies.History, dependencies.State.Format, picture_, dependencies.Events),
-      services_{*dependencies.Ports.Files,
-                dependencies.Temporary,
-                dependencies.History,
-                dependencies.State.Format,
-                dependencies.State.Channels,
-                dependencies.State.Status,
-                dependencies.State.Settings,
-                dependencies.State.Operations,
-                range_,
-                picture_,
-                picture_.Observer(),
-                dependencies.Events},
-      Transport(dependencies.State.Status),
-      Opening(services_, dependencies.Companion, Transport),
-      Saver(services_, dependencies.Companion),
-      Edits(services_),
-      UndoRedo(services_),
-      Positions(services_, Transport),
-      View(picture_, services_),
-      Zooming(picture_, services_),
-      Channels{dependencies.State.Channels, dependencies.State.Format, View} {}
+    : document_{dependencies.History, dependencies.State.Format, dependencies.State.Channels,
+                dependencies.State.Steps},
+      operation_{dependencies.State.Status, dependencies.State.Operations, dependencies.Events},
+      storage_{*dependencies.Ports.Files, dependencies.Temporary, dependencies.State.Settings},
+      picture_({*dependencies.Ports.Files, *dependencies.Ports.Fonts, dependencies.Ports.Colors,
+                document_, operation_, dependencies.State.Play, dependencies.Style,
+                dependencies.Display}),
+      range_(document_.History, document_.Format, picture_, operation_.Events),
+      presentation_{picture_, range_, picture_.Observer()},
+      Transport(operation_.Status),
+      Opening(document_, operation_, storage_, presentation_, dependencies.Companion, Transport),
+      Saver(document_, operation_, storage_.Files, picture_, dependencies.Companion),
+      Edits(document_, operation_, storage_, presentation_),
+      UndoRedo(document_, operation_, presentation_),
+      Positions(document_, operation_.Status, presentation_, Transport),
+      View(picture_, operation_.Status, range_, storage_.Files),
+      Zooming(picture_, document_, operation_, range_),
+      Channels{document_.Channels, document_.Format, View} {}
 
 }  // namespace mavrin2::server

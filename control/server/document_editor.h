@@ -3,9 +3,9 @@
 #include "control/editor/document_opening.h"
 #include "control/editor/document_saver.h"
 #include "control/editor/edit_operations.h"
-#include "control/editor/editor_services.h"
 #include "control/editor/play_state.h"
 #include "control/editor/positions.h"
+#include "control/editor/services.h"
 #include "control/editor/undo_redo.h"
 #include "control/objects/channel.h"
 #include "control/processing/transport.h"
@@ -23,6 +23,7 @@ struct ControlState {
     editor::PlayState Play;
     editor::OperationStatus Status;
     editor::EditSettings Settings;
+    editor::UndoSteps Steps;
     editor::OperationCounter Operations;
 };
 
@@ -46,9 +47,12 @@ public:
     DocumentEditor& operator=(const DocumentEditor&) = delete;
 
 private:
+    editor::Document document_;
+    editor::Operation operation_;
+    editor::Storage storage_;
     view::Picture picture_;
     editor::ViewRange range_;
-    editor::EditorServices services_;
+    editor::Presentation presentation_;
 
 public:
     processing::Transport Transport;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "automation/connection_points.h"
-#include "control/editor/editor_events.h"
+#include "control/editor/ports.h"
 
 namespace mavrin2::server {
 

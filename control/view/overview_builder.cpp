@@ -75,14 +75,14 @@ std::int32_t OverviewBuilder::LengthFor(Bytes total) const {
 }
 
 std::int64_t OverviewBuilder::StrideFor(Bytes total, std::int32_t length) const {
-    const std::int64_t channels = services_.Format.Channels;
+    const std::int64_t channels = services_.Document.Format.Channels;
     const std::int64_t frame = channels * 2;
     return std::max<std::int64_t>((total.Count() + frame) / length / (channels * 1000) * frame, 1);
 }
 
 std::int64_t OverviewBuilder::ChunkSize() const {
-    return std::max<std::int64_t>(services_.Format.Frequency, 1) * kSecondsPerChunk *
-           services_.Format.FrameSize().Count();
+    return std::max<std::int64_t>(services_.Document.Format.Frequency, 1) * kSecondsPerChunk *
+           services_.Document.Format.FrameSize().Count();
 }
 
 void OverviewBuilder::Free() {
@@ -92,10 +92,12 @@ void OverviewBuilder::Free() {
 }
 
 void OverviewBuilder::Build() {
-    const editor::DocumentState* document = services_.History.Current();
+    const editor::DocumentState* document = services_.Document.History.Current();
     if (!document) return;
-    const auto ticket = editor::OperationTicket::Observe(services_.Operations, services_.History);
-    services_.Status.Status = StatusConstants::BuildingOverview;
+    const auto ticket =
+        editor::OperationTicket::Observe(services_.Operation.Counter, services_.Document.History);
+    editor::StatusGuard status(services_.Operation.Status, ticket,
+                               StatusConstants::BuildingOverview);
     const Source source{document->WorkFilePath, document->TotalBytes,
                         LengthFor(document->TotalBytes)};
     bool built = false;
@@ -111,8 +113,8 @@ void OverviewBuilder::Build() {
     }
     seen_ = SeenVersion();
     if (!ticket.IsCurrent()) return;
-    services_.Status.Status = StatusConstants::Idle;
-    if (built) services_.Events.EndOperation();
+    status.End();
+    if (built) services_.Operation.Events.EndOperation();
 }
 
 bool OverviewBuilder::TakeSeenVersion(const Source& source) {
@@ -124,12 +126,12 @@ bool OverviewBuilder::TakeSeenVersion(const Source& source) {
 
 bool OverviewBuilder::FillFromWorkFile(const Source& source,
                                        const editor::OperationTicket& ticket) {
-    summary_.Resize(source.Length, services_.Format.Channels);
+    summary_.Resize(source.Length, services_.Document.Format.Channels);
     editor::WaveStream stream(services_.Files);
     if (!stream.Open(source.WorkFile, editor::WaveStream::Mode::Read)) return false;
     summary_.Clear();
     const std::int64_t chunk = ChunkSize();
-    ChunkedFiller filler(summary_, services_.Format.Channels, source.Total,
+    ChunkedFiller filler(summary_, services_.Document.Format.Channels, source.Total,
                          StrideFor(source.Total, source.Length), chunk);
     std::vector<std::byte> piece(kPiece);
     std::int64_t done = 0;
@@ -161,7 +163,7 @@ bool OverviewBuilder::ReportChunks(const Source& source, const editor::Operation
 bool OverviewBuilder::ReportChunk(std::int64_t done, const Source& source,
                                   const editor::OperationTicket& ticket) {
     const double part = static_cast<double>(done) / static_cast<double>(source.Total.Count());
-    services_.Events.BlockOperation(static_cast<int>(std::min(part, 1.0) * 100));
+    services_.Operation.Events.BlockOperation(static_cast<int>(std::min(part, 1.0) * 100));
     return ticket.IsCurrent();
 }
 
@@ -169,7 +171,7 @@ void OverviewBuilder::BeginLoading(Bytes expected) {
     Free();
     const std::int32_t length = LengthFor(expected);
     if (length == 0) return;
-    const std::int32_t channels = services_.Format.Channels;
+    const std::int32_t channels = services_.Document.Format.Channels;
     try {
         summary_.Resize(length, channels);
         summary_.Clear();
@@ -187,8 +189,8 @@ void OverviewBuilder::BeginVersion(Bytes length) {
     seen_ = SeenVersion();
     filler_.reset();
     const std::int32_t entries = LengthFor(length);
-    if (entries == 0 || services_.Settings.BatchMode) return;
-    const std::int32_t channels = services_.Format.Channels;
+    if (entries == 0 || services_.Document.Steps.BatchMode) return;
+    const std::int32_t channels = services_.Document.Format.Channels;
     try {
         seen_.Summary.Resize(entries, channels);
         seen_.Summary.Clear();

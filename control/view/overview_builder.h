@@ -7,7 +7,7 @@
 #include <span>
 #include <vector>
 
-#include "control/editor/block_observer.h"
+#include "control/editor/ports.h"
 #include "control/view/geometry.h"
 #include "control/view/overview_summary.h"
 #include "control/view/view_services.h"

@@ -50,7 +50,7 @@ void Picture::Layout() {
     input.ScaleY = services_.HostStyle.ScaleY();
     input.ScaleXFont = scaleXFont_.get();
     input.ScaleYFont = scaleYFont_.get();
-    input.Frequency = services_.Format.Frequency;
+    input.Frequency = services_.Document.Format.Frequency;
     area_.Layout(input);
     busy_.Fit(area_.WaveWidth);
     ComputeTimeScale();
@@ -63,7 +63,7 @@ bool Picture::TooSmall() const {
 }
 
 ViewThumb Picture::Thumb() const {
-    const editor::DocumentState* document = services_.History.Current();
+    const editor::DocumentState* document = services_.Document.History.Current();
     if (!document) return ComputeViewThumb(area_, {}, {}, {});
     return ComputeViewThumb(area_, document->Level().StartView, document->Level().EndView,
                             document->TotalBytes);
@@ -72,12 +72,13 @@ ViewThumb Picture::Thumb() const {
 void Picture::ComputeTimeScale() {
     const ScaleSettings scale = services_.HostStyle.ScaleX();
     if (!scale.Visible || area_.TimeScale <= 0 || !scaleXFont_) return;
-    const editor::DocumentState* document = services_.History.Current();
+    const editor::DocumentState* document = services_.Document.History.Current();
     const editor::ZoomLevel none;
     const editor::ZoomLevel& level = document ? document->Level() : none;
     time_.Compute(
         TimeRangeOf(level.StartView, level.EndView, document ? document->TotalBytes : Bytes(0),
-                    services_.Format.Channels, services_.Format.Frequency, scale.Type),
+                    services_.Document.Format.Channels, services_.Document.Format.Frequency,
+                    scale.Type),
         *scaleXFont_, area_.WaveWidth);
 }
 
@@ -87,11 +88,11 @@ void Picture::ComputeLevelScale() {
     LevelScaleInput input;
     input.TypeView = typeView_;
     input.Type = scale.Type;
-    input.BitsPerSample = services_.Format.BitsPerSample;
-    input.Frequency = services_.Format.Frequency;
+    input.BitsPerSample = services_.Document.Format.BitsPerSample;
+    input.Frequency = services_.Document.Format.Frequency;
     input.VerticalZoom = verticalZoom_;
     input.WaveHeight = area_.WaveHeight;
-    input.VisibleChannels = services_.Channels.VisibleCount;
+    input.VisibleChannels = services_.Document.Channels.VisibleCount;
     level_.Compute(input, *scaleYFont_);
 }
 
@@ -112,9 +113,9 @@ Picture::Columns Picture::RecomputeColumns() {
 }
 
 void Picture::UpdateSelectionColumns() {
-    const editor::ZoomLevel& level = services_.History.Current()->Level();
+    const editor::ZoomLevel& level = services_.Document.History.Current()->Level();
     const ColumnMapping mapping{level.StartView, level.EndView, area_.WaveWidth,
-                                services_.Format.FrameSize()};
+                                services_.Document.Format.FrameSize()};
     selStartColumn_ =
         level.StartSelect < level.StartView ? 0 : mapping.ByteToColumn(level.StartSelect);
     selEndColumn_ =
@@ -132,7 +133,7 @@ void Picture::BuildOverviewSummary() {
 
 void Picture::ReleaseDocument() {
     sound_.Overview().Free();
-    level_.Reset(services_.HostStyle.ScaleY().Type, services_.Format.BitsPerSample);
+    level_.Reset(services_.HostStyle.ScaleY().Type, services_.Document.Format.BitsPerSample);
 }
 
 Scene Picture::CurrentScene() const {
@@ -147,10 +148,10 @@ Scene Picture::CurrentScene() const {
             level_,
             sound_.Data(),
             busy_,
-            services_.History.Current(),
-            services_.Format,
-            services_.Channels,
-            services_.Status.Status,
+            services_.Document.History.Current(),
+            services_.Document.Format,
+            services_.Document.Channels,
+            services_.Operation.Status.Status(),
             typeView_,
             typeBorder_,
             verticalZoom_,
@@ -161,7 +162,8 @@ Scene Picture::CurrentScene() const {
 }
 
 void Picture::RenderBackground() {
-    if (background_.Empty() || services_.Settings.BatchMode || !scaleXFont_ || !scaleYFont_) return;
+    if (background_.Empty() || services_.Document.Steps.BatchMode || !scaleXFont_ || !scaleYFont_)
+        return;
     const Scene scene = CurrentScene();
     background_.Fill({0, 0, background_.Width(), background_.Height()},
                      ToPixel(scene.Colors.Background));
@@ -184,8 +186,8 @@ void Picture::ComposeFrame() {
 }
 
 void Picture::DrawLanes(const Scene& scene) {
-    const Lanes lanes(area_, services_.Channels, services_.Format.Channels);
-    const bool mono = services_.Format.Channels < 2;
+    const Lanes lanes(area_, services_.Document.Channels, services_.Document.Format.Channels);
+    const bool mono = services_.Document.Format.Channels < 2;
     for (const Lane& lane : lanes) {
         const LanePainter painter(scene, lane);
         const bool boundaries = mono ? !scene.Spectral()

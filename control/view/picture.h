@@ -3,7 +3,7 @@
 #include <functional>
 #include <memory>
 
-#include "control/editor/document_view.h"
+#include "control/editor/ports.h"
 #include "control/view/geometry.h"
 #include "control/view/level_scale.h"
 #include "control/view/pens.h"

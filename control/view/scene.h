@@ -5,7 +5,7 @@
 #include "control/editor/channel_switches.h"
 #include "control/editor/document_format.h"
 #include "control/editor/document_state.h"
-#include "control/editor/operation_status.h"
+#include "control/editor/operation.h"
 #include "control/view/geometry.h"
 #include "control/view/level_scale.h"
 #include "control/view/pens.h"

@@ -6,8 +6,8 @@
 namespace mavrin2::view {
 
 bool SoundColumns::Recompute(TypeViewConstants type) {
-    const editor::DocumentState& document = *services_.History.Current();
-    const editor::DocumentFormat& format = services_.Format;
+    const editor::DocumentState& document = *services_.Document.History.Current();
+    const editor::DocumentFormat& format = services_.Document.Format;
     const ScanRange range{document.WorkFilePath,    document.Level().StartView,
                           document.Level().EndView, format.Channels,
                           format.Frequency,         area_.WaveWidth};
@@ -27,7 +27,8 @@ bool SoundColumns::RecomputePeaks(const ScanRange& range) {
     const bool wide =
         (range.EndView - range.StartView).Count() / 2 > OverviewSummary::ValuesPerFactor;
     if (!summary.Valid || !wide) return ScanWorkFile(services_.Files, range, data_);
-    const auto total = static_cast<double>(services_.History.Current()->TotalBytes.Count());
+    const auto total =
+        static_cast<double>(services_.Document.History.Current()->TotalBytes.Count());
     const auto entryOf = [&](Bytes position) {
         return static_cast<double>(position.Count()) * summary.Length / total;
     };
@@ -45,8 +46,8 @@ void SoundColumns::ComputeSpectrum(const ScanRange& range) {
 }
 
 void SoundColumns::BuildSpectralPictures() {
-    spectral_.Build(spectrum_, area_, services_.Channels, services_.Format.Channels,
-                    services_.HostStyle.Colors());
+    spectral_.Build(spectrum_, area_, services_.Document.Channels,
+                    services_.Document.Format.Channels, services_.HostStyle.Colors());
 }
 
 }  // namespace mavrin2::view

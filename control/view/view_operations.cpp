@@ -11,7 +11,7 @@ void ViewOperations::Paint(platform::DrawingTarget& target, const Rectangle& bou
     }
     picture_.Resize(bounds);
     picture_.Layout();
-    services_.Range.RecomputeView();
+    range_.RecomputeView();
     // A host may have had it painted elsewhere in an event.
     if (bounds == picture_.Bounds()) picture_.Compose(target);
 }
@@ -30,7 +30,7 @@ void ViewOperations::TakeSettings() {
 void ViewOperations::ApplyScaleSettings() {
     picture_.TakeScales();
     picture_.Layout();
-    services_.Range.RecomputeView();
+    range_.RecomputeView();
     picture_.Redraw();
 }
 
@@ -60,15 +60,15 @@ TypeViewConstants ViewOperations::TypeView() const {
 }
 
 void ViewOperations::SetTypeView(TypeViewConstants type) {
-    if (!services_.Status.Idle() || type == picture_.TypeView()) return;
+    if (!status_.Idle() || type == picture_.TypeView()) return;
     picture_.SetTypeView(type);
     picture_.Layout();
-    if (services_.Range.RecomputeView()) picture_.Redraw();
+    if (range_.RecomputeView()) picture_.Redraw();
 }
 
 void ViewOperations::SaveWaveImage(const std::filesystem::path& path) const {
-    services_.Status.LastError = editor::ErrorConstants::NOERRORS;
-    if (!picture_.Frame().Empty()) WriteWaveImage(services_.Files, path, picture_.Frame());
+    status_.LastError = editor::ErrorConstants::NOERRORS;
+    if (!picture_.Frame().Empty()) WriteWaveImage(files_, path, picture_.Frame());
 }
 
 }  // namespace mavrin2::view

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 
-#include "control/editor/editor_services.h"
+#include "control/editor/services.h"
 #include "control/interfaces/enumerations.h"
 #include "control/view/picture.h"
 #include "control/view/rectangle.h"
@@ -16,8 +16,9 @@ using interfaces::TypeViewConstants;
 // What a container and the settings' objects ask of the view.
 class ViewOperations {
 public:
-    ViewOperations(Picture& picture, editor::EditorServices& services)
-        : picture_(picture), services_(services) {}
+    ViewOperations(Picture& picture, editor::OperationStatus& status, editor::ViewRange& range,
+                   platform::FileSystem& files)
+        : picture_(picture), status_(status), range_(range), files_(files) {}
 
     // Shows the picture at `bounds` of the target: a copy when they are those of the last time,
     // otherwise it is laid out and computed anew.
@@ -49,7 +50,9 @@ public:
 
 private:
     Picture& picture_;
-    editor::EditorServices& services_;
+    editor::OperationStatus& status_;
+    editor::ViewRange& range_;
+    platform::FileSystem& files_;
 };
 
 }  // namespace mavrin2::view

@@ -1,13 +1,7 @@
 #pragma once
 
-#include "control/editor/channel_switches.h"
-#include "control/editor/document_format.h"
-#include "control/editor/edit_settings.h"
-#include "control/editor/editor_events.h"
-#include "control/editor/operation_status.h"
-#include "control/editor/operation_ticket.h"
 #include "control/editor/play_state.h"
-#include "control/editor/undo_history.h"
+#include "control/editor/services.h"
 #include "control/view/display.h"
 #include "control/view/style.h"
 #include "platform/files.h"
@@ -21,14 +15,9 @@ struct ViewServices {
     platform::FileSystem& Files;
     platform::FontLoader& Fonts;
     platform::SystemColors SystemColors;
-    editor::UndoHistory& History;
-    const editor::DocumentFormat& Format;
-    editor::OperationStatus& Status;
-    const editor::EditSettings& Settings;
-    const editor::ChannelSwitches& Channels;
+    editor::Document Document;
+    editor::Operation Operation;
     const editor::PlayState& Play;
-    editor::OperationCounter& Operations;
-    editor::EditorEvents& Events;
     Style& HostStyle;
     Display& Screen;
 };

@@ -21,42 +21,42 @@ std::int32_t Wrapped(Bytes length) {
 }  // namespace
 
 bool Zoom::CanPush() const {
-    const DocumentState* document = services_.History.Current();
+    const DocumentState* document = document_.History.Current();
     return document && document->TotalBytes != Bytes(0) &&
            document->ZoomIndex < DocumentState::ZoomLevels - 1;
 }
 
 void Zoom::ZoomIn() {
-    DocumentState* document = services_.History.Current();
-    if (!services_.Ready() || !CanPush() || !document->Selected) return;
+    DocumentState* document = document_.History.Current();
+    if (!Ready(document_, operation_) || !CanPush() || !document->Selected) return;
     const ZoomLevel from = document->Level();
-    const Bytes shortest(kShortestFrames * services_.Format.FrameSize().Count());
+    const Bytes shortest(kShortestFrames * document_.Format.FrameSize().Count());
     if (from.EndSelect - from.StartSelect < shortest) return;
     ++document->ZoomIndex;
     ZoomLevel& level = document->Level();
     level.StartView = level.StartSelect = from.StartSelect;
     level.EndView = level.EndSelect = from.EndSelect;
-    services_.Status.LastError = ErrorConstants::NOERRORS;
-    if (!services_.Range.RecomputeView()) return;
+    operation_.Status.LastError = ErrorConstants::NOERRORS;
+    if (!range_.RecomputeView()) return;
     picture_.RenderBackground();
     picture_.Redraw();
 }
 
 void Zoom::ZoomOut() {
-    DocumentState* document = services_.History.Current();
+    DocumentState* document = document_.History.Current();
     if (!document || document->TotalBytes == Bytes(0) || document->ZoomIndex == 0) return;
-    const auto ticket = editor::OperationTicket::Observe(services_.Operations, services_.History);
+    const auto ticket = editor::OperationTicket::Observe(operation_.Counter, document_.History);
     --document->ZoomIndex;
     document->Selected = 0;
-    services_.Status.LastError = ErrorConstants::NOERRORS;
-    if (!services_.Range.RecomputeView() || !ticket.IsCurrent()) return;
+    operation_.Status.LastError = ErrorConstants::NOERRORS;
+    if (!range_.RecomputeView() || !ticket.IsCurrent()) return;
     if (document->Level().StartSelect != document->Level().EndSelect) document->Selected = 1;
     picture_.RenderBackground();
     picture_.Redraw();
 }
 
 void Zoom::ZoomFull() {
-    DocumentState* document = services_.History.Current();
+    DocumentState* document = document_.History.Current();
     if (!document || document->ZoomIndex == 0) return;
     const ZoomLevel from = document->Level();
     document->ZoomIndex = 0;
@@ -66,14 +66,14 @@ void Zoom::ZoomFull() {
     level.StartSelect = from.StartSelect;
     level.EndSelect = from.EndSelect;
     document->Selected = from.StartSelect != from.EndSelect ? 1 : 0;
-    if (services_.Range.RecomputeView()) picture_.Redraw();
+    if (range_.RecomputeView()) picture_.Redraw();
 }
 
 void Zoom::ZoomTo(std::int32_t start, std::int32_t end) {
     if (!CanPush()) return;
-    DocumentState* document = services_.History.Current();
-    std::int32_t s = Wrapped(services_.Format.ToBytes(start));
-    std::int32_t e = Wrapped(services_.Format.ToBytes(end));
+    DocumentState* document = document_.History.Current();
+    std::int32_t s = Wrapped(document_.Format.ToBytes(start));
+    std::int32_t e = Wrapped(document_.Format.ToBytes(end));
     if (s > e) std::swap(s, e);
     const std::int64_t length = std::int64_t{e} - s;
     std::int64_t from = s;
@@ -99,8 +99,8 @@ void Zoom::ZoomTo(std::int32_t start, std::int32_t end) {
     level.EndView = Bytes(to);
     level.StartSelect = below.StartSelect;
     level.EndSelect = below.EndSelect;
-    services_.Status.LastError = ErrorConstants::NOERRORS;
-    if (services_.Range.RecomputeView()) picture_.Redraw();
+    operation_.Status.LastError = ErrorConstants::NOERRORS;
+    if (range_.RecomputeView()) picture_.Redraw();
 }
 
 void Zoom::ZoomVertical(std::int32_t percent) {
@@ -110,7 +110,7 @@ void Zoom::ZoomVertical(std::int32_t percent) {
 }
 
 void Zoom::Refresh() {
-    services_.Range.RecomputeView();
+    range_.RecomputeView();
     picture_.Redraw();
 }
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "control/editor/editor_services.h"
+#include "control/editor/services.h"
 #include "control/view/picture.h"
 
 namespace mavrin2::view {
@@ -11,8 +11,9 @@ namespace mavrin2::view {
 // state, so that undo brings it back. What cannot be done is not done; nothing fails.
 class Zoom {
 public:
-    Zoom(Picture& picture, editor::EditorServices& services)
-        : picture_(picture), services_(services) {}
+    Zoom(Picture& picture, const editor::Document& document, const editor::Operation& operation,
+         editor::ViewRange& range)
+        : picture_(picture), document_(document), operation_(operation), range_(range) {}
 
     // To the selection, of 3 frames at least.
     void ZoomIn();
@@ -32,7 +33,9 @@ private:
     void ShowLevel();
 
     Picture& picture_;
-    editor::EditorServices& services_;
+    editor::Document document_;
+    editor::Operation operation_;
+    editor::ViewRange& range_;
 };
 
 }  // namespace mavrin2::view

@@ -213,7 +213,8 @@ TEST_F(PictureTest, ShowsWhereItPlaysOverTheFrame) {
     const Image still = Shown();
     Parts->State.Play.PlayColumn = 200;
     for (const auto status : {editor::StatusConstants::Playing, editor::StatusConstants::Paused}) {
-        Parts->State.Status.Status = status;
+        const editor::OperationTicket ticket(Parts->State.Operations, Parts->Position->History());
+        const editor::StatusGuard guard(Parts->State.Status, ticket, status);
         const Image playing = Shown();
         for (std::size_t y = 0; y < 300; ++y) {
             const bool dash = y >= 9 && y < 272 && (y - 9) % 4 < 2;
@@ -221,7 +222,6 @@ TEST_F(PictureTest, ShowsWhereItPlaysOverTheFrame) {
             EXPECT_EQ(playing[y * 600 + kLeft + 201], still[y * 600 + kLeft + 201]);
         }
     }
-    Parts->State.Status.Status = editor::StatusConstants::Idle;
     EXPECT_EQ(Shown(), still);
 }
 

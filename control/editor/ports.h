@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+
+#include "control/signal/quantity.h"
+
+// What the editor asks of the rest of the control. Whoever composes the parts hands these in; the
+// base classes of DocumentView and BlockObserver do nothing, so that the editor works without a
+// picture.
+
+namespace mavrin2::editor {
+
+// Events for the host. Host code runs inside each call and may do anything: the caller checks
+// afterwards whether its operation is still the current one (OperationTicket).
+class EditorEvents {
+public:
+    virtual ~EditorEvents() = default;
+
+    virtual void BlockOperation(int percent) = 0;  // 0 … 100
+    virtual void EndOperation() = 0;
+    virtual void ChangePosition() = 0;
+};
+
+// What is running in the control, be it an operation, playback or recording.
+class Activity {
+public:
+    virtual ~Activity() = default;
+
+    // Cancels a long operation, ends playback and recording.
+    virtual void Stop() = 0;
+};
+
+// The picture of the document.
+class DocumentView {
+public:
+    enum class Columns { Failed, Nothing, Recomputed };
+
+    virtual ~DocumentView() = default;
+
+    // The visible range or the document has changed. Nothing: there is no area to show it in.
+    // Failed: the work file could not be read, and the picture stays as it was.
+    virtual Columns RecomputeColumns() { return Columns::Nothing; }
+
+    // The selection has changed.
+    virtual void UpdateSelectionColumns() {}
+
+    // The document has been changed or replaced as a whole. May raise events; sets the status to
+    // BuildingOverview while it runs.
+    virtual void BuildOverviewSummary() {}
+    // The document is about to be closed.
+    virtual void ReleaseDocument() {}
+
+    // How far a file has been read or written, in percent.
+    virtual void ShowProgress(int /*percent*/) {}
+
+    // The document's channels have changed by an undo or redo.
+    virtual void RecomputeScales() {}
+    // Rate and channels of a sound that is about to be loaded are known.
+    virtual void RecomputeTimeScale() {}
+
+    virtual void RenderBackground() {}
+    virtual void Redraw() {}
+};
+
+// Sees samples as they are written to a work file, which saves reading them again.
+class BlockObserver {
+public:
+    virtual ~BlockObserver() = default;
+
+    // A sound is loaded from a file that promises this length.
+    virtual void BeginLoading(signal::Bytes /*expected*/) {}
+    // A new version of the document is being written; if it is completed, it has this length.
+    virtual void BeginVersion(signal::Bytes /*length*/) {}
+    // The next bytes of interleaved samples; a frame may continue in the next block.
+    virtual void Block(std::span<const std::byte> /*samples*/) {}
+    virtual void EndLoading() {}
+    // When the version is not complete it never will be, and what was seen of it is void.
+    virtual void EndVersion(bool /*complete*/) {}
+};
+
+}  // namespace mavrin2::editor
