@@ -3,15 +3,15 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 #include <system_error>
 
-#include "hosts/script/commands/convert_command.h"
-#include "hosts/script/commands/failure.h"
-#include "hosts/script/commands/info_command.h"
-#include "hosts/script/commands/picture_command.h"
-#include "hosts/script/commands/run_command.h"
-#include "hosts/script/process/component_finder.h"
-#include "hosts/script/process/interrupt.h"
+#include "hosts/script/commands/command.h"
+#include "hosts/script/commands/command_line.h"
+#include "platform/environment.h"
+#include "platform/interrupt.h"
+#include "platform/module_path.h"
 
 namespace mavrin2::script {
 namespace {
@@ -19,21 +19,38 @@ namespace {
 constexpr const char* kHelp =
     R"(Usage: mavrin2 COMMAND ...
 
-  run SCRIPT.lua [ARGUMENT...]                   runs a script that drives the sound editor
-  info FILE...                                   tells format, length, rate and channels
-  convert IN OUT [--start TIME] [--end TIME]     writes a sound, or a piece of it, to another file
-  picture IN OUT.png [OPTION...]                 draws a sound
+  run SCRIPT.lua [ARGUMENT...]                   run a script that drives the sound editor
+  info FILE...                                   show format, length, sample rate and channels
+  convert IN OUT [--start TIME] [--end TIME]     convert a sound file, or part of it
+  picture IN OUT.png [OPTION...]                 draw a sound file
 
-  --help       this text; `mavrin2 COMMAND --help` tells more of a command
-  --version    the version
+  --help       show this text; `mavrin2 COMMAND --help` explains a command
+  --version    show the version
 
-Exit codes: 0 all went well, 1 something failed, 2 wrong use.
+Exit codes: 0 success, 1 failure, 2 usage error.
 )";
 
+constexpr const Command* kCommands[] = {&kRunCommand, &kInfoCommand, &kConvertCommand,
+                                        &kPictureCommand};
+
+// A build tree and an installation have a component registry beside the program. This process uses
+// it unless MAVRIN2_REGISTRY names another one.
+void FindComponents() {
+    constexpr const char* kVariable = "MAVRIN2_REGISTRY";
+    const char* const given = std::getenv(kVariable);
+    if (given && *given) return;
+    const auto program = platform::PathOfModule(reinterpret_cast<const void*>(&FindComponents));
+    if (program.empty()) return;
+    const auto registry = program.parent_path().parent_path() / "lib" / "mavrin2-components";
+    std::error_code error;
+    if (std::filesystem::exists(registry, error))
+        platform::SetEnvironmentVariable(kVariable, registry.string());
+}
+
 const Command* Find(const std::string& name) {
-    for (const Command* command : {&kRunCommand, &kInfoCommand, &kConvertCommand, &kPictureCommand})
-        if (command->Name == name) return command;
-    return nullptr;
+    const auto* const found = std::ranges::find_if(
+        kCommands, [&](const Command* command) { return command->Name == name; });
+    return found == std::end(kCommands) ? nullptr : *found;
 }
 
 int Fail(int code, const std::string& message) {
@@ -50,15 +67,15 @@ int RunCommand(const Command& command, std::span<const std::string> arguments) {
             return kSuccess;
         }
         FindComponents();
-        CatchInterrupts();
+        platform::CatchInterrupts();
         const int code = command.Run(line);
-        if (Interrupted()) DieInterrupted();
+        if (platform::Interrupted()) platform::DieInterrupted();
         return code;
     } catch (const UsageError& error) {
         return Fail(kWrongUse,
                     std::string(error.what()) + "\nTry 'mavrin2 " + command.Name + " --help'.");
     } catch (const Interruption&) {
-        DieInterrupted();
+        platform::DieInterrupted();
     } catch (const std::exception& error) {
         return Fail(kFailure, error.what());
     }
@@ -79,15 +96,15 @@ int Dispatch(std::span<const std::string> arguments) {
         return kSuccess;
     }
     if (const Command* command = Find(first)) return RunCommand(*command, arguments.subspan(1));
-    return Fail(kWrongUse, (first.starts_with('-') ? "unknown option " : "unknown command ") +
-                               first + "\nTry 'mavrin2 --help'.");
+    return Fail(kWrongUse, (first.starts_with('-') ? "unknown option '" : "unknown command '") +
+                               first + "'\nTry 'mavrin2 --help'.");
 }
 
 }  // namespace
 
 int RunProgram(std::span<const std::string> arguments) {
     const int code = Dispatch(arguments);
-    // A full disk behind `>` shows only here.
+    // Where standard output is a file on a full disk, the failure shows only here.
     if (std::fflush(stdout) != 0 || std::ferror(stdout))
         return Fail(kFailure, "standard output: " + std::generic_category().message(errno));
     return code;

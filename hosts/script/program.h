@@ -5,7 +5,7 @@
 
 namespace mavrin2::script {
 
-// The whole program; the arguments are those behind its name. Returns the exit code.
+// Runs the program; the arguments are those after its name. Returns the exit code.
 int RunProgram(std::span<const std::string> arguments);
 
 }  // namespace mavrin2::script

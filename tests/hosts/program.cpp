@@ -1,10 +1,11 @@
 #include "tests/hosts/program.h"
 
-#include <dlfcn.h>
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <poll.h>
 #include <pty.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
@@ -14,9 +15,6 @@
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
-
-#include "platform/automation.h"
-#include "tests/support/environment_variable.h"
 
 namespace mavrin2::tests {
 namespace {
@@ -31,6 +29,12 @@ void Require(bool so, const char* what) {
     if (!settings.Output.empty()) out = ::open(settings.Output.c_str(), O_WRONLY | O_CLOEXEC);
     ::dup2(out, STDOUT_FILENO);
     ::dup2(err, STDERR_FILENO);
+    if (settings.LongestFile >= 0) {
+        const auto most = static_cast<rlim_t>(settings.LongestFile);
+        const rlimit limit{most, most};
+        ::signal(SIGXFSZ, SIG_IGN);
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
     if (!settings.Folder.empty() && ::chdir(settings.Folder.c_str()) != 0) ::_exit(126);
     for (const auto& [name, value] : settings.Environment) {
         if (value)
@@ -117,13 +121,36 @@ int Program::Finish() {
     return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
-HostEnvironment::HostEnvironment() {
-    const EnvironmentVariable variable("MAVRIN2_REGISTRY", Registry());
-    void* const module = ::dlopen(MAVRIN2_TEST_COMPONENT, RTLD_NOW | RTLD_LOCAL);
-    Require(module != nullptr, "no test component");
-    const auto enter =
-        reinterpret_cast<decltype(&DllRegisterServer)>(::dlsym(module, "DllRegisterServer"));
-    Require(enter && SUCCEEDED(enter()), "no test registry");
+HostEnvironment::~HostEnvironment() {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(temporary_.Path()))
+        EXPECT_NE(entry.path().extension(), ".tmp") << "a work file is left: " << entry;
+}
+
+void HostEnvironment::WriteWave(const std::string& name, std::uint32_t rate, std::uint16_t channels,
+                                std::uint32_t frames) const {
+    std::ofstream file(Path(name), std::ios::binary);
+    const auto number = [&](std::uint32_t value, int bytes) {
+        for (; bytes > 0; --bytes, value >>= 8)
+            file.put(static_cast<char>(value));
+    };
+    const std::uint32_t size = frames * channels * 2;
+    file << "RIFF";
+    number(36 + size, 4);
+    file << "WAVEfmt ";
+    number(16, 4);
+    number(1, 2);
+    number(channels, 2);
+    number(rate, 4);
+    number(rate * channels * 2, 4);
+    number(channels * 2U, 2);
+    number(16, 2);
+    file << "data";
+    number(size, 4);
+    for (std::uint32_t frame = 0; frame < std::min(frames, 32768U); ++frame)
+        for (int channel = 0; channel < channels; ++channel)
+            number(frame, 2);
+    file.close();
+    std::filesystem::resize_file(Path(name), 44 + size);
 }
 
 void HostEnvironment::Write(const std::string& name, const std::string& text) const {

@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <optional>
@@ -18,8 +19,9 @@ public:
     struct Settings {
         std::filesystem::path Folder = {};                                   // its current one
         std::map<std::string, std::optional<std::string>> Environment = {};  // what differs
-        bool Terminal = false;    // whether its standard error is one
-        std::string Output = {};  // a file for its standard output
+        bool Terminal = false;          // whether its standard error is one
+        std::string Output = {};        // a file for its standard output
+        std::int64_t LongestFile = -1;  // bytes that it can write to one file; any number if -1
         std::filesystem::path Path = MAVRIN2_PROGRAM;
     };
 
@@ -48,14 +50,20 @@ private:
     int errEnd_ = -1;
 };
 
-// A registry that holds the tests' component only, and a folder for files, for one test.
+// A folder for the files of one test and another one for temporary files.
 class HostEnvironment {
 public:
-    HostEnvironment();
+    ~HostEnvironment();
 
-    Program::Settings In() const { return {folder_.Path(), {{"MAVRIN2_REGISTRY", Registry()}}}; }
-    std::string Registry() const { return (registryFolder_.Path() / "components").string(); }
+    Program::Settings In() const {
+        return {
+            folder_.Path(),
+            {{"MAVRIN2_REGISTRY", MAVRIN2_TEST_REGISTRY}, {"TMPDIR", temporary_.Path().string()}}};
+    }
     std::filesystem::path Path(const std::string& name) const { return folder_.Path() / name; }
+    // A WAV file of 16-bit samples, frame i holding the value i; silent from frame 32768 on.
+    void WriteWave(const std::string& name, std::uint32_t rate, std::uint16_t channels,
+                   std::uint32_t frames) const;
     void Write(const std::string& name, const std::string& text) const;
     // Nothing when there is no such file.
     std::optional<std::string> Read(const std::string& name) const;
@@ -64,7 +72,7 @@ public:
 
 private:
     ScratchFolder folder_;
-    ScratchFolder registryFolder_;
+    ScratchFolder temporary_;
 };
 
 }  // namespace mavrin2::tests

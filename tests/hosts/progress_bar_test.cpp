@@ -1,6 +1,8 @@
 #include "hosts/script/commands/progress_bar.h"
 
 #include <gtest/gtest.h>
+#include <pty.h>
+#include <unistd.h>
 
 #include <string>
 
@@ -9,54 +11,51 @@ namespace {
 
 using std::chrono::milliseconds;
 
-class Bar : public testing::Test {
-protected:
-    // What was written since this was asked for last.
-    std::string Written() {
-        std::string text;
-        std::fseek(file_, 0, SEEK_SET);
-        for (int c = std::fgetc(file_); c != EOF; c = std::fgetc(file_))
-            text += static_cast<char>(c);
-        std::fclose(file_);
-        file_ = std::tmpfile();
-        return text;
+// What a bar writes to a terminal of `columns` in 300 ms of work, and when it is erased.
+std::string Drawn(unsigned short columns, auto&& show) {
+    int master = -1;
+    int slave = -1;
+    const winsize size{24, columns, 0, 0};
+    if (::openpty(&master, &slave, nullptr, nullptr, &size) != 0) return "no terminal";
+    std::FILE* const terminal = ::fdopen(slave, "w");
+    std::chrono::steady_clock::time_point now{};
+    {
+        ProgressBar bar(terminal, [&] { return now; });
+        bar.Show("Early", 10);
+        now += milliseconds(300);
+        show(bar);
     }
-    ~Bar() override { std::fclose(file_); }
-
-    std::FILE* file_ = std::tmpfile();
-    std::chrono::steady_clock::time_point now_{};
-};
-
-TEST_F(Bar, AppearsOnceTheWorkTakesLongAndIsWipedAway) {
-    ProgressBar bar(file_, [&] { return now_; });
-    bar.Show("Reading", 10);
-    bar.Clear();
-    EXPECT_EQ(Written(), "") << "not worth it yet";
+    std::fclose(terminal);
+    std::string text;
+    char buffer[256];
+    for (ssize_t count = 0; (count = ::read(master, buffer, sizeof buffer)) > 0;)
+        text.append(buffer, static_cast<std::size_t>(count));
+    ::close(master);
+    return text;
 }
 
-TEST_F(Bar, DrawsEveryPercentageOnce) {
-    {
-        ProgressBar bar(file_, [&] { return now_; });
-        now_ += milliseconds(300);
+TEST(ProgressBars, AppearWhenWorkTakesLongAndAreErased) {
+    const std::string half(20, '#');
+    const std::string none(20, ' ');
+    const std::string last = "\rDo [" + none + none + "] 0 %";
+    const auto show = [](ProgressBar& bar) {
         bar.Show("Reading", 50);
         bar.Show("Reading", 50);
         bar.Show("Doing", 120);
         bar.Show("Do", -3);
-    }
-    const std::string half(20, '#');
-    const std::string none(20, ' ');
-    const std::string last = "\rDo [" + none + none + "] 0 %";
-    EXPECT_EQ(Written(), "\rReading [" + half + none + "] 50 %" +      //
-                             "\rDoing [" + half + half + "] 100 % " +  //
-                             last + "     " + "\r" + std::string(last.size() - 1, ' ') + "\r");
+    };
+    EXPECT_EQ(Drawn(80, show), "\rReading [" + half + none + "] 50 %" +      //
+                                   "\rDoing [" + half + half + "] 100 % " +  //
+                                   last + "     " + "\r" + std::string(last.size() - 1, ' ') +
+                                   "\r");
+    EXPECT_EQ(Drawn(80, [](ProgressBar&) {}), "") << "work of a moment needs no bar";
 }
 
-TEST_F(Bar, DrawsNothingWithoutATerminal) {
-    ProgressBar bar(nullptr, [&] { return now_; });
-    now_ += milliseconds(300);
-    bar.Show("Reading", 50);
-    bar.Clear();
-    EXPECT_EQ(IfTerminal(file_), nullptr);
+TEST(ProgressBars, FitTheTerminal) {
+    const auto show = [](ProgressBar& bar) { bar.Show("Reading", 50); };
+    EXPECT_EQ(Drawn(25, show), "\rReading [####     ] 50 %\r" + std::string(24, ' ') + "\r");
+    EXPECT_EQ(Drawn(16, show), "\rReading 50 %\r" + std::string(12, ' ') + "\r");
+    EXPECT_EQ(Drawn(6, show), "\rReadi\r     \r");
 }
 
 }  // namespace

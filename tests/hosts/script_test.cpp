@@ -1,4 +1,4 @@
-// Scripts run by the program, against a component of the tests' own.
+// Scripts run by the program.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -87,9 +87,11 @@ TEST_F(Scripts, GoOnAfterAHandlerThatFails) {
                   "print('end')"),
               0);
     EXPECT_EQ(Out(), "done\ndone\nend\n");
-    EXPECT_THAT(Err(), StartsWith("mavrin2: in the handler of Progress: script.lua:4: oh\nstack"));
-    EXPECT_THAT(Err(), HasSubstr("mavrin2: in the handler of Progress: No. (0x80004005)\nstack"));
-    EXPECT_THAT(Err(), HasSubstr("mavrin2: in the handler of Done: attempt to yield"));
+    EXPECT_THAT(Err(),
+                StartsWith("mavrin2: error in the handler of Progress: script.lua:4: oh\nstack"));
+    EXPECT_THAT(Err(),
+                HasSubstr("mavrin2: error in the handler of Progress: No. (0x80004005)\nstack"));
+    EXPECT_THAT(Err(), HasSubstr("mavrin2: error in the handler of Done: attempt to yield"));
 }
 
 TEST_F(Scripts, ReleaseEverythingHoweverTheyEnd) {
@@ -126,15 +128,13 @@ TEST_F(Scripts, EndWhenTheyAreInterrupted) {
     }
 }
 
-TEST_F(Scripts, DriveTheEditorByDefault) {
-    host_.Write("tone.wav", "TONE 44100 2 66150\n");
-    EXPECT_EQ(Run("local e = mavrin2.create()\n"
-                  "mavrin2.connect(e, {BlockOperation = print})\n"
-                  "e:Open('tone.wav')\n"
-                  "print(e.Position.TotalSamples, e.FileInfo.FormatString)\n"
-                  "assert(e.Position == e.Position)\n"),
-              0);
-    EXPECT_EQ(Out(), "50\n66150\tTONE format\n");
+TEST_F(Scripts, EditAsTheReadmeSays) {
+    Program program(
+        {"run", MAVRIN2_TEST_SCRIPTS "/editor.lua", MAVRIN2_TEST_SOUND, host_.Path("").string()},
+        host_.In());
+    EXPECT_EQ(program.Finish(), 0);
+    EXPECT_EQ(program.Err, "");
+    EXPECT_TRUE(host_.Read("piece.flac"));
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "hosts/script/commands/failure.h"
+#include "hosts/script/commands/command.h"
 
 namespace mavrin2::script {
 
@@ -10,7 +10,7 @@ CommandLine::CommandLine(std::span<const std::string> arguments,
                          std::span<const std::string_view> options, bool leading) {
     bool onlyOperands = false;
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
-        // A lone dash is a name.
+        // A lone dash is an operand.
         if (onlyOperands || !argument->starts_with('-') || *argument == "-") {
             operands_.push_back(*argument);
             onlyOperands = onlyOperands || leading;
@@ -22,7 +22,7 @@ CommandLine::CommandLine(std::span<const std::string> arguments,
             const std::size_t sign = std::min(argument->find('='), argument->size());
             const std::string name = argument->substr(0, sign);
             if (std::ranges::find(options, name) == options.end())
-                throw UsageError("unknown option " + name);
+                throw UsageError("unknown option '" + name + "'");
             if (sign < argument->size())
                 values_[name] = argument->substr(sign + 1);
             else if (++argument == arguments.end())

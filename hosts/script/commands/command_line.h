@@ -9,18 +9,17 @@
 
 namespace mavrin2::script {
 
-// What follows a command's name.
+// The arguments after a command's name.
 class CommandLine {
 public:
-    // `--help` is always among the options. With `leading`, options stand before the first operand
-    // only, and whatever follows that one is an operand. Every option takes a value, behind a blank
-    // or `=`. Throws UsageError.
+    // `--help` is always accepted. Every other option takes a value, as the next argument or after
+    // `=`. With `leading`, everything after the first operand is an operand too. Throws UsageError.
     CommandLine(std::span<const std::string> arguments, std::span<const std::string_view> options,
                 bool leading);
 
     bool AsksForHelp() const { return help_; }
     const std::vector<std::string>& Operands() const { return operands_; }
-    // The value given last.
+    // The last value given.
     std::optional<std::string> Value(std::string_view option) const;
 
 private:

@@ -1,39 +1,36 @@
 #include "hosts/script/commands/editor.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstdio>
+#include <memory>
 #include <system_error>
 
-#include "hosts/script/commands/failure.h"
-#include "hosts/script/process/component_finder.h"
-#include "hosts/script/process/interrupt.h"
+#include "hosts/script/commands/command.h"
+#include "platform/interrupt.h"
+#include "platform/terminal.h"
 
 namespace mavrin2::script {
 namespace {
 
-// The system says more clearly than a sound library why a file cannot be had.
+// The system's reason is clearer than a sound library's.
 void CheckReadable(const std::string& file) {
-    struct stat status = {};
-    int error = 0;
-    if (::stat(file.c_str(), &status) != 0)
-        error = errno;
-    else if (S_ISDIR(status.st_mode))
-        error = EISDIR;
-    else if (!S_ISREG(status.st_mode))
-        throw Failure(file, "Not a regular file");
-    else if (::access(file.c_str(), R_OK) != 0)
-        error = errno;
-    if (error != 0) throw Failure(file, std::generic_category().message(error));
+    std::error_code error;
+    const auto status = std::filesystem::status(file, error);
+    if (!std::filesystem::exists(status)) throw Failure(file, error.message());
+    if (std::filesystem::is_directory(status))
+        throw Failure(file, std::generic_category().message(EISDIR));
+    // Opening a pipe would wait.
+    if (!std::filesystem::is_regular_file(status)) throw Failure(file, "not a regular file");
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> opened(std::fopen(file.c_str(), "rb"),
+                                                                 &std::fclose);
+    if (!opened) throw Failure(file, std::generic_category().message(errno));
 }
 
 }  // namespace
 
 Editor::Editor()
     : editor_(CreateObject(kEditorProgId)),
-      bar_(IfTerminal(stderr)),
+      bar_(platform::TerminalWidth(stderr) ? stderr : nullptr),
       events_(editor_.Object(), [this](DISPID event, std::span<const VARIANT> arguments) {
           OnEvent(event, arguments);
       }) {
@@ -43,7 +40,7 @@ Editor::Editor()
 
 void Editor::OnEvent(DISPID event, std::span<const VARIANT> arguments) {
     if (event != progress_) return;
-    if (Interrupted()) {
+    if (platform::Interrupted()) {
         editor_.Call("Stop");
         return;
     }
@@ -63,16 +60,16 @@ void Editor::Run(const char* work, const std::string& name, auto&& operation) {
         throw Failure(name, error.what());
     }
     bar_.Clear();
-    if (Interrupted()) throw Interruption();
+    if (platform::Interrupted()) throw Interruption();
 }
 
 void Editor::Open(const std::string& file) {
     CheckReadable(file);
     Run("Reading", file, [&] { editor_.Call("Open", file); });
-    // Without a work file there is no document, and that is no error of the control's.
+    // Without a work file there is no document, which the control does not report as an error.
     const std::string folder = editor_.Text("TempDirectory");
     if (std::filesystem::is_directory(folder))
-        throw Failure(file, "No room for it in the temporary folder " + folder);
+        throw Failure(file, "no work file can be made in the temporary folder " + folder);
 }
 
 std::string Editor::Format() const {

@@ -11,15 +11,15 @@
 
 namespace mavrin2::script {
 
-// The sound editor as the commands use it. What takes long shows its progress on a terminal, and
-// throws Interruption once the user has asked to stop. Everything throws Failure or CallError.
+// The sound editor as the commands use it. Long operations show their progress on a terminal and
+// throw Interruption when the user asks to stop. All members throw Failure or CallError.
 class Editor {
 public:
     Editor();
     Editor(const Editor&) = delete;
     Editor& operator=(const Editor&) = delete;
 
-    // Opens a sound file; afterwards there is a document.
+    // Opens a sound file as the document.
     void Open(const std::string& file);
 
     std::string Format() const;
@@ -27,18 +27,18 @@ public:
     std::int32_t Rate() const;
     std::int32_t Channels() const;
 
-    // In frames; `end` is the first that does not belong to it.
+    // Selects frames from `start` to before `end`.
     void Select(std::int32_t start, std::int32_t end) const;
 
-    // What a picture shows: frames from `start` to before `end`; a spectrum instead of the
-    // waveform; one channel, counted from 1, or not.
+    // What a picture shows: frames from `start` to before `end`; the spectrum in place of the
+    // waveform; a channel, counted from 1, or not.
     void ShowRange(std::int32_t start, std::int32_t end) const;
     void ShowSpectrum() const;
     void ShowChannel(std::int32_t channel, bool visible) const;
-    // For a window to show it.
+    // The control, for a window to show.
     IUnknown& Control() const { return editor_.Object(); }
 
-    // Writes the document, or its selection. `name` stands for the file in messages.
+    // Writes the document, or its selection. Messages call the file `name`.
     void Save(const std::filesystem::path& file, const std::string& name, bool selection);
 
 private:

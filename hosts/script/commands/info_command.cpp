@@ -1,10 +1,9 @@
-#include "hosts/script/commands/info_command.h"
-
 #include <cstdio>
 
+#include "hosts/script/commands/command.h"
+#include "hosts/script/commands/command_line.h"
 #include "hosts/script/commands/editor.h"
-#include "hosts/script/commands/failure.h"
-#include "hosts/script/commands/time_text.h"
+#include "hosts/script/commands/times.h"
 
 namespace mavrin2::script {
 namespace {
@@ -12,10 +11,10 @@ namespace {
 constexpr const char* kHelp =
     R"(Usage: mavrin2 info FILE...
 
-Tells of each sound file its format, its length (hours:minutes:seconds and sample frames), its rate
-in frames per second and its channels.
+Shows the format, length (hours:minutes:seconds and sample frames), sample rate in hertz and number of
+channels of each sound file.
 
-Exit codes: 0 all files were read, 1 one could not be read, 2 wrong use.
+Exit codes: 0 success, 1 a file could not be read, 2 usage error.
 )";
 
 void Print(const Editor& editor, const std::string& file) {
@@ -32,7 +31,7 @@ void Print(const Editor& editor, const std::string& file) {
 }
 
 int Run(const CommandLine& line) {
-    if (line.Operands().empty()) throw UsageError("info needs a file");
+    if (line.Operands().empty()) throw UsageError("info needs at least one file");
     Editor editor;
     int code = kSuccess;
     bool first = true;
@@ -43,7 +42,7 @@ int Run(const CommandLine& line) {
             Print(editor, file);
             first = false;
         } catch (const Failure& failure) {
-            // In the order in which they happened, also in one file.
+            // In order, also where both streams go to one file.
             std::fflush(stdout);
             std::fprintf(stderr, "mavrin2: %s\n", failure.what());
             code = kFailure;

@@ -8,7 +8,7 @@
 #include <string>
 #include <system_error>
 
-#include "hosts/script/commands/failure.h"
+#include "hosts/script/commands/command.h"
 
 namespace mavrin2::script {
 namespace {

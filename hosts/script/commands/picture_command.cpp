@@ -1,5 +1,3 @@
-#include "hosts/script/commands/picture_command.h"
-
 #include <algorithm>
 #include <charconv>
 #include <filesystem>
@@ -7,10 +5,11 @@
 #include <system_error>
 
 #include "automation/text.h"
+#include "hosts/script/commands/command.h"
+#include "hosts/script/commands/command_line.h"
 #include "hosts/script/commands/editor.h"
-#include "hosts/script/commands/failure.h"
 #include "hosts/script/commands/output_file.h"
-#include "hosts/script/commands/time_range.h"
+#include "hosts/script/commands/times.h"
 #include "hosts/script/container/host_window.h"
 #include "hosts/script/container/png_file.h"
 
@@ -20,18 +19,18 @@ namespace {
 constexpr const char* kHelp =
     R"(Usage: mavrin2 picture IN OUT.png [OPTION...]
 
-Draws the sound of file IN as the editor shows it, and writes the picture to file OUT.png. An older
-file is replaced once the new one is complete.
+Draws sound file IN as the editor shows it, and writes the picture to file OUT.png. An existing file
+is replaced when the new one is complete.
 
   --size WIDTHxHEIGHT    in pixels; 1200x300 if not given
   --view KIND            waveform (if not given) or spectral: frequency upward, level as colour
-  --start TIME           leave out what comes before
-  --end TIME             leave out what comes from there on
-  --selection TIME-TIME  select a piece
+  --start TIME           where the picture starts; the beginning if not given
+  --end TIME             where the picture ends; the end if not given
+  --selection TIME-TIME  a range to show as selected
   --channels WHICH       left, right or both (if not given)
 
-A TIME is 1.5 (seconds), 1:30.25 (minutes and seconds) or 66150f (sample frames).
-Exit codes: 0 done, 1 failed, 2 wrong use.
+TIME is 1.5 (seconds), 1:30.25 (minutes and seconds) or 66150f (sample frames).
+Exit codes: 0 success, 1 failure, 2 usage error.
 )";
 
 constexpr std::string_view kSize = "--size";
@@ -45,7 +44,7 @@ struct Size {
     int Height = 300;
 };
 
-// What a number of pixels may be; 0 for anything else.
+// A number of pixels; 0 for anything that is none.
 int ParseLength(std::string_view text) {
     int value = 0;
     const char* end = text.data() + text.size();
@@ -62,12 +61,12 @@ Size SizeOf(const CommandLine& line) {
     const Size size{ParseLength(whole.substr(0, sign)),
                     ParseLength(whole.substr(std::min(sign + 1, whole.size())))};
     if (size.Width == 0 || size.Height == 0 || !HostWindow::CanBe(size.Width, size.Height))
-        throw UsageError("--size " + *text +
-                         ": not a size; write 1200x300; at most 32767 each, 2^26 altogether");
+        throw UsageError("invalid size '" + *text +
+                         "'; try 1200x300 (at most 32767 each, 67108864 pixels in all)");
     return size;
 }
 
-// The place of the option's value among those it may have; 0, the first, without the option.
+// The index of the option's value among its choices; 0 if the option is not given.
 int ChoiceOf(const CommandLine& line, std::string_view option,
              std::span<const std::string_view> choices) {
     const auto text = line.Value(option);
@@ -77,7 +76,8 @@ int ChoiceOf(const CommandLine& line, std::string_view option,
         std::string names;
         for (const std::string_view choice : choices)
             names += (names.empty() ? "" : ", ") + std::string(choice);
-        throw UsageError(std::string(option) + " " + *text + ": there are " + names);
+        throw UsageError("unknown value '" + *text + "' for " + std::string(option) + "; try " +
+                         names);
     }
     return static_cast<int>(found - choices.begin());
 }
@@ -87,12 +87,12 @@ std::optional<TimeRange> SelectionOf(const CommandLine& line) {
     if (!text) return std::nullopt;
     const std::size_t dash = text->find('-');
     if (dash == std::string::npos)
-        throw UsageError("--selection " + *text + ": not two times; write 1.5-2.25");
+        throw UsageError("invalid range '" + *text + "' for --selection; try 1.5-2.25");
     return TimeRange(TimeOf(kSelection, text->substr(0, dash)),
                      TimeOf(kSelection, text->substr(dash + 1)), kSelection);
 }
 
-// Of what the command line says, all but the file names.
+// All that the command line says but the file names.
 struct Options {
     explicit Options(const CommandLine& line)
         : Dimensions(SizeOf(line)), View(line), Selection(SelectionOf(line)) {
@@ -110,7 +110,8 @@ struct Options {
 };
 
 void Arrange(const Editor& editor, const Options& options, const std::string& file) {
-    if (options.OnlyChannel > editor.Channels()) throw Failure(file, "Has no right channel");
+    if (options.OnlyChannel > editor.Channels())
+        throw Failure(file, "the file has no right channel");
     if (options.OnlyChannel != 0)
         for (int channel = 1; channel <= editor.Channels(); ++channel)
             editor.ShowChannel(channel, channel == options.OnlyChannel);
@@ -128,7 +129,7 @@ void Arrange(const Editor& editor, const Options& options, const std::string& fi
 
 void Draw(const Editor& editor, const Options& options, const std::filesystem::path& file,
           const std::string& name) {
-    // Drawn once, so the control needs no window of its own.
+    // Inactive: drawn once, the control needs no window inside this one.
     HostWindow window(editor.Control(), options.Dimensions.Width, options.Dimensions.Height, false);
     try {
         WritePng(file, window.Update());
@@ -145,9 +146,9 @@ int Run(const CommandLine& line) {
     const std::string& out = line.Operands()[1];
     const Options options(line);
     if (automation::AsciiLower(std::filesystem::path(out).extension().string()) != ".png")
-        throw UsageError(out + ": pictures are written to .png files");
+        throw UsageError(out + ": pictures are PNG files; try a name that ends in .png");
 
-    // First, so that nobody waits for a picture that cannot be put anywhere.
+    // First, so that a bad output name is reported before the input is read.
     OutputFile output(out);
     Editor editor;
     editor.Open(in);

@@ -7,19 +7,18 @@
 
 namespace mavrin2::script {
 
-// A bar on a terminal, for work that takes long enough to be looked at. Nothing of it is left when
-// it goes.
+// A progress bar on a terminal, for work that takes more than a moment. The destructor erases it.
 class ProgressBar {
 public:
     using Clock = std::function<std::chrono::steady_clock::time_point()>;
 
-    // Draws nothing where `stream` is null.
+    // Draws nothing if `stream` is null.
     explicit ProgressBar(std::FILE* stream, Clock clock = &std::chrono::steady_clock::now);
     ProgressBar(const ProgressBar&) = delete;
     ProgressBar& operator=(const ProgressBar&) = delete;
     ~ProgressBar() { Clear(); }
 
-    // `work` says what is done; `percent` is limited to 0 … 100.
+    // `work` names the operation; `percent` is limited to 0 … 100.
     void Show(std::string_view work, int percent);
     void Clear();
 
@@ -30,8 +29,5 @@ private:
     int shownPercent_ = -1;
     std::size_t shownWidth_ = 0;
 };
-
-// The stream when it is a terminal, else null.
-std::FILE* IfTerminal(std::FILE* stream);
 
 }  // namespace mavrin2::script

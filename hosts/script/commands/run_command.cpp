@@ -1,12 +1,12 @@
-#include "hosts/script/commands/run_command.h"
-
 #include <cstdio>
 #include <lua.hpp>
 
-#include "hosts/script/commands/failure.h"
+#include "hosts/script/commands/command.h"
+#include "hosts/script/commands/command_line.h"
 #include "hosts/script/lua/lua_error.h"
 #include "hosts/script/lua/lua_host.h"
 #include "hosts/script/lua/lua_interrupt.h"
+#include "platform/interrupt.h"
 
 namespace mavrin2::script {
 namespace {
@@ -14,24 +14,24 @@ namespace {
 constexpr const char* kHelp =
     R"(Usage: mavrin2 run SCRIPT.lua [ARGUMENT...]
 
-Runs a script in Lua 5.4, with Lua's whole library, the arguments in `arg` and these functions:
+Runs a Lua 5.4 script with Lua's standard library, the arguments in `arg` and these functions:
 
-  mavrin2.create([name])         a new sound editor, or another component by its name
-  object.Name, object.Name = v   a property
-  object:Name(a, b)              a method, or an indexed property
-  mavrin2.put(object, "Name", index, v)   writes an indexed property
-  mavrin2.const.NAME             the member of an enumeration
-  mavrin2.connect(object, {Event = function(...) end})   listens, until close() of the result
-  mavrin2.pump(milliseconds)     waits, and delivers the events that arrive
-  mavrin2.members(object)        what an object understands
-  mavrin2.window(object, width, height)   shows a control in a window without a screen, which has
+  mavrin2.create([progid])       create a sound editor, or another component
+  object.Name, object.Name = v   read, write a property
+  object:Name(a, b)              call a method, or read an indexed property
+  mavrin2.put(object, "Name", index, v)   write an indexed property
+  mavrin2.const.NAME             a constant of an enumeration
+  mavrin2.connect(object, {Event = function(...) end})   handle events until close() of the result
+  mavrin2.pump(milliseconds)     wait, delivering events
+  mavrin2.members(object)        list the properties, methods and events of an object
+  mavrin2.window(object, width, height)   show a control in a window without a screen; the result has
       resize(width, height), pixel(x, y), save("FILE.png") and close()
 
-A call that fails raises a table {status =, description =}.
-Exit codes: 0 all went well, 1 the script failed, 2 wrong use.
+A failing call raises a table {status =, description =}.
+Exit codes: 0 success, 1 the script failed, 2 usage error.
 )";
 
-// Gets the arguments as a light userdata; runs the script.
+// Runs the script; its name and arguments are passed as a light userdata.
 int RunScript(lua_State* lua) {
     const auto& arguments = *static_cast<const std::vector<std::string>*>(lua_touserdata(lua, 1));
     lua_settop(lua, 0);
@@ -63,7 +63,9 @@ int Run(const CommandLine& line) {
     if (lua_pcall(lua, 1, 0, 0) == LUA_OK) return kSuccess;
     const char* message = lua_tostring(lua, -1);
     std::fflush(stdout);
-    std::fprintf(stderr, "mavrin2: %s\n", message ? message : "the script failed");
+    // Without a reader the output ends early, which is no failure of the script.
+    if (!(platform::Interrupted() && std::ferror(stdout)))
+        std::fprintf(stderr, "mavrin2: %s\n", message ? message : "the script failed");
     return kFailure;
 }
 

@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "hosts/script/late_binding/call_error.h"
 #include "hosts/script/late_binding/late_binding.h"
-#include "hosts/script/late_binding/status_text.h"
 #include "platform/pixel_target.h"
 
 namespace mavrin2::script {

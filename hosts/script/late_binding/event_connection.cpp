@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "automation/guarded.h"
+#include "hosts/script/late_binding/call_error.h"
 #include "hosts/script/late_binding/late_binding.h"
-#include "hosts/script/late_binding/status_text.h"
 
 namespace mavrin2::script {
 namespace {
@@ -20,7 +20,7 @@ ComPtr<ITypeInfo> RequireEvents(IDispatch& object) {
 
 }  // namespace
 
-// What the object calls. It outlives the connection when an event is just being delivered.
+// Receives the events. It outlives the connection while it delivers one.
 class EventConnection::Sink final : public IDispatch {
 public:
     Sink(REFIID events, Handler handler) : events_(events), handler_(std::move(handler)) {}

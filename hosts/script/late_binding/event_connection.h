@@ -14,11 +14,11 @@ namespace mavrin2::script {
 // keeps the object alive.
 class EventConnection {
 public:
-    // Called synchronously for each event, with its arguments in the order of declaration. What it
-    // throws goes to whoever raised the event, as a failing status.
+    // Called synchronously for each event, with its arguments in the order of declaration. An
+    // exception becomes a failing status for the object that raised the event.
     using Handler = std::function<void(DISPID event, std::span<const VARIANT> arguments)>;
 
-    // Throws CallError when the object raises no events or refuses.
+    // Throws CallError if the object raises no events or refuses the connection.
     EventConnection(IDispatch& object, Handler handler);
     EventConnection(const EventConnection&) = delete;
     EventConnection& operator=(const EventConnection&) = delete;
@@ -26,7 +26,7 @@ public:
 
     const TypeDescription& Events() const { return events_; }
 
-    // From then on the handler is not called; it may be what calls this. Closing again is harmless.
+    // The handler is not called any more. It may itself call this. Closing twice is harmless.
     void Close();
 
 private:

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "automation/text.h"
-#include "hosts/script/late_binding/status_text.h"
+#include "hosts/script/late_binding/call_error.h"
 
 namespace mavrin2::script {
 namespace {
@@ -17,7 +17,7 @@ using automation::Variant;
 
 constexpr UINT kNoArgument = static_cast<UINT>(-1);
 
-// What a component tells of its own failure; the strings are given back on every path.
+// A component's description of its failure; owns the strings.
 class ExceptionInformation : public EXCEPINFO {
 public:
     ExceptionInformation() : EXCEPINFO{} {}

@@ -2,28 +2,18 @@
 
 #include <cstdint>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
 #include "automation/com_ptr.h"
 #include "automation/variant.h"
+#include "hosts/script/late_binding/call_error.h"
 #include "platform/automation.h"
 
 namespace mavrin2::script {
 
-// A call that failed. what() is a sentence for people: the component's own description where it
-// gave one.
-class CallError final : public std::runtime_error {
-public:
-    CallError(HRESULT status, const std::string& description)
-        : std::runtime_error(description), status_(status) {}
-
-    HRESULT Status() const { return status_; }
-
-private:
-    HRESULT status_;
-};
+// The program identifier of the sound editor.
+inline constexpr const char* kEditorProgId = "KovMavrin2.Mavrin2";
 
 // A new object of the class with that program identifier. Throws CallError.
 automation::ComPtr<IDispatch> CreateObject(std::string_view progId);
@@ -38,8 +28,7 @@ struct Invocation {
 // Calls a member by its identifier; the caller keeps the arguments. Throws CallError.
 automation::Variant Invoke(IDispatch& object, const Invocation& call);
 
-// An object whose members are called by their names, as a script does. Every member throws
-// CallError.
+// Calls the members of an object by name, as a script does. All of it throws CallError.
 class LateBound {
 public:
     explicit LateBound(automation::ComPtr<IDispatch> object) : object_(std::move(object)) {}
@@ -56,7 +45,7 @@ public:
     }
     std::int32_t Number(std::string_view property) const;
     std::string Text(std::string_view property) const;
-    // A property that is an object itself.
+    // A property whose value is an object.
     LateBound Part(std::string_view property) const;
 
 private:
@@ -66,7 +55,7 @@ private:
     static automation::Variant ToVariant(const std::string& text) {
         return ToVariant(std::string_view(text));
     }
-    // A literal would rather become a bool than a view.
+    // A literal would convert to bool rather than to a view.
     static automation::Variant ToVariant(const char* text) {
         return ToVariant(std::string_view(text));
     }

@@ -4,8 +4,8 @@
 #include <iterator>
 
 #include "automation/text.h"
+#include "hosts/script/late_binding/call_error.h"
 #include "hosts/script/late_binding/late_binding.h"
-#include "hosts/script/late_binding/status_text.h"
 
 namespace mavrin2::script {
 namespace {
@@ -18,7 +18,7 @@ void Check(HRESULT status) {
     if (FAILED(status)) throw CallError(status, "Type description: " + StatusText(status));
 }
 
-// A record that type information lent, given back at the end.
+// A record borrowed from type information, released by the destructor.
 template <class Record, auto Get, auto Release>
 class Lent {
 public:
@@ -89,7 +89,7 @@ const char* NameOf(VARTYPE type) {
 }
 
 DescribedType Plain(VARTYPE type) {
-    // Statuses are how a failure is told, not a result.
+    // A status reports failure; it is no result.
     if (type == VT_HRESULT) type = VT_VOID;
     if (type == VT_INT) type = VT_I4;
     if (type == VT_UINT) type = VT_UI4;
@@ -125,7 +125,7 @@ DescribedParameter Describe(ITypeInfo& information, const ELEMDESC& element, std
     return parameter;
 }
 
-// The names of a member's parameters. The value of a put has none.
+// The names of a member's parameters. Type information does not name the value of a put.
 std::vector<std::string> ParameterNames(ITypeInfo& information, const FUNCDESC& function) {
     const auto parameters = static_cast<std::size_t>(function.cParams);
     std::vector<BSTR> names(parameters + 1);

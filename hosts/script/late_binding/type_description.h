@@ -11,8 +11,8 @@
 
 namespace mavrin2::script {
 
-// What a type library says of a value: how it travels in a variant (an enumeration as VT_I4, an
-// object as VT_DISPATCH, an array as VT_ARRAY | its element) and what people call it.
+// The type of a value according to a type library: its variant type (VT_I4 for an enumeration,
+// VT_DISPATCH for an object, VT_ARRAY | element for an array) and a name to display.
 struct DescribedType {
     VARTYPE Type = VT_VOID;
     std::string Name;
@@ -35,14 +35,15 @@ struct DescribedMember {
     DISPID Id = DISPID_UNKNOWN;
     INVOKEKIND Kind = INVOKE_FUNC;
     std::string Help;
-    std::vector<DescribedParameter> Parameters;  // the value of a put stands last
-    DescribedType Result;                        // void when there is none
+    std::vector<DescribedParameter> Parameters;  // the value of a put comes last
+    DescribedType Result;                        // void if there is no result
 };
 
-// An interface as its type information tells it. Failures of the type information throw CallError.
+// An interface as its type information describes it. Failures of the type information throw
+// CallError.
 class TypeDescription {
 public:
-    // Of an object that tells nothing of its type.
+    // For an object without type information.
     TypeDescription() = default;
     explicit TypeDescription(ITypeInfo& information);
 
@@ -64,14 +65,14 @@ private:
 inline constexpr int kAnyKind =
     INVOKE_FUNC | INVOKE_PROPERTYGET | INVOKE_PROPERTYPUT | INVOKE_PROPERTYPUTREF;
 
-// The type information of an object's interface; null when it says that it has none. Throws
-// CallError when it cannot tell.
+// The type information of an object's interface; null if it has none. Throws CallError if the
+// object fails to provide it.
 automation::ComPtr<ITypeInfo> TypeInformationOf(IDispatch& object);
 
 // The identifier of a type.
 GUID IdOf(ITypeInfo& information);
 
-// The default event interface of an object's class; nothing when the object tells of none.
+// The default event interface of an object's class; null if it has none.
 automation::ComPtr<ITypeInfo> EventsOf(IDispatch& object);
 
 struct Constant {

@@ -1,4 +1,4 @@
-#include "hosts/script/lua/lua_by_name.h"
+#include "hosts/script/lua/lua_call.h"
 
 #include <vector>
 
@@ -39,7 +39,7 @@ Variant InvokeWith(lua_State* lua, IDispatch& object, std::string_view name, WOR
 
 int CallByName(lua_State* lua) {
     const std::string name = lua_tostring(lua, lua_upvalueindex(1));
-    // Held, because a handler may let go of it.
+    // Held, since a handler may release it.
     const automation::ComPtr<IDispatch> object = CheckObject(lua, 1).Object;
     PushVariant(lua, InvokeWith(lua, *object, name, kRead, 2));
     return 1;

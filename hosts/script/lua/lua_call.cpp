@@ -6,7 +6,6 @@
 
 #include "automation/variant.h"
 #include "hosts/script/late_binding/late_binding.h"
-#include "hosts/script/lua/lua_by_name.h"
 #include "hosts/script/lua/lua_object.h"
 #include "hosts/script/lua/lua_value.h"
 
@@ -31,9 +30,9 @@ public:
             passed_.push_back(parameter.Out ? ByReference(i) : values_[i]);
         }
         if (const int given = lua_gettop(lua) - first + 1; given > next - first)
-            throw CallError(DISP_E_BADPARAMCOUNT,
-                            member.Name + " takes at most " + std::to_string(next - first) +
-                                " arguments, " + std::to_string(given) + " given.");
+            throw CallError(DISP_E_BADPARAMCOUNT, member.Name + ": too many arguments (" +
+                                                      std::to_string(given) + ", at most " +
+                                                      std::to_string(next - first) + ").");
         while (!passed_.empty() && IsLeftOut(passed_.back()))
             passed_.pop_back();
     }
@@ -59,7 +58,7 @@ private:
         if (nothing && (parameter.Optional || !meansNull)) {
             if (!parameter.Optional)
                 throw CallError(DISP_E_PARAMNOTOPTIONAL,
-                                member_.Name + ": argument " + parameter.Name + " is missing.");
+                                member_.Name + ": missing argument " + parameter.Name + ".");
             value.vt = VT_ERROR;
             value.scode = DISP_E_PARAMNOTFOUND;
             return;
@@ -104,8 +103,8 @@ Variant Call(IDispatch& object, const DescribedMember& member, Arguments& argume
                   {member.Name, member.Id, static_cast<WORD>(member.Kind), arguments.Passed()});
 }
 
-// The member that takes a new value: the one for references when an object is given and there is
-// one.
+// The member that writes the property: by reference if an object is given and the property allows
+// it.
 const DescribedMember& Settable(lua_State* lua, const TypeDescription& type,
                                 std::string_view name) {
     const DescribedMember* value = type.Find(name, INVOKE_PROPERTYPUT);
@@ -118,7 +117,7 @@ const DescribedMember& Settable(lua_State* lua, const TypeDescription& type,
                         type.Name() + " has no member '" + std::string(name) + "'.");
     throw CallError(DISP_E_MEMBERNOTFOUND,
                     type.Name() + "." + other->Name +
-                        (other->Kind == INVOKE_FUNC ? " is a method." : " can only be read."));
+                        (other->Kind == INVOKE_FUNC ? " is a method." : " is read-only."));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <lua.hpp>
+#include <string>
 #include <string_view>
 
 #include "hosts/script/lua/lua_host.h"
@@ -12,8 +13,17 @@ namespace mavrin2::script {
 // nil at the place of an optional parameter are left out of the call.
 int CallMember(lua_State* lua, IDispatch& object, const DescribedMember& member, int first);
 
-// Writes a property: its indices, if it has any, and its new value stand from `first` to the top.
+// Writes a property. The stack from `first` to the top holds its indices, if any, and the value.
 void PutMember(lua_State* lua, IDispatch& object, const TypeDescription& type,
                std::string_view name, int first);
+
+// Members of objects without type information are looked up by name, and the objects convert the
+// arguments. Throws CallError.
+
+// Pushes a property's value, or a function if the object needs arguments to read it.
+int ReadByName(lua_State* lua, IDispatch& object, const std::string& name);
+
+// The stack from `first` to the top holds the indices, if any, and the value.
+void PutByName(lua_State* lua, IDispatch& object, std::string_view name, int first);
 
 }  // namespace mavrin2::script

@@ -1,14 +1,13 @@
-#include "hosts/script/lua/lua_constants.h"
+#include "hosts/script/lua/lua_module.h"
 
 #include "hosts/script/lua/lua_error.h"
 #include "hosts/script/lua/lua_host.h"
 #include "hosts/script/lua/lua_value.h"
-#include "hosts/script/process/component_finder.h"
 
 namespace mavrin2::script {
 namespace {
 
-// Adds what the libraries of the known types hold; the upvalue is the number of types read before.
+// Adds the constants of types that have become known; the upvalue counts the types already read.
 void ReadNewLibraries(lua_State* lua, int table) {
     const auto& types = LuaHost::Of(lua).Types();
     auto read = static_cast<std::size_t>(lua_tointeger(lua, lua_upvalueindex(1)));
@@ -33,11 +32,11 @@ int FindConstant(lua_State* lua) {
     const char* name = luaL_checkstring(lua, 2);
     ReadNewLibraries(lua, 1);
     if (PushField(lua)) return 1;
-    // Its type information is reached through an object only.
+    // Only an object gives access to its type information.
     LuaHost::Of(lua).TypeOf(*CreateObject(kEditorProgId));
     ReadNewLibraries(lua, 1);
     if (PushField(lua)) return 1;
-    return luaL_error(lua, "no enumeration has a member '%s'", name);
+    return luaL_error(lua, "unknown constant '%s'", name);
 }
 
 }  // namespace

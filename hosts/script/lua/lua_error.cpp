@@ -21,7 +21,7 @@ int ErrorToString(lua_State* lua) {
 
 void PushError(lua_State* lua, HRESULT status, const char* description) {
     lua_createtable(lua, 0, 2);
-    // As it is written everywhere, without a sign.
+    // Unsigned, as statuses are usually written.
     lua_pushinteger(lua, static_cast<std::uint32_t>(status));
     lua_setfield(lua, -2, "status");
     lua_pushstring(lua, description);

@@ -5,8 +5,8 @@
 #include <stdexcept>
 
 #include "automation/guarded.h"
+#include "hosts/script/late_binding/call_error.h"
 #include "hosts/script/late_binding/late_binding.h"
-#include "hosts/script/late_binding/status_text.h"
 #include "hosts/script/lua/lua_host.h"
 
 namespace mavrin2::script {
@@ -20,7 +20,7 @@ void PushMessage(lua_State* lua, const char* message);
 // A message handler: the error as text with a traceback.
 int WithTraceback(lua_State* lua);
 
-// A function for Lua made of one that throws C++ exceptions: they become Lua errors.
+// Wraps a function that throws C++ exceptions as one that raises Lua errors.
 template <int (*Body)(lua_State*)>
 int Protected(lua_State* lua) {
     const LuaHost::Entry entry(lua);

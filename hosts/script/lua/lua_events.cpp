@@ -1,4 +1,4 @@
-#include "hosts/script/lua/lua_events.h"
+#include "hosts/script/lua/lua_module.h"
 
 #include <cstdio>
 #include <memory>
@@ -12,15 +12,15 @@
 #include "hosts/script/lua/lua_interrupt.h"
 #include "hosts/script/lua/lua_object.h"
 #include "hosts/script/lua/lua_value.h"
-#include "hosts/script/process/interrupt.h"
+#include "platform/interrupt.h"
 
 namespace mavrin2::script {
 namespace {
 
 constexpr const char* kConnectionType = "mavrin2.connection";
 
-// An event on its way to a handler. The connection is known by number only: what Lua holds must not
-// be held from inside the component as well.
+// An event to deliver. It refers to its connection by number: a pointer held by the component would
+// keep alive what Lua is to collect.
 struct Delivery {
     const void* Identity;
     lua_Integer Connection;
@@ -29,12 +29,12 @@ struct Delivery {
 };
 
 void Report(const char* where, const char* message) {
-    std::fprintf(stderr, "mavrin2: %s: %s\n", where, message ? message : "an error");
+    std::fprintf(stderr, "mavrin2: %s: %s\n", where, message ? message : "unknown error");
 }
 
 int Deliver(lua_State* lua) {
     const auto& delivery = *static_cast<const Delivery*>(lua_touserdata(lua, 1));
-    // Held, because the handler may close it.
+    // Held, since the handler may close it.
     const auto connection = FindConnection(lua, delivery.Identity, delivery.Connection);
     if (!connection) return 0;
     lua_pushcfunction(lua, &WithTraceback);
@@ -46,7 +46,7 @@ int Deliver(lua_State* lua) {
     const int count = static_cast<int>(delivery.Arguments.size());
     if (lua_pcall(lua, count, 0, -count - 2) == LUA_OK) return 0;
     const DescribedMember* event = connection->Events().Find(delivery.Event, INVOKE_FUNC);
-    Report(("in the handler of " + (event ? event->Name : "an event")).c_str(),
+    Report(("error in the handler of " + (event ? event->Name : "an event")).c_str(),
            lua_tostring(lua, -1));
     return 0;
 }
@@ -58,11 +58,11 @@ void DeliverToScript(LuaHost& host, Delivery delivery) {
     lua_pushcfunction(lua, &Protected<&Deliver>);
     lua_pushlightuserdata(lua, &delivery);
     if (lua_pcall(lua, 1, 0, 0) != LUA_OK) {
-        Report("an event was lost", lua_tostring(lua, -1));
+        Report("an event was not delivered", lua_tostring(lua, -1));
         lua_pop(lua, 1);
     }
-    // What was to end the script may have ended no more than the handler.
-    if (Interrupted()) InterruptLua(host.Main());
+    // The interrupt may have ended the handler only.
+    if (platform::Interrupted()) InterruptLua(host.Main());
 }
 
 std::string NamesOf(const TypeDescription& events) {
@@ -80,17 +80,17 @@ void ResolveHandlers(lua_State* lua, const TypeDescription& events) {
         const char* name = lua_type(lua, -2) == LUA_TSTRING ? lua_tostring(lua, -2) : nullptr;
         const DescribedMember* event = name ? events.Find(name, INVOKE_FUNC) : nullptr;
         if (!event)
-            luaL_error(lua, "no event '%s'; there are %s", luaL_tolstring(lua, -2, nullptr),
+            luaL_error(lua, "unknown event '%s'; try %s", luaL_tolstring(lua, -2, nullptr),
                        NamesOf(events).c_str());
         if (!lua_isfunction(lua, -1))
-            luaL_error(lua, "the handler of %s is a %s, not a function", name,
+            luaL_error(lua, "the handler of %s must be a function, not a %s", name,
                        luaL_typename(lua, -1));
         lua_rawseti(lua, -3, event->Id);
     }
     lua_replace(lua, -2);
 }
 
-// What the script holds of a connection, which belongs to the object it listens to.
+// A script's reference to a connection, which the object owns.
 struct ConnectionValue {
     const void* Identity;
     lua_Integer Number;

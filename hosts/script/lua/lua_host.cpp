@@ -10,8 +10,8 @@
 namespace mavrin2::script {
 namespace {
 
-// os.exit leaves without a word to C++: the state is closed first, as if the script had ended, so
-// that no work file stays behind.
+// os.exit would end the process without running destructors, and work files would stay. So the
+// state is closed first, as at the end of the script.
 int ExitClosingState(lua_State* lua) {
     lua_settop(lua, 1);
     lua_pushvalue(lua, lua_upvalueindex(1));
@@ -61,14 +61,14 @@ HostWindow* LuaHost::AddWindow(std::shared_ptr<HostWindow> window) {
 void LuaHost::CloseWindow(HostWindow* window) {
     const auto found = std::ranges::find(windows_, window, &std::shared_ptr<HostWindow>::get);
     if (found == windows_.end()) return;
-    // Out of the list first: the control may run handlers while it leaves.
+    // Removed first: the control may call handlers while it is closed.
     const std::shared_ptr<HostWindow> closed = std::move(*found);
     windows_.erase(found);
 }
 
 const KnownType& LuaHost::TypeOf(IDispatch& object) {
     automation::ComPtr<ITypeInfo> information = TypeInformationOf(object);
-    if (!information) return untold_;
+    if (!information) return untyped_;
     const GUID id = IdOf(*information);
     const auto found = std::ranges::find_if(
         types_, [&](const std::unique_ptr<KnownType>& type) { return IsEqualGUID(type->Id, id); });

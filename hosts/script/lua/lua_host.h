@@ -9,7 +9,7 @@
 
 namespace mavrin2::script {
 
-// One Lua state, with Lua's standard library and the module `mavrin2`, and what C++ keeps for it.
+// A Lua state with Lua's standard library and the module `mavrin2`, and the C++ side of its values.
 // The Lua library in use is compiled as C++: its errors are exceptions, which run destructors.
 class LuaHost {
 public:
@@ -23,24 +23,24 @@ public:
     static LuaHost& Of(lua_State* lua);
 
     lua_State* Main() const { return main_; }
-    // The coroutine that called into C++ last and waits for it: events are delivered on it.
+    // The coroutine that is calling into C++. Events are delivered on it.
     lua_State* Current() const { return current_; }
 
-    // Each type is described once; all objects that tell nothing of theirs share one. Throws
-    // CallError.
+    // The type of an object; each is described once. Objects without type information share an
+    // empty one. Throws CallError.
     const KnownType& TypeOf(IDispatch& object);
     const std::vector<std::unique_ptr<KnownType>>& Types() const { return types_; }
 
     ObjectValues& Objects() { return objects_; }
 
-    // Windows of the script, which close with it at the latest.
+    // The script's windows; all close when the script ends.
     HostWindow* AddWindow(std::shared_ptr<HostWindow> window);
     void CloseWindow(HostWindow* window);
 
-    // A number that no other connection of this script has.
+    // A number for a new connection.
     lua_Integer NewNumber() { return ++lastNumber_; }
 
-    // While a function of C++ runs for a script.
+    // Exists while a C++ function runs for a coroutine.
     class Entry {
     public:
         explicit Entry(lua_State* lua) : host_(Of(lua)), before_(host_.current_) {
@@ -57,7 +57,7 @@ public:
 
 private:
     std::vector<std::unique_ptr<KnownType>> types_;
-    const KnownType untold_ = {};
+    const KnownType untyped_ = {};
     ObjectValues objects_;
     std::vector<std::shared_ptr<HostWindow>> windows_;
     lua_Integer lastNumber_ = 0;

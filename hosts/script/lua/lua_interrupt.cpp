@@ -2,12 +2,12 @@
 
 #include <atomic>
 
-#include "hosts/script/process/interrupt.h"
+#include "platform/interrupt.h"
 
 namespace mavrin2::script {
 namespace {
 
-// For a signal handler, which reaches nothing but what is global.
+// A signal handler can reach only what is global.
 std::atomic<lua_State*> watchedState = nullptr;
 static_assert(std::atomic<lua_State*>::is_always_lock_free);
 
@@ -24,15 +24,15 @@ void InterruptLua(lua_State* lua) {
 
 InterruptibleLua::InterruptibleLua(lua_State* lua) : lua_(lua) {
     watchedState = lua;
-    SetInterruptAction([] {
+    platform::SetInterruptAction([] {
         if (lua_State* watched = watchedState) InterruptLua(watched);
     });
 }
 
 InterruptibleLua::~InterruptibleLua() {
     watchedState = nullptr;
-    SetInterruptAction(nullptr);
-    // What runs while the state is closed has to run to its end.
+    platform::SetInterruptAction(nullptr);
+    // Finalizers run to their end.
     lua_sethook(lua_, nullptr, 0, 0);
 }
 

@@ -4,11 +4,10 @@
 
 namespace mavrin2::script {
 
-// Makes the running Lua code fail at its next instruction. May be called at any time, also from a
-// signal handler.
+// Makes the running Lua code fail at its next instruction. May be called from a signal handler.
 void InterruptLua(lua_State* lua);
 
-// While it lives, an interrupt of the program does that to the state. One at a time.
+// While this exists, an interrupt of the program also interrupts the state. One at a time.
 class InterruptibleLua {
 public:
     explicit InterruptibleLua(lua_State* lua);

@@ -1,4 +1,4 @@
-#include "hosts/script/lua/lua_members.h"
+#include "hosts/script/lua/lua_module.h"
 
 #include <string>
 

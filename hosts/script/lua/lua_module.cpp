@@ -2,16 +2,12 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 
 #include "hosts/script/lua/lua_call.h"
-#include "hosts/script/lua/lua_constants.h"
 #include "hosts/script/lua/lua_error.h"
-#include "hosts/script/lua/lua_events.h"
-#include "hosts/script/lua/lua_members.h"
 #include "hosts/script/lua/lua_object.h"
-#include "hosts/script/lua/lua_window.h"
-#include "hosts/script/process/component_finder.h"
-#include "hosts/script/process/interrupt.h"
+#include "platform/interrupt.h"
 #include "platform/posting.h"
 
 namespace mavrin2::script {
@@ -35,19 +31,21 @@ int Put(lua_State* lua) {
     return 0;
 }
 
-// mavrin2.pump(milliseconds)
+// mavrin2.pump(milliseconds): less than 0 is 0, and more than 31 years is that.
 int Pump(lua_State* lua) {
-    constexpr milliseconds kPatience(50);  // with somebody who wants to interrupt
+    constexpr milliseconds kLongestWait(50);  // before an interrupt is noticed
     using Clock = std::chrono::steady_clock;
     const auto queue = platform::PostingQueue::OfThisThread();
-    const lua_Number wanted = std::clamp<lua_Number>(luaL_checknumber(lua, 1), 0, 1e12);
+    const lua_Number asked = luaL_checknumber(lua, 1);
+    luaL_argcheck(lua, !std::isnan(asked), 1, "a number of milliseconds expected, got NaN");
+    const lua_Number wanted = std::clamp<lua_Number>(asked, 0, 1e12);
     const auto end = Clock::now() + milliseconds(static_cast<std::int64_t>(wanted));
     milliseconds left{};
     do {
         left = std::chrono::ceil<milliseconds>(end - Clock::now());
-        queue->Pump(std::clamp(left, milliseconds(0), kPatience));
-        if (Interrupted()) return luaL_error(lua, "interrupted");
-    } while (left > kPatience);
+        queue->Pump(std::clamp(left, milliseconds(0), kLongestWait));
+        if (platform::Interrupted()) return luaL_error(lua, "interrupted");
+    } while (left > kLongestWait);
     return 0;
 }
 

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "automation/com_ptr.h"
-#include "hosts/script/lua/lua_by_name.h"
 #include "hosts/script/lua/lua_call.h"
 #include "hosts/script/lua/lua_error.h"
 
@@ -20,8 +19,8 @@ constexpr const char* kObjectType = "mavrin2.object";
 // Registry keys by address.
 constexpr char kObjectsByIdentity = 0;
 
-// The userdata holds a pointer that collection clears: others may still reach a collected value
-// from finalizers of their own.
+// The userdata holds a pointer that collection clears: finalizers of other values may still reach
+// it.
 ObjectValue** SlotAt(lua_State* lua, int index) {
     return static_cast<ObjectValue**>(luaL_testudata(lua, index, kObjectType));
 }
@@ -43,14 +42,14 @@ int CallMethod(lua_State* lua) {
     const void* type = lua_touserdata(lua, lua_upvalueindex(2));
     const ObjectValue* value = ValueAt(lua, 1);
     if (!value || value->Type != type)
-        return luaL_error(lua, "%s is called on an object, with a colon: object:%s(...)",
+        return luaL_error(lua, "%s is a method; call it with a colon: object:%s(...)",
                           member.Name.c_str(), member.Name.c_str());
-    // Held, because a handler may let go of it.
+    // Held, since a handler may release it.
     const ComPtr<IDispatch> object = value->Object;
     return CallMember(lua, *object, member, 2);
 }
 
-// One function a member, so that a loop does not make one each time round.
+// One function per member, so that a loop does not create one at each call.
 void PushMethod(lua_State* lua, const KnownType& type, const DescribedMember& member) {
     if (lua_rawgetp(lua, LUA_REGISTRYINDEX, &member) == LUA_TFUNCTION) return;
     lua_pop(lua, 1);
@@ -72,7 +71,7 @@ int ReadMember(lua_State* lua) {
         const DescribedMember* other = type.Find(name, kAnyKind);
         if (other)
             throw CallError(DISP_E_MEMBERNOTFOUND,
-                            type.Name() + "." + other->Name + " can only be written.");
+                            type.Name() + "." + other->Name + " is write-only.");
         throw CallError(DISP_E_UNKNOWNNAME, type.Name() + " has no member '" + name + "'.");
     }
     if (member->Kind == INVOKE_FUNC || !member->Parameters.empty()) {
@@ -106,7 +105,7 @@ void SetObjectType(lua_State* lua) {
                                             {nullptr, nullptr}};
     if (luaL_newmetatable(lua, kObjectType)) {
         luaL_setfuncs(lua, kMembers, 0);
-        // Scripts cannot reach the functions above with other values.
+        // Keeps scripts from calling these functions with other values.
         lua_pushboolean(lua, 0);
         lua_setfield(lua, -2, "__metatable");
     }
@@ -126,7 +125,7 @@ void PushObjectsByIdentity(lua_State* lua) {
     lua_rawsetp(lua, LUA_REGISTRYINDEX, &kObjectsByIdentity);
 }
 
-// Pushes the value that stands for an identity now, or nil.
+// Pushes the value with this identity, or nil.
 ObjectValue* PushKnown(lua_State* lua, const void* identity) {
     PushObjectsByIdentity(lua);
     lua_rawgetp(lua, -1, identity);
@@ -201,7 +200,7 @@ void DetachConnection(lua_State* lua, const void* identity, lua_Integer number) 
     const auto connection = FindConnection(lua, identity, number);
     if (!connection) return;
     connection->Close();
-    // Closing may have let the object go.
+    // Closing may have released the object.
     if (ObjectValue* value = PushKnown(lua, identity)) {
         value->Connections.erase(number);
         lua_getiuservalue(lua, -1, 1);

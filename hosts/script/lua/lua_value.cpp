@@ -18,7 +18,7 @@ using automation::ComPtr;
 using automation::ThrowIfFailed;
 using automation::Variant;
 
-// A table may hold itself.
+// A limit, since a table may contain itself.
 constexpr int kDeepestTable = 16;
 
 Variant Convert(lua_State* lua, int index, const DescribedType& wanted, int depth);
@@ -40,7 +40,7 @@ Variant NumberToVariant(lua_State* lua, int index, const DescribedType& wanted) 
     const lua_Integer integer = lua_tointegerx(lua, index, &whole);
     if (wanted.Type == VT_BOOL) {
         if (!whole || !Fits<VARIANT_BOOL>(integer))
-            throw ConversionError("a boolean is true, false or a whole number of 16 bits");
+            throw ConversionError("true, false or a 16-bit integer expected");
         result.vt = VT_BOOL;
         result.boolVal = static_cast<VARIANT_BOOL>(integer);
     } else if (lua_isinteger(lua, index) && Fits<LONG>(integer)) {
@@ -53,7 +53,7 @@ Variant NumberToVariant(lua_State* lua, int index, const DescribedType& wanted) 
     return result;
 }
 
-// The place of a value within its variant, as arrays take and give it.
+// The address of a value in its variant, as elements of arrays are put and got.
 void* ElementOf(VARIANT& value, VARTYPE type, bool put) {
     if (type == VT_VARIANT) return &value;
     // Put by value, taken by address.
@@ -62,7 +62,7 @@ void* ElementOf(VARIANT& value, VARTYPE type, bool put) {
 }
 
 Variant TableToVariant(lua_State* lua, int index, const DescribedType& wanted, int depth) {
-    if (depth > kDeepestTable) throw ConversionError("tables lie too deep in each other");
+    if (depth > kDeepestTable) throw ConversionError("tables are nested too deeply");
     const bool any = wanted.Type == VT_VARIANT;
     if (!any && !(wanted.Type & VT_ARRAY)) Refuse(lua, index, wanted);
     const auto type = static_cast<VARTYPE>(any ? VT_VARIANT : wanted.Type & ~VT_ARRAY);
@@ -80,7 +80,8 @@ Variant TableToVariant(lua_State* lua, int index, const DescribedType& wanted, i
         Variant value = Convert(lua, -1, element, depth + 1);
         lua_pop(lua, 1);
         if (!any && FAILED(VariantChangeType(&value, &value, 0, type)))
-            throw ConversionError("element " + std::to_string(i + 1) + " does not fit");
+            throw ConversionError("element " + std::to_string(i + 1) +
+                                  " has the wrong type or is out of range");
         ThrowIfFailed(SafeArrayPutElement(result.parray, &i, ElementOf(value, type, true)));
     }
     return result;
@@ -126,7 +127,7 @@ void PushText(lua_State* lua, BSTR text) {
     lua_pushlstring(lua, utf8.data(), utf8.size());
 }
 
-// Numbers of whatever width; true when `value` is one.
+// Pushes a number of any width; false if `value` is no number.
 bool PushNumber(lua_State* lua, const VARIANT& value) {
     switch (value.vt) {
         case VT_I1:

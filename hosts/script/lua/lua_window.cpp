@@ -1,4 +1,4 @@
-#include "hosts/script/lua/lua_window.h"
+#include "hosts/script/lua/lua_module.h"
 
 #include <memory>
 #include <stdexcept>
@@ -22,7 +22,7 @@ HostWindow*& SlotAt(lua_State* lua, int argument) {
     return *static_cast<HostWindow**>(luaL_checkudata(lua, argument, kWindowType));
 }
 
-// Held, because drawing may fire events, and their handlers may close it.
+// Held, since drawing may fire events whose handlers close it.
 std::shared_ptr<HostWindow> CheckWindow(lua_State* lua) {
     HostWindow* window = SlotAt(lua, 1);
     if (!window) throw std::runtime_error("the window is closed");
@@ -39,7 +39,7 @@ Size CheckSize(lua_State* lua) {
     const lua_Integer height = luaL_checkinteger(lua, 3);
     if (!HostWindow::CanBe(width, height))
         throw std::runtime_error(
-            "a window has 0 to 32767 pixels in each direction, 67108864 altogether");
+            "invalid window size; 0 to 32767 pixels in each direction, 67108864 in all");
     return {static_cast<int>(width), static_cast<int>(height)};
 }
 
@@ -54,8 +54,8 @@ int Pixel(lua_State* lua) {
     const lua_Integer y = luaL_checkinteger(lua, 3);
     const auto window = CheckWindow(lua);
     const platform::Pixels pixels = window->Update();
-    luaL_argcheck(lua, x >= 0 && x < pixels.Width, 2, "outside of the window");
-    luaL_argcheck(lua, y >= 0 && y < pixels.Height, 3, "outside of the window");
+    luaL_argcheck(lua, x >= 0 && x < pixels.Width, 2, "outside the window");
+    luaL_argcheck(lua, y >= 0 && y < pixels.Height, 3, "outside the window");
     lua_pushinteger(lua, pixels.Data[y * pixels.Stride + x]);
     return 1;
 }

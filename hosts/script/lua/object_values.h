@@ -11,17 +11,17 @@
 
 namespace mavrin2::script {
 
-// A type that objects of a script are of.
+// A type of objects that a script holds.
 struct KnownType {
     GUID Id;
     automation::ComPtr<ITypeInfo> Information;
     TypeDescription Description;
 };
 
-// What C++ keeps for one object that a script holds.
+// The C++ side of an object that a script holds.
 struct ObjectValue {
     automation::ComPtr<IDispatch> Object;
-    const void* Identity;  // names the object for as long as it lives
+    const void* Identity;  // unique as long as the object lives
     const KnownType* Type;
     std::map<std::int64_t, std::shared_ptr<EventConnection>> Connections;  // by their numbers
 
@@ -31,8 +31,8 @@ struct ObjectValue {
     }
 };
 
-// The owner of all of them. Lua collects them one by one, but makes no promise for those that it
-// is given while it closes: they are released with this.
+// Owns them all. Lua releases values as it collects them, but not always those that are created
+// while the state closes; the destructor releases the rest.
 class ObjectValues {
 public:
     ObjectValues() = default;
@@ -46,7 +46,7 @@ public:
         return key;
     }
 
-    // Disconnects the object first: no event may arrive while it goes.
+    // Disconnects the object first: no event may arrive during its release.
     void Release(ObjectValue* value) {
         const auto node = values_.extract(value);
         if (node) node.mapped()->Disconnect();

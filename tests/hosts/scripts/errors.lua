@@ -28,34 +28,36 @@ expect(0x80020005, "EchoLong, argument 1: Wrong type.", thing.EchoLong, thing, "
 expect(0x80020005, "EchoLong: argument Value: table given, long expected.", thing.EchoLong, thing, {})
 expect(0x80020005, "EchoAny: argument Value: function given, variant expected.", thing.EchoAny,
   thing, print)
-expect(0x80020005, "DoubleAll: argument Values: element 2 does not fit.", thing.DoubleAll, thing,
+expect(0x80020005, "DoubleAll: argument Values: element 2 has the wrong type or is out of range.", thing.DoubleAll, thing,
   { 1, 70000 })
-expect(0x80020005, "EchoBoolean: argument Value: a boolean is true, false or a whole number of 16 bits.",
+expect(0x80020005, "EchoBoolean: argument Value: true, false or a 16-bit integer expected.",
   thing.EchoBoolean, thing, 32768)
 local endless <const> = {}
 endless[1] = endless
-expect(0x80020005, "EchoAny: argument Value: tables lie too deep in each other.", thing.EchoAny,
+expect(0x80020005, "EchoAny: argument Value: tables are nested too deeply.", thing.EchoAny,
   thing, endless)
-expect(0x8002000F, "Divide: argument Divisor is missing.", thing.Divide, thing, 1)
-expect(0x8002000F, "IsSame: argument Other is missing.", thing.IsSame, thing)
-expect(0x8002000E, "EchoLong takes at most 1 arguments, 2 given.", thing.EchoLong, thing, 1, 2)
+expect(0x8002000F, "Divide: missing argument Divisor.", thing.Divide, thing, 1)
+expect(0x8002000F, "IsSame: missing argument Other.", thing.IsSame, thing)
+expect(0x8002000E, "EchoLong: too many arguments (2, at most 1).", thing.EchoLong, thing, 1, 2)
 
 -- Members.
 expect(0x80020006, "ITestThing has no member 'Frobnicate'.", function() return thing.Frobnicate end)
 expect(0x80020006, "ITestThing has no member 'Frobnicate'.", function() thing.Frobnicate = 1 end)
-expect(0x80020003, "ITestThing.Alive can only be read.", function() thing.Alive = 1 end)
-expect(0x80020003, "ITestThing.Secret can only be written.", function() return thing.Secret end)
+expect(0x80020003, "ITestThing.Alive is read-only.", function() thing.Alive = 1 end)
+expect(0x80020003, "ITestThing.Secret is write-only.", function() return thing.Secret end)
 expect(0x80020003, "ITestThing.EchoLong is a method.", function() thing.EchoLong = 1 end)
 expect(0x8002000B, "Invalid index.", thing.Item, thing, 99)
 for _, wrong in ipairs {
-  { "EchoLong is called on an object, with a colon: object:EchoLong%(%.%.%.%)",
+  { "EchoLong is a method; call it with a colon: object:EchoLong%(%.%.%.%)",
     function() thing.EchoLong(5) end },
   { "MavrinTest.None", function() mavrin2.create("MavrinTest.None") end },
   { "mavrin2.object expected, got nil", function() mavrin2.put(nil, "Name", 1) end },
   { "mavrin2.object expected, got number", function() mavrin2.members(5) end },
   { "value expected", function() mavrin2.put(thing, "Name") end },
   { "number expected", function() mavrin2.pump("soon") end },
+  { "a number of milliseconds expected, got NaN", function() mavrin2.pump(0 / 0) end },
 } do
   local message <const> = tostring(failure(wrong[2]))
   assert(message:find(wrong[1]), message)
 end
+mavrin2.pump(-math.huge)

@@ -1,4 +1,4 @@
-#include "hosts/script/late_binding/status_text.h"
+#include "hosts/script/late_binding/call_error.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,4 +1,4 @@
-#include "hosts/script/commands/time_text.h"
+#include "hosts/script/commands/times.h"
 
 #include <algorithm>
 #include <charconv>
@@ -6,10 +6,12 @@
 #include <cmath>
 #include <cstdio>
 
+#include "hosts/script/commands/command.h"
+
 namespace mavrin2::script {
 namespace {
 
-// More than any sound holds, and far from the limits of the types.
+// More than any sound needs, and far from the limits of the types.
 constexpr std::size_t kMostDigits = 12;
 
 bool IsDigit(char c) {
@@ -29,6 +31,11 @@ std::optional<double> ParseDecimal(std::string_view text) {
 
 std::optional<double> ParseWhole(std::string_view text) {
     return text.find('.') == std::string_view::npos ? ParseDecimal(text) : std::nullopt;
+}
+
+std::optional<TimePoint> ValueOf(const CommandLine& line, std::string_view option) {
+    const auto text = line.Value(option);
+    return text ? std::optional(TimeOf(option, *text)) : std::nullopt;
 }
 
 }  // namespace
@@ -65,6 +72,31 @@ std::string DurationText(std::int64_t frames, int rate) {
                   static_cast<int>(milliseconds / 1000 % 60),
                   static_cast<int>(milliseconds % 1000));
     return text;
+}
+
+TimePoint TimeOf(std::string_view option, std::string_view text) {
+    const auto time = TimePoint::Parse(text);
+    if (!time)
+        throw UsageError("invalid time '" + std::string(text) + "' for " + std::string(option) +
+                         "; try 1.5, 1:30.25 or 66150f");
+    return *time;
+}
+
+TimeRange::TimeRange(const CommandLine& line)
+    : start_(ValueOf(line, kStart)), end_(ValueOf(line, kEnd)) {}
+
+TimeRange::Frames TimeRange::In(const Editor& editor, const std::string& file) const {
+    const int length = editor.Frames();
+    const int rate = editor.Rate();
+    const Frames range{start_ ? start_->Frames(rate) : 0, end_ ? end_->Frames(rate) : length};
+    if (range.Start > length || range.End > length)
+        throw Failure(file, std::string(range.Start > length ? startName_ : endName_) +
+                                " is past the end at " + DurationText(length, rate) + " (" +
+                                std::to_string(length) + "f)");
+    if (range.Start >= range.End)
+        throw Failure(file, startName_ == endName_ ? std::string(startName_) + " is empty"
+                                                   : "there is no sound from --start to --end");
+    return range;
 }
 
 }  // namespace mavrin2::script

@@ -1,4 +1,4 @@
-#include "hosts/script/commands/time_text.h"
+#include "hosts/script/commands/times.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,0 @@
-#pragma once
-
-#include "hosts/script/commands/command.h"
-
-namespace mavrin2::script {
-
-extern const Command kConvertCommand;
-
-}  // namespace mavrin2::script
