@@ -16,19 +16,15 @@ std::int32_t FramesPerBlock(std::int32_t frequency) {
 
 }  // namespace
 
-DocumentLoader::~DocumentLoader() {
-    target_.Close();
-    storage_.Temporary.Remove(targetPath_);
-}
-
 void DocumentLoader::LoadThroughCompanion(const std::filesystem::path& path,
                                           FormatTypeConstants type) {
     status_.Set(StatusConstants::Opening);
     bool complete = false;
     const bool opened = OpenSource(path, type);
     const std::uint64_t session = companion_.Session();
-    if (opened && TakeFormat() && CreateTarget()) {
-        complete = ReadBlocks() && PushDocument() && !operation_.Status.Idle();
+    if (opened && TakeFormat()) {
+        complete = (target_.Create(document_.Format) || FailFileAccess()) && ReadBlocks() &&
+                   PushDocument() && !operation_.Status.Idle();
         if (!ticket_.IsCurrent()) {
             if (companion_.Session() == session) companion_.CloseFile();
             return;
@@ -71,10 +67,9 @@ bool DocumentLoader::TakeFormat() {
     return true;
 }
 
-bool DocumentLoader::CreateTarget() {
-    targetPath_ = storage_.Temporary.MakeTempFileName();
-    return !targetPath_.empty() &&
-           target_.Create(targetPath_, document_.Format.Frequency, document_.Format.Channels);
+bool DocumentLoader::FailFileAccess() {
+    operation_.Status.LastError = ErrorConstants::FILEACCESS;
+    return false;
 }
 
 bool DocumentLoader::ReadBlocks() {
@@ -85,10 +80,7 @@ bool DocumentLoader::ReadBlocks() {
         const auto block = companion_.ReadBlock(FramesPerBlock(document_.Format.Frequency));
         const automation::ArrayView<std::int16_t> samples(block.Get());
         if (samples.Elements().size() < 2) break;
-        if (!target_.Write(std::as_bytes(samples.Elements()))) {
-            operation_.Status.LastError = ErrorConstants::FILEACCESS;
-            return false;
-        }
+        if (!target_.Stream().Write(std::as_bytes(samples.Elements()))) return FailFileAccess();
         presentation_.Observer.Block(std::as_bytes(samples.Elements()));
         read_ = read_ + Bytes(static_cast<std::int64_t>(samples.Elements().size_bytes()));
         if (!Report(PercentDone())) return false;
@@ -112,24 +104,14 @@ bool DocumentLoader::Report(int percent) {
 }
 
 bool DocumentLoader::PushDocument() {
-    written_ = Bytes(target_.Length());
-    if (!target_.Close()) {
-        operation_.Status.LastError = ErrorConstants::FILEACCESS;
-        return false;
-    }
-    auto state = std::make_unique<DocumentState>();
-    state->WorkFilePath = targetPath_;
-    state->TotalBytes = written_;
-    state->Frequency = document_.Format.Frequency;
-    state->Channels = document_.Format.Channels;
-    document_.History.PushState(std::move(state));
-    targetPath_.clear();  // it belongs to the history now
+    if (!target_.PushTo(document_.History, document_.Format)) return FailFileAccess();
     ticket_.Moved();
     return true;
 }
 
 bool DocumentLoader::LengthIsAsExpected() const {
-    return std::abs((written_ - expected_).Count()) <= written_.Count() / 100;
+    const Bytes written = document_.History.Current()->TotalBytes;
+    return std::abs((written - expected_).Count()) <= written.Count() / 100;
 }
 
 }  // namespace mavrin2::editor

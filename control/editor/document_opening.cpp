@@ -4,7 +4,7 @@
 
 #include "control/editor/document_loader.h"
 #include "control/editor/file_kind.h"
-#include "control/editor/wave_stream.h"
+#include "control/editor/new_work_file.h"
 
 namespace mavrin2::editor {
 namespace {
@@ -27,7 +27,11 @@ void DocumentOpening::New(std::int32_t frequency, std::int32_t channels) {
     document_.Format.Frequency = frequency;
     document_.Format.Channels = channels;
     document_.Format.BitsPerSample = 16;
-    if (!PushEmptyDocument()) return;
+    NewWorkFile file(storage_);
+    if (!file.Create(document_.Format) || !file.PushTo(document_.History, document_.Format)) {
+        operation_.Status.LastError = ErrorConstants::FILEACCESS;
+        return;
+    }
     ticket.Moved();
     document_.Channels.Recount(channels);
     document_.Format.FormatDescription = PcmDescription(frequency, channels);
@@ -42,21 +46,6 @@ void DocumentOpening::CloseDocument() {
     if (document_.History.Current()) Close();
     // A load from inside which this is called has no document yet, and is overtaken.
     operation_.Status.Stop();
-}
-
-bool DocumentOpening::PushEmptyDocument() {
-    auto state = std::make_unique<DocumentState>();
-    state->WorkFilePath = storage_.Temporary.MakeTempFileName();
-    state->Frequency = document_.Format.Frequency;
-    state->Channels = document_.Format.Channels;
-    WaveStream stream(storage_.Files);
-    if (state->WorkFilePath.empty() ||
-        !stream.Create(state->WorkFilePath, state->Frequency, state->Channels) || !stream.Close()) {
-        storage_.Temporary.Remove(state->WorkFilePath);
-        return false;
-    }
-    document_.History.PushState(std::move(state));
-    return true;
 }
 
 ErrorConstants DocumentOpening::Open(const std::filesystem::path& path, FormatTypeConstants type) {
@@ -93,13 +82,13 @@ void DocumentOpening::Close() {
     // Whatever runs now is over, also a load that has no document yet.
     operation_.Counter.Next();
     activity_.Stop();
+    document_.Format.FormatDescription.clear();
     if (!document_.History.Current()) return;
     presentation_.View.ReleaseDocument();
     document_.Steps.LastStepCount = 0;
     document_.Steps.BatchMode = false;
     document_.History.FreeChain();
     companion_.CloseFile();
-    document_.Format.FormatDescription.clear();
     document_.Channels.Recount(document_.Format.Channels);
 }
 

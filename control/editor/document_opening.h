@@ -21,7 +21,8 @@ public:
           activity_(activity) {}
 
     // An empty document. With a format that no document has (`frequency` below 1, `channels`
-    // neither 1 nor 2) the last error becomes FORMATNOTSUPPORT and nothing else changes.
+    // neither 1 nor 2) the last error becomes FORMATNOTSUPPORT and nothing else changes. Without a
+    // place for its work file there is no document, and the last error becomes FILEACCESS.
     void New(std::int32_t frequency, std::int32_t channels);
 
     // Closes what is open and reads a file. The result is that of this call, whatever another one,
@@ -32,8 +33,6 @@ public:
 
 private:
     void CloseDocument();
-    // False when it could not be made.
-    bool PushEmptyDocument();
     void Load(const std::filesystem::path& path, FormatTypeConstants type, OperationTicket& ticket);
 
     Document document_;

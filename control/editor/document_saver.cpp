@@ -94,7 +94,7 @@ private:
         const std::int64_t left = std::max<std::int64_t>(limit_ - written_, 0);
         const auto bytes = static_cast<std::size_t>(
             std::min<std::int64_t>(static_cast<std::int64_t>(capacity) * 2, left));
-        const auto read = source_.Read(std::as_writable_bytes(view.Elements()).first(bytes));
+        const auto read = source_.ReadWhole(std::as_writable_bytes(view.Elements()).first(bytes));
         if (!read) return std::nullopt;
         return *read / 2;
     }
@@ -152,7 +152,9 @@ void DocumentSaver::SaveThroughCompanion(const std::filesystem::path& path, std:
     ErrorConstants& error = operation_.Status.LastError;
     WaveStream source(files_);
     bool created = false;
-    if (source.Open(state.WorkFilePath, WaveStream::Mode::Read) && CreateOutput(path, type)) {
+    if (!source.OpenWhole(state.WorkFilePath, state.TotalBytes)) {
+        error = ErrorConstants::FILEACCESS;
+    } else if (CreateOutput(path, type)) {
         created = true;
         status.Set(StatusConstants::Saving);
         const std::uint64_t session = companion_.Session();
@@ -163,10 +165,11 @@ void DocumentSaver::SaveThroughCompanion(const std::filesystem::path& path, std:
         }
         error = outcome;
     }
-    document_.Format.FormatDescription = companion_.GetFormatText();
+    const std::string description = companion_.GetFormatText();
     const bool closed = companion_.CloseFile();
     if (created && !closed && error == ErrorConstants::NOERRORS)
         error = companion_.ReasonOfFailure();
+    if (error == ErrorConstants::NOERRORS) document_.Format.FormatDescription = description;
 }
 
 bool DocumentSaver::CreateOutput(const std::filesystem::path& path, FormatTypeConstants type) {

@@ -7,10 +7,10 @@ namespace mavrin2::editor {
 void EditOperations::DeleteSelect() {
     if (!Ready(document_, operation_) || !document_.History.Current()->Selected) return;
     operation_.Status.LastError = ErrorConstants::NOERRORS;
-    RangeEdit edit(document_, operation_, storage_, presentation_, StatusConstants::DeleteSelect);
-    if (!edit.BeginEdit(Bytes(0))) return;
-    edit.Source().Seek(edit.SelectionEnd().Count());
-    edit.CommitEdit();
+    const ZoomLevel level = document_.History.Current()->Level();
+    RangeEdit edit(document_, operation_, storage_, presentation_, StatusConstants::DeleteSelect,
+                   {level.StartSelect, level.EndSelect}, Bytes(0));
+    if (edit.BeginEdit()) edit.CommitEdit();
 }
 
 }  // namespace mavrin2::editor

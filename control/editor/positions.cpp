@@ -145,10 +145,10 @@ void Positions::SetCurrentPosition(std::int32_t frames) {
 void Positions::PushViewLevel() {
     DocumentState& state = *document_.History.Current();
     if (state.ZoomIndex != 0) return;
-    const Bytes dragEnd = state.Zoom[1].SelectDragEnd;
-    state.Zoom[1] = state.Zoom[0];
-    state.Zoom[1].SelectDragEnd = dragEnd;
+    ZoomLevel level = state.Level();
     state.ZoomIndex = 1;
+    level.SelectDragEnd = state.Level().SelectDragEnd;
+    state.Level() = level;
 }
 
 void Positions::ShowSelection() {

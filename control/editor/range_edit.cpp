@@ -8,8 +8,17 @@
 
 namespace mavrin2::editor {
 
+namespace {
+
+ErrorConstants ErrorOf(CopyEnd end) {
+    return end == CopyEnd::Failed ? ErrorConstants::FILEACCESS : ErrorConstants::NOERRORS;
+}
+
+}  // namespace
+
 RangeEdit::RangeEdit(const Document& document, const Operation& operation, const Storage& storage,
-                     const Presentation& presentation, StatusConstants value)
+                     const Presentation& presentation, StatusConstants value,
+                     const EditRegion& region, std::optional<Bytes> newLength)
     : document_(document),
       operation_(operation),
       storage_(storage),
@@ -18,99 +27,100 @@ RangeEdit::RangeEdit(const Document& document, const Operation& operation, const
       ticket_(operation.Counter, document.History),
       status_(operation.Status, ticket_),
       source_(storage.Files),
-      target_(storage.Files),
-      selectionStart_(document.History.Current()->Level().StartSelect),
-      selectionEnd_(document.History.Current()->Level().EndSelect) {}
+      target_(storage),
+      region_(region),
+      newLength_(newLength),
+      selection_{document.History.Current()->Level().StartSelect,
+                 document.History.Current()->Level().EndSelect} {}
 
 RangeEdit::~RangeEdit() {
-    Abandon();
+    Discard();
 }
 
-bool RangeEdit::BeginEdit(std::optional<Bytes> replacement) {
+bool RangeEdit::BeginEdit() {
     status_.Set(value_);
-    if (!Open()) return FailBegin();
-    if (replacement) {
-        presentation_.Observer.BeginVersion(Bytes(source_.Length()) -
-                                            (selectionEnd_ - selectionStart_) + *replacement);
-        target_.SetObserver(&presentation_.Observer);
+    if (!Open()) {
+        AbandonEdit(ErrorConstants::FILEACCESS);
+        return false;
     }
-    const std::int64_t head = selectionStart_.Count();
-    switch (CopyBlocks(source_, target_, head, BlockSize(storage_.Settings, source_, head), buffer_,
-                       [this] { return ReportBlock(); })) {
-        case CopyEnd::Complete:
-            return true;
-        case CopyEnd::Stopped:
-        case CopyEnd::Failed:
-            break;
-    }
-    return FailBegin();
+    const std::int64_t head = region_.Start.Count();
+    const CopyEnd end =
+        CopyBlocks(source_, Target(), head, BlockSize(storage_.Settings, source_, head), buffer_,
+                   [this] { return ReportBlock(PercentRead(source_)); });
+    if (end != CopyEnd::Complete) AbandonEdit(ErrorOf(end));
+    return end == CopyEnd::Complete;
 }
 
 bool RangeEdit::Open() {
-    const DocumentFormat& format = document_.Format;
-    targetPath_ = storage_.Temporary.MakeTempFileName();
-    return source_.Open(document_.History.Current()->WorkFilePath, WaveStream::Mode::Read) &&
-           !targetPath_.empty() && target_.Create(targetPath_, format.Frequency, format.Channels);
+    const DocumentState& version = *document_.History.Current();
+    if (!source_.OpenWhole(version.WorkFilePath, version.TotalBytes) ||
+        !target_.Create(document_.Format))
+        return false;
+    if (newLength_) {
+        observed_ = true;
+        presentation_.Observer.BeginVersion(version.TotalBytes - (region_.End - region_.Start) +
+                                            *newLength_);
+        Target().SetObserver(&presentation_.Observer);
+    }
+    return true;
 }
 
-bool RangeEdit::ReportBlock() {
-    operation_.Events.BlockOperation(PercentRead(source_));
+bool RangeEdit::ReportBlock(int percent) {
+    operation_.Events.BlockOperation(percent);
     return ticket_.IsCurrent() && !operation_.Status.Idle();
 }
 
 bool RangeEdit::CommitEdit() {
     status_.Set(value_);
-    const Carried carried = TakeCarried();
-    const std::int64_t tail = source_.Length() - selectionEnd_.Count();
-    const CopyEnd end = CopyBlocks(source_, target_, std::numeric_limits<std::int64_t>::max(),
-                                   BlockSize(storage_.Settings, source_, tail), buffer_,
-                                   [this] { return ReportBlock(); });
-    if (end != CopyEnd::Complete) return FailCommit();
-
+    const DocumentState* old = document_.History.Current();
+    if (!ticket_.IsCurrent()) return FailCommit();
+    const Carried carried{old->Level(), old->Selected != 0, old->ZoomIndex > 0};
+    const Stretch stretch{region_.Start, region_.End, region_.Start, Bytes(Target().Length())};
+    const CopyEnd end = CopyTail();
+    if (end != CopyEnd::Complete) return FailCommit(ErrorOf(end));
     source_.Close();
-    const Bytes total(target_.Length());
-    if (!target_.Close()) return FailCommit();
-    presentation_.Observer.EndVersion(true);
+    if (!target_.PushTo(document_.History, document_.Format))
+        return FailCommit(ErrorConstants::FILEACCESS);
+    ticket_.Moved();
+    EndObservation(true);
     status_.End();
 
-    auto state = std::make_unique<DocumentState>();
-    state->WorkFilePath = targetPath_;
-    state->TotalBytes = total;
-    state->Frequency = document_.Format.Frequency;
-    state->Channels = document_.Format.Channels;
-    document_.History.PushState(std::move(state));
-    targetPath_.clear();  // it belongs to the history now
-    ticket_.Moved();
-
-    CarryOver(carried);
+    CarryOver(carried, stretch);
     if (!ShowNewState()) return true;
     operation_.Events.BlockOperation(100);
     if (ticket_.IsCurrent()) operation_.Events.EndOperation();
     return true;
 }
 
-RangeEdit::Carried RangeEdit::TakeCarried() const {
-    const DocumentState& state = *document_.History.Current();
-    // Lengths are counted in 32 bits, as everything that hosts see.
-    return {state.Level(), state.Selected != 0, state.ZoomIndex > 0,
-            static_cast<std::int32_t>(
-                (selectionEnd_ - selectionStart_ + document_.Format.FrameSize()).Count()),
-            static_cast<std::int32_t>(target_.Length() - selectionStart_.Count())};
+CopyEnd RangeEdit::CopyTail() {
+    source_.Seek(region_.End.Count());
+    const std::int64_t tail = source_.Length() - selection_.End.Count();
+    return CopyBlocks(source_, Target(), std::numeric_limits<std::int64_t>::max(),
+                      BlockSize(storage_.Settings, source_, tail), buffer_,
+                      [this] { return ReportBlock(PercentRead(source_)); });
 }
 
-void RangeEdit::CarryOver(const Carried& carried) {
+void RangeEdit::CarryOver(const Carried& carried, const Stretch& stretch) {
     DocumentState& state = *document_.History.Current();
-    const Bytes grown(std::int64_t{carried.Written} - carried.Replaced);
-    state.Zoom[0].StartView = Bytes(0);
-    state.Zoom[0].EndView = state.TotalBytes;
+    // Counted in 32 bits, as everything that hosts see. The frame at a selection's end counts as
+    // selected here.
+    const auto replaced = static_cast<std::int32_t>(
+        (selection_.End - selection_.Start + document_.Format.FrameSize()).Count());
+    const auto written = static_cast<std::int32_t>((stretch.NewEnd - stretch.NewStart).Count());
+    const Bytes grown(std::int64_t{written} - replaced);
+    ZoomLevel whole;
+    whole.EndView = state.TotalBytes;
     if (carried.Zoomed) {
+        ZoomLevel zoomed;
+        zoomed.StartView = whole.StartSelect = carried.View.StartView;
+        zoomed.EndView = whole.EndSelect = carried.View.EndView + grown;
         state.ZoomIndex = 1;
-        state.Zoom[1].StartView = state.Zoom[0].StartSelect = carried.View.StartView;
-        state.Zoom[1].EndView = state.Zoom[0].EndSelect = carried.View.EndView + grown;
+        state.Level() = zoomed;
     }
-    state.Level().StartSelect = selectionStart_;
-    state.Level().EndSelect = std::max(selectionEnd_ + grown, Bytes(0));
-    if (carried.Selected && carried.Written > 0) state.Selected = 1;
+    state.Zoom[0] = whole;
+    state.Level().StartSelect = selection_.Start;
+    state.Level().EndSelect = std::max(selection_.End + grown, Bytes(0));
+    if (carried.Selected && written > 0) state.Selected = 1;
 }
 
 bool RangeEdit::ShowNewState() {
@@ -127,26 +137,30 @@ bool RangeEdit::ShowNewState() {
     return ticket_.IsCurrent();
 }
 
-void RangeEdit::Abandon() {
-    if (!targetPath_.empty()) presentation_.Observer.EndVersion(false);
+void RangeEdit::EndObservation(bool complete) {
+    if (observed_) presentation_.Observer.EndVersion(complete);
+    observed_ = false;
+}
+
+void RangeEdit::Discard() {
+    EndObservation(false);
     source_.Close();
-    target_.Close();
-    storage_.Temporary.Remove(targetPath_);
-    targetPath_.clear();
+    target_.Discard();
 }
 
-bool RangeEdit::FailBegin() {
-    Abandon();
-    if (!ticket_.IsCurrent()) return false;
+void RangeEdit::AbandonEdit(ErrorConstants error) {
+    Discard();
+    if (!ticket_.IsCurrent()) return;
     status_.End();
+    if (error != ErrorConstants::NOERRORS) operation_.Status.LastError = error;
     operation_.Events.EndOperation();
-    return false;
 }
 
-bool RangeEdit::FailCommit() {
-    status_.End();
-    Abandon();
+bool RangeEdit::FailCommit(ErrorConstants error) {
+    Discard();
     if (!ticket_.IsCurrent()) return false;
+    status_.End();
+    if (error != ErrorConstants::NOERRORS) operation_.Status.LastError = error;
     operation_.Events.BlockOperation(100);
     if (ticket_.IsCurrent()) operation_.Events.EndOperation();
     return false;

@@ -1,61 +1,80 @@
 #pragma once
 
-#include <filesystem>
 #include <optional>
 
+#include "control/editor/block_copy.h"
+#include "control/editor/new_work_file.h"
 #include "control/editor/services.h"
 #include "control/editor/wave_stream.h"
 
 namespace mavrin2::editor {
 
-// One change of the document, as a transaction: the part before the selection is copied into a new
-// work file, the caller writes what is new, the part behind is copied, and the new file becomes the
-// current version. An edit that is not committed leaves document, history and disk as they were.
+// A stretch of the document, in bytes: [Start, End).
+struct EditRegion {
+    Bytes Start;
+    Bytes End;
+};
+
+// One change of the document, as a transaction: the part before a region is copied into a new work
+// file, the caller writes what replaces the region, the part after it is copied, and the new file
+// becomes the current version. An edit that is not committed leaves document, history and disk as
+// they were. The status is the edit's own from BeginEdit to the end.
 class RangeEdit {
 public:
-    // `status` is what the control does meanwhile.
+    // `newLength` is that of the replacement where it is known beforehand: an observer can then
+    // prepare for the new version while it is written.
     RangeEdit(const Document& document, const Operation& operation, const Storage& storage,
-              const Presentation& presentation, StatusConstants value);
+              const Presentation& presentation, StatusConstants value, const EditRegion& region,
+              std::optional<Bytes> newLength = std::nullopt);
     RangeEdit(const RangeEdit&) = delete;
     RangeEdit& operator=(const RangeEdit&) = delete;
     ~RangeEdit();
 
-    // Copies what stands before the selection. `replacement` is the length of what the caller will
-    // write in its place, where that is known: whoever looks at the samples then does it on their
-    // way. Then Target() is open at that point and Source()
-    // too. False when the edit has ended: it failed, was cancelled or another operation took its
-    // place.
-    bool BeginEdit(std::optional<Bytes> replacement = std::nullopt);
+    // Copies what comes before the region. Source() and Target() are then open, each at the
+    // region's start. False when the edit has ended: it failed, was cancelled, or another operation
+    // has taken its place.
+    bool BeginEdit();
 
-    // Copies the rest, from where Source() stands, and makes the new version current, with view,
-    // selection and events as they follow. False when the edit has ended without a new version.
+    // The caller writes the replacement here, from the version that is being replaced or elsewhere.
+    WaveStream& Target() { return target_.Stream(); }
+    WaveStream& Source() { return source_; }
+    // For a replacement that uses up more of the old sound than was known beforehand.
+    void SetEnd(Bytes end) { region_.End = end; }
+    const EditRegion& Region() const { return region_; }
+
+    // Raises BlockOperation. False when the edit was cancelled or another operation has taken its
+    // place; after a cancellation CommitEdit keeps what was written.
+    bool ReportBlock(int percent);
+
+    // Copies what comes after the region and makes the new version current, with view, selection
+    // and events as they follow. False when the edit has ended without a new version.
     bool CommitEdit();
 
-    WaveStream& Target() { return target_; }
-    WaveStream& Source() { return source_; }
-    // The selection that is being replaced, as it was at the beginning.
-    Bytes SelectionStart() const { return selectionStart_; }
-    Bytes SelectionEnd() const { return selectionEnd_; }
+    // Ends the edit without a new version, with an error unless it was cancelled.
+    void AbandonEdit(ErrorConstants error = ErrorConstants::NOERRORS);
 
 private:
-    // What the selection and the view become, taken before the new version is pushed.
+    // Where old and new version differ: [OldStart, OldEnd) was left out, [NewStart, NewEnd) written
+    // in its place.
+    struct Stretch {
+        Bytes OldStart, OldEnd;
+        Bytes NewStart, NewEnd;
+    };
+    // The selection and view of the old version.
     struct Carried {
         ZoomLevel View;
         bool Selected;
         bool Zoomed;
-        std::int32_t Replaced;  // bytes, one frame more than lies between the selection's ends
-        std::int32_t Written;   // bytes
     };
 
-    bool ReportBlock();
     bool Open();
-    Carried TakeCarried() const;
-    void CarryOver(const Carried& carried);
+    CopyEnd CopyTail();
+    void CarryOver(const Carried& carried, const Stretch& stretch);
     // False when a host has started something else meanwhile.
     bool ShowNewState();
-    void Abandon();
-    bool FailBegin();
-    bool FailCommit();
+    void EndObservation(bool complete);
+    void Discard();
+    bool FailCommit(ErrorConstants error = ErrorConstants::NOERRORS);
 
     Document document_;
     Operation operation_;
@@ -65,11 +84,12 @@ private:
     OperationTicket ticket_;
     StatusGuard status_;
     WaveStream source_;
-    WaveStream target_;
+    NewWorkFile target_;
     CopyBuffer buffer_;
-    std::filesystem::path targetPath_;
-    Bytes selectionStart_;
-    Bytes selectionEnd_;
+    EditRegion region_;
+    std::optional<Bytes> newLength_;
+    EditRegion selection_;  // as it was at the beginning
+    bool observed_ = false;
 };
 
 }  // namespace mavrin2::editor

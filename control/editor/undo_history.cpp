@@ -13,10 +13,18 @@ UndoHistory::~UndoHistory() {
         if (path.extension() == ".tmp") files_->Remove(path);
 }
 
+DocumentState& UndoHistory::Push(const std::filesystem::path& workFile, Bytes total,
+                                 const DocumentFormat& format) {
+    auto state = std::make_unique<DocumentState>();
+    state->WorkFilePath = workFile;
+    state->TotalBytes = total;
+    state->Frequency = format.Frequency;
+    state->Channels = format.Channels;
+    tempFiles_.push_back(workFile);
+    return PushState(std::move(state));
+}
+
 DocumentState& UndoHistory::PushState(std::unique_ptr<DocumentState> state) {
-    tempFiles_.push_back(state->WorkFilePath);
-    state->Next.reset();
-    state->Prev = nullptr;
     if (!current_) {
         state->Depth = 1;
         oldest_ = std::move(state);

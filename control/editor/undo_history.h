@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "control/editor/document_format.h"
 #include "control/editor/document_state.h"
 #include "platform/files.h"
 
@@ -26,10 +27,12 @@ public:
     bool CanStepBack() const { return current_ && current_->Prev; }
     bool CanStepForward() const { return current_ && current_->Next; }
 
-    // Appends a version behind the current one and makes it current. What had been undone is
-    // dropped with its files, and the oldest version too when the limit is reached: one a push, so
-    // that a lowered limit does not shorten the chain at once.
-    DocumentState& PushState(std::unique_ptr<DocumentState> state);
+    // Makes a version of a complete work file and appends it after the current one, as the current
+    // one. The history owns the file from then on. What had been undone is dropped with its files,
+    // and the oldest version too when the limit is reached: one a push, so that a lowered limit
+    // does not shorten the chain at once.
+    DocumentState& Push(const std::filesystem::path& workFile, Bytes total,
+                        const DocumentFormat& format);
 
     bool StepBack();
     bool StepForward();
@@ -42,6 +45,7 @@ public:
     void SetLimit(std::int32_t limit) { limit_ = limit; }
 
 private:
+    DocumentState& PushState(std::unique_ptr<DocumentState> state);
     void DropNewerStates();
     void DropOldestState();
 

@@ -87,6 +87,15 @@ bool WaveStream::Open(const std::filesystem::path& path, Mode mode) {
     return true;
 }
 
+bool WaveStream::OpenWhole(const std::filesystem::path& path, signal::Bytes length) {
+    if (!Open(path, Mode::Read)) return false;
+    const auto fileLength = file_->Length();
+    if (length_ == length.Count() && fileLength && *fileLength >= dataStart_ + length.Count())
+        return true;
+    Close();
+    return false;
+}
+
 bool WaveStream::ReadHeader() {
     format_ = {};
     length_ = 0;
@@ -189,6 +198,12 @@ std::optional<std::uint32_t> WaveStream::Read(std::span<std::byte> target) {
     return static_cast<std::uint32_t>(*read);
 }
 
+std::optional<std::uint32_t> WaveStream::ReadWhole(std::span<std::byte> target) {
+    const auto read = Read(target);
+    if (read && *read < target.size() && position_ < length_) return std::nullopt;
+    return read;
+}
+
 std::uint32_t WaveStream::Room(std::uint32_t count) const {
     return std::min(count, LargestLength - std::min(position_, LargestLength));
 }
@@ -215,7 +230,7 @@ std::optional<std::uint32_t> WaveStream::CopyTo(WaveStream& target, std::uint32_
         const auto piece =
             buffer.PieceFor(std::int64_t{target.dataStart_} + target.position_, count - copied);
         if (piece.empty()) return std::nullopt;
-        const auto read = Read(piece);
+        const auto read = ReadWhole(piece);
         if (!read || !target.Write(piece.first(*read))) return std::nullopt;
         copied += *read;
         if (*read < piece.size()) break;

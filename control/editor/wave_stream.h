@@ -46,11 +46,15 @@ public:
 
     // False for a file that is not RIFF "WAVE", is not tagged PCM or has no data.
     bool Open(const std::filesystem::path& path, Mode mode);
+    // Opens a version of the document for reading: false also when the file has lost samples.
+    bool OpenWhole(const std::filesystem::path& path, signal::Bytes length);
     // An empty file, in place of any of that name.
     bool Create(const std::filesystem::path& path, std::int32_t frequency, std::int32_t channels);
 
     // The bytes read, 0 at the end; nothing when reading failed.
     std::optional<std::uint32_t> Read(std::span<std::byte> target);
+    // As Read; nothing also when the file ends before the length that its header states.
+    std::optional<std::uint32_t> ReadWhole(std::span<std::byte> target);
     // True when all of it was written, or all up to the largest length.
     bool Write(std::span<const std::byte> source);
     // Reads up to `count` bytes and writes them to `target`: the bytes copied, 0 at the end;

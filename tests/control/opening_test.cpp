@@ -146,6 +146,13 @@ TEST_F(Closing, DropsTheDocumentOnce) {
     EXPECT_EQ(DocumentSamples().size(), 900u) << "the batch has ended too";
 }
 
+TEST_F(Closing, InsideTheFirstLoadLeavesNoFormat) {
+    Dusoro->Source.Samples = Ramp(1000);
+    Events->InEvent(1, [this] { Control->Close(); });
+    EXPECT_EQ(Open(), S_OK);
+    EXPECT_EQ(FormatString(), "");
+}
+
 using NewDocument = ControlTest;
 
 TEST_F(NewDocument, IsAnEmptyWorkFileOfTheFormat) {

@@ -158,6 +158,7 @@ TEST_F(Saving, IsCompleteWithWhatWasWrittenWhenStopped) {
 TEST_F(Saving, TellsWhyAFileCannotBeCreated) {
     Dusoro->CreateCode = -18;
     EXPECT_EQ(Save(), kFileAccess);
+    EXPECT_EQ(FormatString(), "Fake sound");
     EXPECT_EQ(Dusoro->Calls,
               "SetPcmFormat(1000, 1); CreateSoundFile(/out.wav, 0); GetErrorCode(); "
               "GetFormatText(); CloseFile()");
@@ -191,6 +192,7 @@ TEST_F(Saving, FailsWithTheReasonOfABlockOrAnEndThatCannotBeWritten) {
         EXPECT_EQ(Events->Take(), c.Events);
         EXPECT_EQ(LastError(), c.Reason ? c.Reason : -18);
         EXPECT_EQ(Dusoro->State, Output::GivenUp);
+        EXPECT_EQ(FormatString(), "Fake sound");
         ExpectDocumentAsBefore();
     }
     Dusoro->FailingClose = false;

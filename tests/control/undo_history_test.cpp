@@ -7,14 +7,15 @@
 namespace mavrin2::editor {
 namespace {
 
+// There may be ten thousand of them, and few have more than two zoom levels.
+static_assert(sizeof(DocumentState) < 300);
+
 class UndoHistoryTest : public testing::Test {
 protected:
     // A version with a work file of that name.
     void Push(const std::string& name) {
         files_->AddFile("/" + name, "sound");
-        auto state = std::make_unique<DocumentState>();
-        state->WorkFilePath = "/" + name;
-        history_->PushState(std::move(state));
+        history_->Push("/" + name, Bytes(0), {});
     }
     // The versions from the oldest to the newest, the current one in brackets.
     std::string Chain() const {
