@@ -4,12 +4,11 @@
 #include <cstring>
 #include <limits>
 #include <new>
+#include <utility>
 
 #include "control/editor/wave_stream.h"
 
 namespace mavrin2::view {
-
-using editor::StatusConstants;
 
 namespace {
 
@@ -85,86 +84,120 @@ std::int64_t OverviewBuilder::ChunkSize() const {
            services_.Document.Format.FrameSize().Count();
 }
 
+OverviewBuilder::Recording::Recording(std::int32_t length, std::int32_t channels, Bytes total,
+                                      std::int64_t stride, std::int64_t chunk)
+    : Total(total), Filler(Summary, channels, total, stride, chunk) {
+    Summary.Resize(length, channels);
+    Summary.Clear();
+}
+
+std::unique_ptr<OverviewBuilder::Recording> OverviewBuilder::NewRecording(
+    std::int32_t length, Bytes total, std::int64_t stride, std::int64_t chunk) const {
+    try {
+        return std::make_unique<Recording>(length, services_.Document.Format.Channels, total,
+                                           stride, chunk);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
+class OverviewBuilder::Run {
+public:
+    Run(OverviewBuilder& builder, const editor::DocumentState& document)
+        : services_(builder.services_),
+          ticket_(editor::OperationTicket::Observe(services_.Operation.Counter,
+                                                   services_.Document.History)),
+          workFile_(document.WorkFilePath),
+          total_(document.TotalBytes),
+          channels_(services_.Document.Format.Channels),
+          chunk_(builder.ChunkSize()) {}
+
+    const editor::OperationTicket& Ticket() const { return ticket_; }
+
+    // Fills `summary`, unless the file cannot be read. False then, and when a host has overtaken
+    // the run in an event.
+    bool FillFromWorkFile(OverviewSummary& summary, std::int64_t stride) {
+        editor::WaveStream stream(services_.Files);
+        if (!stream.Open(workFile_, editor::WaveStream::Mode::Read)) return false;
+        summary.Clear();
+        ChunkedFiller filler(summary, channels_, total_, stride, chunk_);
+        std::vector<std::byte> piece(kPiece);
+        std::int64_t done = 0;
+        for (bool more = true; more && done < total_.Count();) {
+            const std::int64_t end = std::min(done + chunk_, total_.Count());
+            const std::int64_t before = done;
+            while (done < end) {
+                const auto wanted =
+                    static_cast<std::size_t>(std::min<std::int64_t>(end - done, kPiece));
+                const auto read = stream.Read(std::span(piece).first(wanted));
+                more = read && *read > 0;
+                if (!more) break;
+                filler.Add(std::span(piece).first(*read));
+                done += *read;
+            }
+            if (done > before && !Report(done)) return false;
+        }
+        return true;
+    }
+
+    // Raises the events that filling from the work file would. False when a host has overtaken it.
+    bool ReportChunks() {
+        for (std::int64_t done = 0; done < total_.Count();) {
+            done = std::min(done + chunk_, total_.Count());
+            if (!Report(done)) return false;
+        }
+        return true;
+    }
+
+private:
+    bool Report(std::int64_t done) {
+        const double part = static_cast<double>(done) / static_cast<double>(total_.Count());
+        services_.Operation.Events.BlockOperation(static_cast<int>(std::min(part, 1.0) * 100));
+        return ticket_.IsCurrent();
+    }
+
+    const ViewServices& services_;
+    const editor::OperationTicket ticket_;
+    const std::filesystem::path workFile_;
+    const Bytes total_;
+    const std::int32_t channels_;
+    const std::int64_t chunk_;
+};
+
 void OverviewBuilder::Free() {
-    summary_.Free();
-    seen_ = SeenVersion();
-    filler_.reset();
+    summary_ = std::make_shared<OverviewSummary>();
+    recording_.reset();
+    version_.reset();
 }
 
 void OverviewBuilder::Build() {
     const editor::DocumentState* document = services_.Document.History.Current();
     if (!document) return;
-    const auto ticket =
-        editor::OperationTicket::Observe(services_.Operation.Counter, services_.Document.History);
-    editor::StatusGuard status(services_.Operation.Status, ticket,
-                               StatusConstants::BuildingOverview);
-    const Source source{document->WorkFilePath, document->TotalBytes,
-                        LengthFor(document->TotalBytes)};
+    const auto version = std::exchange(version_, nullptr);
+    const Bytes total = document->TotalBytes;
+    const std::int32_t length = LengthFor(total);
+    Run run(*this, *document);
+    editor::StatusGuard status(services_.Operation.Status, run.Ticket(),
+                               editor::StatusConstants::BuildingOverview);
     bool built = false;
-    if (source.Length == 0) {
-        summary_.Free();
+    if (length == 0) {
+        summary_ = std::make_shared<OverviewSummary>();
+    } else if (version && version->Total == total && version->Summary.Length == length) {
+        summary_ = std::make_shared<OverviewSummary>(std::move(version->Summary));
+        built = run.ReportChunks();
     } else {
         try {
-            built = TakeSeenVersion(source) ? ReportChunks(source, ticket)
-                                            : FillFromWorkFile(source, ticket);
+            const auto summary = std::make_shared<OverviewSummary>(*summary_);
+            summary->Resize(length, services_.Document.Format.Channels);
+            summary_ = summary;
+            built = run.FillFromWorkFile(*summary, StrideFor(total, length));
         } catch (const std::bad_alloc&) {
-            summary_.Free();
+            summary_ = std::make_shared<OverviewSummary>();
         }
     }
-    seen_ = SeenVersion();
-    if (!ticket.IsCurrent()) return;
+    if (!run.Ticket().IsCurrent()) return;
     status.End();
     if (built) services_.Operation.Events.EndOperation();
-}
-
-bool OverviewBuilder::TakeSeenVersion(const Source& source) {
-    if (!seen_.Complete || seen_.Total != source.Total || seen_.Summary.Length != source.Length)
-        return false;
-    summary_ = std::move(seen_.Summary);
-    return true;
-}
-
-bool OverviewBuilder::FillFromWorkFile(const Source& source,
-                                       const editor::OperationTicket& ticket) {
-    summary_.Resize(source.Length, services_.Document.Format.Channels);
-    editor::WaveStream stream(services_.Files);
-    if (!stream.Open(source.WorkFile, editor::WaveStream::Mode::Read)) return false;
-    summary_.Clear();
-    const std::int64_t chunk = ChunkSize();
-    ChunkedFiller filler(summary_, services_.Document.Format.Channels, source.Total,
-                         StrideFor(source.Total, source.Length), chunk);
-    std::vector<std::byte> piece(kPiece);
-    std::int64_t done = 0;
-    for (bool more = true; more && done < source.Total.Count();) {
-        const std::int64_t end = std::min(done + chunk, source.Total.Count());
-        const std::int64_t before = done;
-        while (done < end) {
-            const auto wanted =
-                static_cast<std::size_t>(std::min<std::int64_t>(end - done, kPiece));
-            const auto read = stream.Read(std::span(piece).first(wanted));
-            more = read && *read > 0;
-            if (!more) break;
-            filler.Add(std::span(piece).first(*read));
-            done += *read;
-        }
-        if (done > before && !ReportChunk(done, source, ticket)) return false;
-    }
-    return true;
-}
-
-bool OverviewBuilder::ReportChunks(const Source& source, const editor::OperationTicket& ticket) {
-    for (std::int64_t done = 0; done < source.Total.Count();) {
-        done = std::min(done + ChunkSize(), source.Total.Count());
-        if (!ReportChunk(done, source, ticket)) return false;
-    }
-    return true;
-}
-
-bool OverviewBuilder::ReportChunk(std::int64_t done, const Source& source,
-                                  const editor::OperationTicket& ticket) {
-    const double part = static_cast<double>(done) / static_cast<double>(source.Total.Count());
-    services_.Operation.Events.BlockOperation(static_cast<int>(std::min(part, 1.0) * 100));
-    return ticket.IsCurrent();
 }
 
 void OverviewBuilder::BeginLoading(Bytes expected) {
@@ -172,49 +205,36 @@ void OverviewBuilder::BeginLoading(Bytes expected) {
     const std::int32_t length = LengthFor(expected);
     if (length == 0) return;
     const std::int32_t channels = services_.Document.Format.Channels;
-    try {
-        summary_.Resize(length, channels);
-        summary_.Clear();
-    } catch (const std::bad_alloc&) {
-        summary_.Free();
-        return;
-    }
     const std::int64_t stride =
         std::max<std::int64_t>((expected.Count() + 2 * std::int64_t{channels}) / length / 400, 1);
     // Each block is looked at from its own beginning.
-    filler_.emplace(summary_, channels, expected, stride, 0);
+    recording_ = NewRecording(length, expected, stride, 0);
 }
 
 void OverviewBuilder::BeginVersion(Bytes length) {
-    seen_ = SeenVersion();
-    filler_.reset();
+    recording_.reset();
     const std::int32_t entries = LengthFor(length);
     if (entries == 0 || services_.Document.Steps.BatchMode) return;
-    const std::int32_t channels = services_.Document.Format.Channels;
-    try {
-        seen_.Summary.Resize(entries, channels);
-        seen_.Summary.Clear();
-    } catch (const std::bad_alloc&) {
-        seen_ = SeenVersion();
-        return;
-    }
-    seen_.Total = length;
-    filler_.emplace(seen_.Summary, channels, length, StrideFor(length, entries), ChunkSize());
+    recording_ = NewRecording(entries, length, StrideFor(length, entries), ChunkSize());
 }
 
 void OverviewBuilder::Block(std::span<const std::byte> samples) {
-    if (filler_) filler_->Add(samples);
+    if (recording_) recording_->Filler.Add(samples);
 }
 
 void OverviewBuilder::EndLoading() {
-    if (!filler_) return;
-    summary_.Length = static_cast<std::int32_t>(filler_->LastEntry() + 1);
-    filler_.reset();
+    const auto loaded = std::exchange(recording_, nullptr);
+    if (!loaded) return;
+    summary_ = std::make_shared<OverviewSummary>(std::move(loaded->Summary));
+    summary_->Length = static_cast<std::int32_t>(loaded->Filler.LastEntry() + 1);
 }
 
 void OverviewBuilder::EndVersion(bool complete) {
-    seen_.Complete = complete && filler_ && filler_->Seen() == seen_.Total;
-    filler_.reset();
+    auto version = std::exchange(recording_, nullptr);
+    // In a batch, other versions may follow before the summary is built.
+    if (complete && version && version->Filler.Seen() == version->Total &&
+        !services_.Document.Steps.BatchMode)
+        version_ = std::move(version);
 }
 
 }  // namespace mavrin2::view

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <optional>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -40,13 +40,15 @@ private:
 };
 
 // Makes and keeps the overview summary of the document, by reading its work file or from what it
-// has seen of it on its way there.
+// has seen of it on its way there. Every run owns what it fills: a host that has the summary freed
+// or built again from inside an event leaves a run that is still going with arrays of its own.
 class OverviewBuilder final : public editor::BlockObserver {
 public:
     OverviewBuilder(const ViewServices& services, const Geometry& area)
         : services_(services), area_(area) {}
 
-    const OverviewSummary& Summary() const { return summary_; }
+    // Partly filled while it is built.
+    const OverviewSummary& Summary() const { return *summary_; }
 
     // For the open document. Raises BlockOperation and EndOperation; sets the status meanwhile.
     void Build();
@@ -59,34 +61,33 @@ public:
     void EndVersion(bool complete) override;
 
 private:
-    // A version of the document, and the entries that its summary takes; 0 for none.
-    struct Source {
-        std::filesystem::path WorkFile;
-        Bytes Total;
-        std::int32_t Length = 0;
-    };
-    // One that was seen while it was written.
-    struct SeenVersion {
+    // One building of the summary, from beginning to end.
+    class Run;
+
+    // A sound that passes by in blocks.
+    struct Recording {
+        Recording(std::int32_t length, std::int32_t channels, Bytes total, std::int64_t stride,
+                  std::int64_t chunk);
+        Recording(const Recording&) = delete;
+        Recording& operator=(const Recording&) = delete;
+
         OverviewSummary Summary;
         Bytes Total;
-        bool Complete = false;
+        ChunkedFiller Filler;  // into Summary
     };
 
     std::int32_t LengthFor(Bytes total) const;
     std::int64_t StrideFor(Bytes total, std::int32_t length) const;
     std::int64_t ChunkSize() const;
-    bool TakeSeenVersion(const Source& source);
-    // False when the file cannot be read, or when a host has overtaken this in an event.
-    bool FillFromWorkFile(const Source& source, const editor::OperationTicket& ticket);
-    bool ReportChunks(const Source& source, const editor::OperationTicket& ticket);
-    bool ReportChunk(std::int64_t done, const Source& source,
-                     const editor::OperationTicket& ticket);
+    // Null where memory is short.
+    std::unique_ptr<Recording> NewRecording(std::int32_t length, Bytes total, std::int64_t stride,
+                                            std::int64_t chunk) const;
 
     const ViewServices& services_;
     const Geometry& area_;
-    OverviewSummary summary_;
-    SeenVersion seen_;
-    std::optional<ChunkedFiller> filler_;  // while blocks pass by
+    std::shared_ptr<OverviewSummary> summary_ = std::make_shared<OverviewSummary>();
+    std::unique_ptr<Recording> recording_;  // while blocks pass by
+    std::unique_ptr<Recording> version_;  // all of a version that Build has not been asked for yet
 };
 
 }  // namespace mavrin2::view
