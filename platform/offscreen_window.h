@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "platform/window.h"
@@ -20,20 +20,23 @@ public:
 
     void Resize(int width, int height);
 
-    // Has painted what must be, and gives what is to be seen, until the next call.
+    // Paints what is invalid and returns the window's content, valid until the next call. The window
+    // must not be destroyed meanwhile.
     Pixels Update();
+    // Draws on the window itself, at its present size: what is drawn after a change of size is
+    // lost.
+    std::unique_ptr<DrawingTarget> Target();
 
     std::unique_ptr<ControlWindow> NewChild(const RECT& place, const RECT& clip,
                                             WindowHandler& handler) override;
 
 private:
     class Child;
+    class Canvas;
 
-    int width_ = 0;
-    int height_ = 0;
-    std::vector<std::uint32_t> pixels_;
-    std::vector<Child*> children_;  // from the lowest to the one on top; not owned
-    bool uncovered_ = true;         // pixels that no child covers are to be made anew
+    std::shared_ptr<Canvas> canvas_;  // shared with what is drawn on it just now
+    std::vector<Child*> children_;    // from the lowest to the one on top; not owned
+    bool uncovered_ = true;           // pixels that no child covers are to be made anew
 };
 
 }  // namespace mavrin2::platform

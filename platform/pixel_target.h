@@ -5,7 +5,7 @@
 namespace mavrin2::platform {
 
 // Draws into pixels that somebody else owns.
-class PixelTarget final : public DrawingTarget {
+class PixelTarget : public DrawingTarget {
 public:
     explicit PixelTarget(const Pixels& pixels)
         : PixelTarget(pixels, {0, 0}, {0, 0, pixels.Width, pixels.Height}) {}

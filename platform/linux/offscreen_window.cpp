@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 #include <utility>
+#include <vector>
 
 #include "platform/pixel_target.h"
 
@@ -22,6 +23,35 @@ int Extent(LONG first, LONG end) {
 }
 
 }  // namespace
+
+// The pixels of a window at one size. Drawing runs a host's code, which may resize the window or
+// close it: targets keep the canvas that they draw on.
+class OffscreenWindow::Canvas {
+public:
+    Canvas(int width, int height)
+        : width_(width),
+          height_(height),
+          pixels_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)) {}
+
+    void Clear() { std::ranges::fill(pixels_, kBackground); }
+    Pixels AsPixels() { return {pixels_.data(), width_, height_, width_}; }
+
+    // Parameters as a PixelTarget has them.
+    static std::unique_ptr<DrawingTarget> Target(std::shared_ptr<Canvas> canvas, POINT origin,
+                                                 const RECT& clip) {
+        struct CanvasTarget final : PixelTarget {
+            CanvasTarget(std::shared_ptr<Canvas> canvas, POINT origin, const RECT& clip)
+                : PixelTarget(canvas->AsPixels(), origin, clip), Held(std::move(canvas)) {}
+            std::shared_ptr<Canvas> Held;
+        };
+        return std::make_unique<CanvasTarget>(std::move(canvas), origin, clip);
+    }
+
+private:
+    int width_;
+    int height_;
+    std::vector<std::uint32_t> pixels_;
+};
 
 class OffscreenWindow::Child final : public ControlWindow, public Window {
 public:
@@ -52,8 +82,7 @@ public:
 
     bool DrawNow(const std::function<void(DrawingTarget& target)>& draw) override {
         if (!parent_) return false;
-        PixelTarget target = Target();
-        draw(target);
+        draw(*Target());
         return true;
     }
 
@@ -64,8 +93,8 @@ public:
     void PaintIfInvalid() {
         if (!invalid_ || !visible_) return;
         invalid_ = false;
-        PixelTarget target = Target();
-        handler_.Paint(target, Extent(place_.left, place_.right),
+        const auto target = Target();
+        handler_.Paint(*target, Extent(place_.left, place_.right),
                        Extent(place_.top, place_.bottom));
     }
 
@@ -76,11 +105,10 @@ public:
     }
 
 private:
-    PixelTarget Target() const {
+    std::unique_ptr<DrawingTarget> Target() const {
         const RECT nothing = {0, 0, 0, 0};
-        const Pixels pixels{parent_->pixels_.data(), parent_->width_, parent_->height_,
-                            parent_->width_};
-        return {pixels, {place_.left, place_.top}, visible_ ? Common(place_, clip_) : nothing};
+        return Canvas::Target(parent_->canvas_, {place_.left, place_.top},
+                              visible_ ? Common(place_, clip_) : nothing);
     }
 
     void Uncover() {
@@ -112,15 +140,13 @@ void OffscreenWindow::Resize(int width, int height) {
     constexpr int kLargest = 32767;
     width = std::clamp(width, 0, kLargest);
     height = std::clamp(height, 0, kLargest);
-    pixels_.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
-    width_ = width;
-    height_ = height;
+    canvas_ = std::make_shared<Canvas>(width, height);
     uncovered_ = true;
 }
 
 Pixels OffscreenWindow::Update() {
     if (std::exchange(uncovered_, false)) {
-        std::ranges::fill(pixels_, kBackground);
+        canvas_->Clear();
         for (Child* child : children_)
             child->Invalidate();
     }
@@ -128,7 +154,12 @@ Pixels OffscreenWindow::Update() {
     std::size_t number = 0;
     while (number < children_.size())
         children_[number++]->PaintIfInvalid();
-    return {pixels_.data(), width_, height_, width_};
+    return canvas_->AsPixels();
+}
+
+std::unique_ptr<DrawingTarget> OffscreenWindow::Target() {
+    const Pixels pixels = canvas_->AsPixels();
+    return Canvas::Target(canvas_, {0, 0}, {0, 0, pixels.Width, pixels.Height});
 }
 
 std::unique_ptr<ControlWindow> OffscreenWindow::NewChild(const RECT& place, const RECT& clip,

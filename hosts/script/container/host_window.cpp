@@ -4,7 +4,6 @@
 
 #include "hosts/script/late_binding/call_error.h"
 #include "hosts/script/late_binding/late_binding.h"
-#include "platform/pixel_target.h"
 
 namespace mavrin2::script {
 namespace {
@@ -75,17 +74,19 @@ void HostWindow::Resize(int width, int height) {
 
 platform::Pixels HostWindow::Update() {
     if (!object_) throw CallError(E_UNEXPECTED, "The window is closed.");
-    const platform::Pixels pixels = window_.Update();
-    if (!active_ && std::exchange(hosted_->PictureChanged, false)) Draw(pixels);
-    return pixels;
+    window_.Update();
+    if (!active_ && std::exchange(hosted_->PictureChanged, false)) Draw();
+    // Painting runs a script's handlers, which may change the window.
+    return window_.Update();
 }
 
-void HostWindow::Draw(const platform::Pixels& pixels) {
+void HostWindow::Draw() {
     const auto view = view_;
-    platform::PixelTarget target(pixels);
+    if (!view) return;
+    const auto target = window_.Target();
     const RECTL bounds = hosted_->ClientArea();
-    Check(view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, &target, &bounds, nullptr,
-                     nullptr, 0));
+    Check(view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, target.get(), &bounds,
+                     nullptr, nullptr, 0));
 }
 
 void HostWindow::Close() {

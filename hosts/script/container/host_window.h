@@ -37,7 +37,7 @@ public:
 
 private:
     void ShowControl();
-    void Draw(const platform::Pixels& pixels);
+    void Draw();
 
     platform::OffscreenWindow window_;
     std::shared_ptr<HostedControl> hosted_;
