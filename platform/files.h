@@ -43,7 +43,7 @@ public:
     virtual std::unique_ptr<File> Create(const std::filesystem::path& path) = 0;
 
     // A name in `folder` that no file had, made as an empty file by one call that cannot be raced:
-    // `prefix` + hexadecimal digits + ".tmp". Empty when the folder takes no file.
+    // `prefix` + hexadecimal digits + ".tmp". Empty if the folder takes no file or has no name.
     virtual std::filesystem::path CreateUniqueFile(const std::filesystem::path& folder,
                                                    std::string_view prefix) = 0;
 
@@ -59,8 +59,9 @@ public:
     // could make it its current folder. The process's own current folder is not touched.
     virtual std::filesystem::path UsableFolder(const std::filesystem::path& folder) = 0;
 
-    // The folder of temporary files, the user's alone, made where it is missing; ends in the
-    // system's separator. Empty when none can be had.
+    // The folder for temporary files, the user's alone, created where it is missing; ends in the
+    // system's separator. No other user can prevent it by taking a name first. Empty if the
+    // system's place for such folders cannot be written to.
     virtual std::filesystem::path TemporaryFolder() = 0;
 
     // Whether the drive or mount that holds `path` is a CD drive.

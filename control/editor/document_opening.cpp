@@ -16,10 +16,10 @@ std::string PcmDescription(std::int32_t frequency, std::int32_t channels) {
 
 }  // namespace
 
-void DocumentOpening::New(std::int32_t frequency, std::int32_t channels) {
+ErrorConstants DocumentOpening::New(std::int32_t frequency, std::int32_t channels) {
     if (frequency < 1 || channels < 1 || channels > 2) {
         operation_.Status.LastError = ErrorConstants::FORMATNOTSUPPORT;
-        return;
+        return ErrorConstants::NOERRORS;
     }
     CloseDocument();
     OperationTicket ticket(operation_.Counter, document_.History);
@@ -30,16 +30,16 @@ void DocumentOpening::New(std::int32_t frequency, std::int32_t channels) {
     NewWorkFile file(storage_);
     if (!file.Create(document_.Format) || !file.PushTo(document_.History, document_.Format)) {
         operation_.Status.LastError = ErrorConstants::FILEACCESS;
-        return;
+        return ErrorConstants::FILEACCESS;
     }
     ticket.Moved();
     document_.Channels.Recount(channels);
     document_.Format.FormatDescription = PcmDescription(frequency, channels);
     if (!presentation_.Range.RecomputeView(Bytes(0), document_.History.Current()->TotalBytes))
-        return;
-    if (!ticket.IsCurrent()) return;
-    presentation_.View.Redraw();
+        return ErrorConstants::NOERRORS;
+    if (ticket.IsCurrent()) presentation_.View.Redraw();
     if (ticket.IsCurrent()) operation_.Events.EndOperation();
+    return ErrorConstants::NOERRORS;
 }
 
 void DocumentOpening::CloseDocument() {

@@ -21,9 +21,9 @@ public:
           activity_(activity) {}
 
     // An empty document. With a format that no document has (`frequency` below 1, `channels`
-    // neither 1 nor 2) the last error becomes FORMATNOTSUPPORT and nothing else changes. Without a
-    // place for its work file there is no document, and the last error becomes FILEACCESS.
-    void New(std::int32_t frequency, std::int32_t channels);
+    // neither 1 nor 2) the last error becomes FORMATNOTSUPPORT, the result is success and nothing
+    // else changes. FILEACCESS and no document if its work file cannot be created.
+    ErrorConstants New(std::int32_t frequency, std::int32_t channels);
 
     // Closes what is open and reads a file. The result is that of this call, whatever another one,
     // made from inside an event, has left as the last error.

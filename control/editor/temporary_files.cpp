@@ -13,7 +13,9 @@ constexpr const char* kSuffix = ".tmp";
 TemporaryFiles::TemporaryFiles(const platform::Ports& ports, EditSettings& settings)
     : files_(ports.Files), lock_(ports.NewInstanceLock()), settings_(settings) {
     settings_.TempDirectory = files_->TemporaryFolder();
-    settings_.TempFileName = settings_.TempDirectory / "KovClipBoard.wav";
+    // Without a folder there is no name either: a bare one would mean the current folder.
+    if (!settings_.TempDirectory.empty())
+        settings_.TempFileName = settings_.TempDirectory / "KovClipBoard.wav";
 }
 
 std::filesystem::path TemporaryFiles::MakeTempFileName() {

@@ -75,8 +75,8 @@ HRESULT CMavrin2::PutPart(Interface* object, automation::ComPtr<Interface>& plac
 STDMETHODIMP CMavrin2::New(interfaces::FrequencyConstants Frequency,
                            interfaces::ChannelsConstants nChannels) {
     return Run([&](DocumentEditor& editor) {
-        editor.Opening.New(static_cast<std::int32_t>(Frequency),
-                           static_cast<std::int32_t>(nChannels));
+        return ReportError(editor.Opening.New(static_cast<std::int32_t>(Frequency),
+                                              static_cast<std::int32_t>(nChannels)));
     });
 }
 

@@ -57,6 +57,7 @@ public:
 
     std::filesystem::path CreateUniqueFile(const std::filesystem::path& folder,
                                            std::string_view prefix) override {
+        if (folder.empty()) return {};
         constexpr int attempts = 100;
         for (int i = 0; i < attempts; ++i) {
             std::uint32_t number = 0;

@@ -4,9 +4,8 @@
 
 namespace mavrin2::platform {
 
-// A folder below `$TMPDIR` or `/tmp` that only this user can enter, made where it is missing; ends
-// in a slash. The same one for every process of the user with the same `$TMPDIR`. Where somebody
-// else has planted something under its name the next name is taken; empty when none is left.
+// The private folder in `$TMPDIR`, or in `/tmp` where that takes none; ends in a slash. The same
+// for every process of the user with the same `$TMPDIR`. Empty if neither takes a folder.
 std::filesystem::path PrivateTemporaryFolder();
 
 }  // namespace mavrin2::platform

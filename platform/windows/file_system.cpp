@@ -80,6 +80,7 @@ public:
 
     std::filesystem::path CreateUniqueFile(const std::filesystem::path& folder,
                                            std::string_view prefix) override {
+        if (folder.empty()) return {};
         const std::wstring begin(prefix.begin(), prefix.end());
         wchar_t path[MAX_PATH + 1] = {};
         if (::GetTempFileNameW(folder.c_str(), begin.c_str(), 0, path) == 0) return {};

@@ -77,7 +77,7 @@ void CheckOpen(ControlWorld& world, HRESULT status) {
 }
 
 void CheckNew(ControlWorld& world, HRESULT status) {
-    EXPECT_EQ(status, S_OK);
+    EXPECT_EQ(status, kFileAccess);
     EXPECT_EQ(world.History().Current(), nullptr);
     EXPECT_EQ(world.TempFiles().size(), 3u);
     EXPECT_EQ(world.Events->Take(), "");

@@ -1,8 +1,10 @@
+#include "automation/text.h"
 #include "tests/control/control_test.h"
 
 namespace mavrin2::tests {
 namespace {
 
+using automation::Bstr;
 using interfaces::FormatTypeConstants;
 
 constexpr auto kNotSupported = static_cast<HRESULT>(0x80040304);
@@ -121,6 +123,31 @@ TEST_F(Opening, RefusesFormatsThatNoDocumentHas) {
     Dusoro->ThrowsInOpen = false;
     EXPECT_EQ(Open(), S_OK);
     EXPECT_EQ(LastError(), 0);
+}
+
+TEST_F(Opening, NeedsAFolderForTheWorkFile) {
+    constexpr auto kFileAccess = static_cast<HRESULT>(0x80040309);
+    System.Files->AddFolder("/protected");
+    const auto expectNone = [&] {
+        EXPECT_EQ(Open(), kFileAccess);
+        EXPECT_EQ(LastError(), -18);
+        EXPECT_EQ(Control->New(interfaces::FrequencyConstants{8000}, {}), S_OK) << "no channels";
+        EXPECT_EQ(
+            Control->New(interfaces::FrequencyConstants{8000}, interfaces::ChannelsConstants::MONO),
+            kFileAccess);
+        EXPECT_EQ(LastError(), -18);
+        EXPECT_EQ(Positions(), "select 0..0 view 0..0 of 0");
+        EXPECT_EQ(System.Files->Files().size(), 0u);
+        EXPECT_EQ(System.Files->OpenFiles(), 0);
+    };
+    Control->put_TempDirectory(Bstr(std::string_view("/protected/")).Get());
+    System.Files->Refuse("/protected");
+    expectNone();
+    End();
+    System.Files->SetTemporaryFolder("");
+    Start();
+    expectNone();
+    EXPECT_EQ(Events->Take(), "");
 }
 
 using Closing = ControlTest;

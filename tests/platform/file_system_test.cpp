@@ -79,6 +79,7 @@ TYPED_TEST(FileSystems, MakeUniqueFilesWithNamesOfOneForm) {
     }
     EXPECT_EQ(names.size(), 50u);
     EXPECT_EQ(this->Files().CreateUniqueFile(this->At("missing"), "nct"), "");
+    EXPECT_EQ(this->Files().CreateUniqueFile("", "nct"), "") << "never in the current folder";
 }
 
 TYPED_TEST(FileSystems, KeepAnOpenFileUsableThatIsRemoved) {

@@ -12,6 +12,9 @@
 namespace mavrin2::script {
 namespace {
 
+// What the editor's methods fail with when a file cannot be opened, read or written.
+constexpr std::uint32_t kFileAccess = 0x80040309;
+
 // The system's reason is clearer than a sound library's.
 void CheckReadable(const std::string& file) {
     std::error_code error;
@@ -65,11 +68,18 @@ void Editor::Run(const char* work, const std::string& name, auto&& operation) {
 
 void Editor::Open(const std::string& file) {
     CheckReadable(file);
-    Run("Reading", file, [&] { editor_.Call("Open", file); });
-    // Without a work file there is no document, which the control does not report as an error.
     const std::string folder = editor_.Text("TempDirectory");
-    if (std::filesystem::is_directory(folder))
-        throw Failure(file, "no work file can be made in the temporary folder " + folder);
+    if (folder.empty()) throw Failure("no temporary folder: TMPDIR and /tmp cannot be written to");
+    Run("Reading", file, [&] {
+        try {
+            editor_.Call("Open", file);
+        } catch (const CallError& error) {
+            // The file itself can be read, so it is its working copy that cannot be written.
+            if (static_cast<std::uint32_t>(error.Status()) != kFileAccess) throw;
+            throw CallError(error.Status(),
+                            "cannot write its working copy in the temporary folder " + folder);
+        }
+    });
 }
 
 std::string Editor::Format() const {

@@ -97,9 +97,28 @@ TEST_F(LinuxFiles, TakeAnotherTemporaryFolderWhereSomethingWasPlanted) {
     EXPECT_NE(Files().TemporaryFolder(), name / "");
 }
 
+TEST_F(LinuxFiles, HaveATemporaryFolderThoughOthersTakeItsNames) {
+    const EnvironmentVariable variable("TMPDIR", world_.Folder().string());
+    const std::string name = "mavrin2-" + std::to_string(::geteuid());
+    std::vector<std::string> taken = {name};
+    for (int i = 0; i < 12; ++i)
+        taken.push_back(name + "-" + std::to_string(i));
+    for (const auto& plant : taken)
+        ASSERT_TRUE(Files().Create(At(plant)));
+    const auto folder = Files().TemporaryFolder();
+    EXPECT_EQ(ModeOf(folder.parent_path()), 0700u);
+    EXPECT_EQ(Files().TemporaryFolder(), folder) << "the same each time";
+    for (const auto& plant : taken)
+        Files().Remove(At(plant));
+    EXPECT_EQ(Files().TemporaryFolder(), folder) << "also when the others have gone";
+}
+
 TEST_F(LinuxFiles, FallBackToTheCommonTemporaryFolder) {
-    const EnvironmentVariable variable("TMPDIR", At("missing").string());
-    EXPECT_EQ(Files().TemporaryFolder().parent_path().parent_path(), "/tmp");
+    ASSERT_TRUE(Files().Create(At("file")));
+    for (const char* name : {"missing", "file"}) {
+        const EnvironmentVariable variable("TMPDIR", At(name).string());
+        EXPECT_EQ(Files().TemporaryFolder().parent_path().parent_path(), "/tmp");
+    }
 }
 
 }  // namespace
