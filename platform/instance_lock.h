@@ -4,20 +4,21 @@
 
 namespace mavrin2::platform {
 
-// Tells whether another control is alive, in this process or any other process of this user. Each
-// control holds one for its life; a crash frees it.
+// Tells whether another control is alive, in this process or any other process of this user,
+// whatever that process's environment says of temporary folders. Each control holds one for its
+// life; a crash frees it. No other user can hold, take or block it.
 class InstanceLock {
 public:
     virtual ~InstanceLock() = default;
 
-    // Held while cleaning up as the sole instance; giving it back lets others in again.
+    // Held while cleaning up as the sole instance; releasing it lets others in again.
     class Sole {
     public:
         virtual ~Sole() = default;
     };
 
-    // Nothing when another instance is alive (or the answer cannot be had). While the result lives
-    // no other instance can start to live.
+    // Null if another instance is alive, or may be. While the result exists, no other instance can
+    // start.
     virtual std::unique_ptr<Sole> TryBecomeSole() = 0;
 };
 

@@ -2,20 +2,25 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <functional>
+#include <string>
 
 #include "platform/linux/descriptor.h"
+#include "platform/linux/private_folder.h"
 
 namespace mavrin2::platform {
 namespace {
 
-// One open file description, which is what these locks belong to: a second one sees them in the
-// same process as well as in another, the kernel frees them with it, and raising one to exclusive
-// either succeeds or leaves it as it was.
-class Holder {
+// A lock on one file. It belongs to the open file description: another one sees it in the same
+// process as well as in others, the kernel frees it with the description, and raising it to
+// exclusive either succeeds or leaves it as it was.
+class FileLock {
 public:
-    explicit Holder(std::filesystem::path path) : path_(std::move(path)) {
+    explicit FileLock(std::filesystem::path path) : path_(std::move(path)) {
         // A cleaner of old files may take the file away between opening and locking it.
         do {
             file_ = Descriptor(::open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW,
@@ -24,14 +29,11 @@ public:
     }
 
     bool Raise() {
-        // Those who came after the file was taken away hold another one.
-        return file_ && !sole_ && IsStillNamed() && (sole_ = Lock(F_OFD_SETLK, F_WRLCK));
+        // Newcomers lock another file once this one has been taken away.
+        return file_ && IsStillNamed() && Lock(F_OFD_SETLK, F_WRLCK);
     }
 
-    void Lower() {
-        Lock(F_OFD_SETLK, F_RDLCK);
-        sole_ = false;
-    }
+    void Lower() { Lock(F_OFD_SETLK, F_RDLCK); }
 
 private:
     bool Lock(int command, short type) {
@@ -53,6 +55,30 @@ private:
 
     std::filesystem::path path_;
     Descriptor file_;
+};
+
+// The locks of one control on all the files.
+class Holder {
+public:
+    // In the order of the files, which is the same for everybody: newcomers wait at the first.
+    explicit Holder(const std::vector<std::filesystem::path>& files)
+        : locks_(files.begin(), files.end()) {}
+
+    bool Raise() {
+        if (sole_ || locks_.empty()) return false;
+        const auto refused = std::ranges::find_if_not(locks_, &FileLock::Raise);
+        sole_ = refused == locks_.end();
+        if (!sole_) std::for_each(locks_.begin(), refused, std::mem_fn(&FileLock::Lower));
+        return sole_;
+    }
+
+    void Lower() {
+        std::ranges::for_each(locks_, &FileLock::Lower);
+        sole_ = false;
+    }
+
+private:
+    std::vector<FileLock> locks_;
     bool sole_ = false;
 };
 
@@ -69,8 +95,8 @@ private:
 
 class LinuxLock final : public InstanceLock {
 public:
-    explicit LinuxLock(const std::filesystem::path& path)
-        : holder_(std::make_shared<Holder>(path)) {}
+    explicit LinuxLock(const std::vector<std::filesystem::path>& files)
+        : holder_(std::make_shared<Holder>(files)) {}
 
     std::unique_ptr<Sole> TryBecomeSole() override {
         if (!holder_->Raise()) return nullptr;
@@ -81,10 +107,26 @@ private:
     std::shared_ptr<Holder> holder_;
 };
 
+// The system creates it for a user who logs in; any other one is not for us.
+bool IsRuntimeFolder(const std::filesystem::path& path) {
+    struct stat status = {};
+    return ::lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
+           status.st_uid == ::geteuid() && (status.st_mode & 07777) == S_IRWXU;
+}
+
 }  // namespace
 
-std::unique_ptr<InstanceLock> LinuxInstanceLock(const std::filesystem::path& path) {
-    return std::make_unique<LinuxLock>(path);
+std::vector<std::filesystem::path> InstanceLockFiles() {
+    std::vector<std::filesystem::path> files;
+    if (const auto folder = PrivateFolderIn("/tmp"); !folder.empty())
+        files.push_back(folder / "instances.lock");
+    const auto runtime = std::filesystem::path("/run/user") / std::to_string(::geteuid());
+    if (IsRuntimeFolder(runtime)) files.push_back(runtime / "mavrin2-instances.lock");
+    return files;
+}
+
+std::unique_ptr<InstanceLock> LinuxInstanceLock(const std::vector<std::filesystem::path>& files) {
+    return std::make_unique<LinuxLock>(files);
 }
 
 }  // namespace mavrin2::platform

@@ -24,11 +24,7 @@ Ports SystemPorts() {
     Ports ports;
     ports.Files = LinuxFileSystem();
     ports.Errors = std::make_shared<StandardErrorDialog>();
-    // Beside the temporary files, which are what a sole control cleans up.
-    ports.NewInstanceLock = [files = ports.Files] {
-        const auto folder = files->TemporaryFolder();
-        return LinuxInstanceLock(folder.empty() ? folder : folder / "instances.lock");
-    };
+    ports.NewInstanceLock = [] { return LinuxInstanceLock(InstanceLockFiles()); };
     ports.Fonts = LinuxFonts();
     // What a plain desktop has.
     ports.Colors = {.ButtonFace = 0xC8D0D4, .Highlight = 0xFFFFFF, .Shadow = 0x808080};

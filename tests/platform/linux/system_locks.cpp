@@ -13,7 +13,7 @@ SystemLocks::SystemLocks() : place_(std::make_unique<Place>()) {}
 SystemLocks::~SystemLocks() = default;
 
 std::unique_ptr<platform::InstanceLock> SystemLocks::New() {
-    return platform::LinuxInstanceLock(place_->Folder.Path() / "lock");
+    return platform::LinuxInstanceLock({place_->Folder.Path() / "lock"});
 }
 
 }  // namespace mavrin2::tests
