@@ -20,9 +20,11 @@ set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib")
 
 add_library(mavrin2_options INTERFACE)
 target_include_directories(mavrin2_options INTERFACE "${CMAKE_SOURCE_DIR}")
+# -ffp-contract=off: sums of products round alike on every processor.
 # -Wno-non-virtual-dtor: a virtual destructor in an interface would shift every slot behind it.
 target_compile_options(mavrin2_options INTERFACE
-  -Wall -Wextra -Wpedantic -Werror -Wdelete-non-virtual-dtor -Wno-non-virtual-dtor)
+  -Wall -Wextra -Wpedantic -Werror -Wdelete-non-virtual-dtor -Wno-non-virtual-dtor
+  -ffp-contract=off)
 if(WIN32)
   target_compile_definitions(mavrin2_options INTERFACE
     UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
