@@ -16,18 +16,33 @@ bool IsLeftOut(const VARIANT& argument) {
     return argument.vt == VT_ERROR && argument.scode == DISP_E_PARAMNOTFOUND;
 }
 
-VARIANT DefaultOf(const ParameterDescription& parameter) {
-    Variant number = Variant::Int32(parameter.Default);
-    if (parameter.Type.Type == VT_BOOL) {
-        number.vt = VT_BOOL;
-        number.boolVal = static_cast<VARIANT_BOOL>(parameter.Default);
-    }
-    Variant value;
-    ThrowIfFailed(VariantChangeType(&value, &number, 0, parameter.Type.Type));
-    VARIANT result = value;
-    VariantInit(&value);
-    return result;
+// The argument, or the variant that a script's variable is. Null for an address of nothing.
+VARIANT* Dereferenced(VARIANT& argument) {
+    return argument.vt == (VT_BYREF | VT_VARIANT) ? argument.pvarVal : &argument;
 }
+
+// Where the argument holds an array of that type; null when it holds none.
+SAFEARRAY** ArrayIn(VARIANT& argument, VARTYPE type) {
+    VARIANT* holder = Dereferenced(argument);
+    if (!holder) return nullptr;
+    if (holder->vt == type) return &holder->parray;
+    return holder->vt == (VT_BYREF | type) ? holder->pparray : nullptr;
+}
+
+// Keeps an array from being destroyed or resized while a member reads it: a handler that runs
+// meanwhile may assign to the variable that holds it.
+class ArrayLock {
+public:
+    explicit ArrayLock(SAFEARRAY* array) : array_(array) { ThrowIfFailed(SafeArrayLock(array_)); }
+    ArrayLock(ArrayLock&& other) noexcept : array_(std::exchange(other.array_, nullptr)) {}
+    ArrayLock& operator=(ArrayLock&&) = delete;
+    ~ArrayLock() {
+        if (array_) SafeArrayUnlock(array_);
+    }
+
+private:
+    SAFEARRAY* array_;
+};
 
 // How many parameters a caller can give: a result is none of them.
 std::size_t SettableOf(const MemberDescription& member) {
@@ -44,6 +59,7 @@ public:
         : member_(member),
           call_(call),
           given_(member.Parameters.size(), nullptr),
+          returned_(member.Parameters.size(), nullptr),
           converted_(member.Parameters.size()),
           passed_(member.Parameters.size()) {}
 
@@ -51,7 +67,9 @@ public:
         if (const HRESULT status = Match(); FAILED(status)) return status;
         for (std::size_t i = 0; i < member_.Parameters.size(); ++i) {
             const ParameterDescription& parameter = member_.Parameters[i];
-            const HRESULT status = parameter.Way == Direction::In ? PassIn(i) : PassOut(i);
+            const HRESULT status = parameter.Way == Direction::In      ? PassIn(i)
+                                   : parameter.Way == Direction::InOut ? PassInOut(i)
+                                                                       : PassOut(i);
             if (FAILED(status)) {
                 if (call_.BadArgument && given_[i])
                     *call_.BadArgument = static_cast<UINT>(given_[i] - call_.Arguments->rgvarg);
@@ -70,10 +88,9 @@ public:
             if (way == Direction::Result && call_.Result) {
                 VariantClear(call_.Result);
                 Move(converted_[i], *call_.Result);
-            } else if (way == Direction::Out && given_[i] &&
-                       given_[i]->vt == (VT_BYREF | VT_VARIANT)) {
-                VariantClear(given_[i]->pvarVal);
-                Move(converted_[i], *given_[i]->pvarVal);
+            } else if (returned_[i]) {
+                VariantClear(returned_[i]);
+                Move(converted_[i], *returned_[i]);
             }
         }
         return S_OK;
@@ -114,7 +131,7 @@ private:
     std::size_t Required() const {
         return static_cast<std::size_t>(
             std::ranges::count_if(member_.Parameters, [](const ParameterDescription& parameter) {
-                return !parameter.Optional && parameter.Way != Direction::Result;
+                return !parameter.IsOptional() && parameter.Way != Direction::Result;
             }));
     }
 
@@ -127,32 +144,76 @@ private:
         const ParameterDescription& parameter = member_.Parameters[i];
         VARIANT* argument = given_[i];
         if (!argument || IsLeftOut(*argument)) {
-            if (!parameter.Optional) return DISP_E_PARAMNOTOPTIONAL;
-            static_cast<VARIANT&>(converted_[i]) = DefaultOf(parameter);
+            if (!parameter.IsOptional()) return DISP_E_PARAMNOTOPTIONAL;
+            converted_[i] = parameter.MakeDefault();
             passed_[i] = converted_[i];
             return S_OK;
         }
+        if (parameter.Type.Type & VT_ARRAY) return PassArray(i);
         const HRESULT status = Convert(*argument, parameter.Type, converted_[i]);
         passed_[i] = converted_[i];
         return status;
     }
 
+    // The caller's own array; it is not copied.
+    HRESULT PassArray(std::size_t i) {
+        const ParameterDescription& parameter = member_.Parameters[i];
+        SAFEARRAY** array = ArrayIn(*given_[i], parameter.Type.Type);
+        if (!array) return DISP_E_TYPEMISMATCH;
+        const bool changeable = parameter.Way == Direction::InOut;
+        // A changed array would be lost.
+        if (changeable && !(given_[i]->vt & VT_BYREF)) return DISP_E_TYPEMISMATCH;
+        if (!changeable && *array) locks_.emplace_back(*array);
+        if (parameter.ByAddress || changeable) {
+            passed_[i].vt = static_cast<VARTYPE>(VT_BYREF | parameter.Type.Type);
+            passed_[i].pparray = array;
+        } else {
+            passed_[i].vt = parameter.Type.Type;
+            passed_[i].parray = *array;
+        }
+        return S_OK;
+    }
+
+    HRESULT PassInOut(std::size_t i) {
+        const ValueType& type = member_.Parameters[i].Type;
+        VARIANT* argument = given_[i];
+        if (!argument || IsLeftOut(*argument)) return DISP_E_PARAMNOTOPTIONAL;
+        if (type.Type & VT_ARRAY) return PassArray(i);
+        if (PassExact(i)) return S_OK;
+        if (argument->vt != (VT_BYREF | VT_VARIANT) || !argument->pvarVal)
+            return DISP_E_TYPEMISMATCH;
+        if (const HRESULT status = Convert(*argument, type, converted_[i]); FAILED(status))
+            return status;
+        PassOwn(i);
+        returned_[i] = argument->pvarVal;
+        return S_OK;
+    }
+
+    // A variable of the parameter's own type is passed as it is.
+    bool PassExact(std::size_t i) {
+        const VARTYPE type = member_.Parameters[i].Type.Type;
+        if (given_[i]->vt != (VT_BYREF | type) || !given_[i]->byref) return false;
+        passed_[i] = *given_[i];
+        return true;
+    }
+
+    // The address of the value in the converted variant.
+    void PassOwn(std::size_t i) {
+        const VARTYPE type = member_.Parameters[i].Type.Type;
+        passed_[i].vt = static_cast<VARTYPE>(VT_BYREF | type);
+        passed_[i].byref = type == VT_VARIANT ? static_cast<void*>(&converted_[i])
+                                              : static_cast<void*>(&converted_[i].llVal);
+    }
+
     static HRESULT Convert(VARIANT& argument, const ValueType& type, Variant& converted) {
-        VARIANT* source = &argument;
-        // A variable of a script arrives as the address of its variant.
-        if (source->vt == (VT_BYREF | VT_VARIANT)) source = source->pvarVal;
+        VARIANT* source = Dereferenced(argument);
+        if (!source) return DISP_E_TYPEMISMATCH;
         if (type.Type == VT_VARIANT) return VariantCopyInd(&converted, source);
-        if (type.Type & VT_ARRAY) return ConvertArray(*source, type, converted);
         if (type.Type == VT_DISPATCH || type.Type == VT_UNKNOWN)
             return ConvertObject(*source, type, converted);
         const HRESULT status =
             VariantChangeTypeEx(&converted, source, LOCALE_USER_DEFAULT, 0, type.Type);
         return status == DISP_E_BADVARTYPE ? DISP_E_TYPEMISMATCH : status;
-    }
-
-    static HRESULT ConvertArray(VARIANT& source, const ValueType& type, Variant& converted) {
-        if ((source.vt & ~VT_BYREF) != type.Type) return DISP_E_TYPEMISMATCH;
-        return VariantCopyInd(&converted, &source);
     }
 
     static HRESULT ConvertObject(VARIANT& source, const ValueType& type, Variant& converted) {
@@ -179,31 +240,25 @@ private:
     HRESULT PassOut(std::size_t i) {
         const ParameterDescription& parameter = member_.Parameters[i];
         VARIANT* argument = given_[i];
-        const VARTYPE type = parameter.Type.Type;
         if (parameter.Way == Direction::Out) {
             if (!argument) return DISP_E_PARAMNOTOPTIONAL;
-            if (argument->vt == (VT_BYREF | type)) {
-                if (!argument->byref) return DISP_E_TYPEMISMATCH;
-                passed_[i] = *argument;
-                return S_OK;
-            }
+            if (PassExact(i)) return S_OK;
             if (argument->vt != (VT_BYREF | VT_VARIANT) || !argument->pvarVal)
                 return DISP_E_TYPEMISMATCH;
+            returned_[i] = argument->pvarVal;
         }
-        // The value is made in a variant of our own and moved to the caller's afterwards.
-        converted_[i].vt = type;
+        if (parameter.Type.Type != VT_VARIANT) converted_[i].vt = parameter.Type.Type;
         converted_[i].llVal = 0;
-        passed_[i].vt = static_cast<VARTYPE>(VT_BYREF | type);
-        passed_[i].byref = type == VT_VARIANT ? static_cast<void*>(&converted_[i])
-                                              : static_cast<void*>(&converted_[i].llVal);
-        if (type == VT_VARIANT) VariantInit(&converted_[i]);
+        PassOwn(i);
         return S_OK;
     }
 
     const MemberDescription& member_;
     const Invocation& call_;
     std::vector<VARIANT*> given_;
+    std::vector<VARIANT*> returned_;  // variables of scripts that get the converted value back
     std::vector<Variant> converted_;
+    std::vector<ArrayLock> locks_;
     std::vector<VARIANT> passed_;
 };
 

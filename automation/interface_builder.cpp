@@ -1,52 +1,36 @@
 #include "automation/interface_builder.h"
 
 #include <stdexcept>
+#include <string>
+
+#include "automation/guarded.h"
 
 namespace mavrin2::automation {
-namespace {
-
-constexpr int kDispatchSlots = 7;
-
-[[noreturn]] void Disagree(const char* interfaceName, const char* member, const char* why) {
-    throw std::logic_error(std::string(interfaceName) + "." + member + ": " + why);
-}
-
-}  // namespace
 
 void DescriptionBuilder::Add(MemberDescription member) {
-    // Properties of one name stand together in the plan as one entry.
-    std::size_t at = planned_;
-    while (at < plan_.size() && std::string_view(plan_[at].Name) != member.Name)
-        ++at;
-    if (at == plan_.size())
-        Disagree(description_.Name, member.Name, "not in the plan, or not in its order");
-    planned_ = at;
-    member.Id = plan_[at].Id;
-    if (description_.Find(member.Id, member.Kind))
-        Disagree(description_.Name, member.Name, "described twice");
-    const int slot = kDispatchSlots + static_cast<int>(description_.Members.size());
-    if (!description_.Events && member.Slot != slot)
-        Disagree(description_.Name, member.Name, "stands elsewhere in the virtual table");
+    const auto disagree = [&](const char* why) {
+        throw std::logic_error(std::string(description_.Name) + "." + member.Name + ": " + why);
+    };
+    for (const MemberDescription& other : description_.Members) {
+        const bool same = std::string_view(other.Name) == member.Name;
+        if (same != (other.Id == member.Id)) disagree("one name has one identifier");
+        if (same && other.Kind == member.Kind) disagree("described twice");
+    }
+    if (!description_.Events && member.Slot != slot_) disagree("is elsewhere in the virtual table");
+    for (const ParameterDescription& parameter : member.Parameters) {
+        try {
+            if (parameter.IsOptional()) parameter.MakeDefault();
+        } catch (const StatusError&) {
+            disagree("a default that does not fit its parameter");
+        }
+    }
+    ++slot_;
     description_.Members.push_back(std::move(member));
 }
 
-void CheckParameterList(const char* member, std::span<const Parameter> parameters,
-                        std::span<const bool> addresses) {
-    if (parameters.size() != addresses.size())
-        throw std::logic_error(std::string(member) + ": wrong number of parameters described");
-    for (std::size_t i = 0; i < parameters.size(); ++i) {
-        const bool out = parameters[i].Way != Direction::In;
-        const bool array = (parameters[i].Explicit & VT_ARRAY) != 0;
-        if (!array && out != addresses[i])
-            throw std::logic_error(std::string(member) + ": direction of " + parameters[i].Name);
-        if (parameters[i].Way == Direction::Result && i + 1 != parameters.size())
-            throw std::logic_error(std::string(member) + ": the result stands last");
-    }
-}
-
-EventsBuilder& EventsBuilder::Event(const char* name, const char* help,
-                                    std::initializer_list<Argument> arguments) {
-    MemberDescription member{name, DISPID_UNKNOWN, INVOKE_FUNC, help, {}, nullptr, -1};
+EventsBuilder& EventsBuilder::Add(DISPID id, const char* name, const char* help,
+                                  std::initializer_list<Argument> arguments) {
+    MemberDescription member{name, id, INVOKE_FUNC, help, {}, nullptr, -1};
     for (const Argument& argument : arguments)
         member.Parameters.push_back({argument.Name, {argument.Type}});
     builder_.Add(std::move(member));

@@ -1,10 +1,7 @@
 #pragma once
 
-#include <array>
-#include <bit>
+#include <concepts>
 #include <cstring>
-#include <string>
-#include <tuple>
 #include <type_traits>
 #include <utility>
 
@@ -13,51 +10,61 @@
 
 namespace mavrin2::automation {
 
-// One parameter as written in a description; its type is deduced from the member.
-struct Parameter {
-    const char* Name;
-    Direction Way = Direction::In;
-    VARTYPE Explicit = VT_EMPTY;
-    bool Optional = false;
-    std::int32_t DefaultValue = 0;
-
-    // A truth value: in C++ it is a 16-bit integer like any other.
-    Parameter Boolean() const { return With(VT_BOOL); }
-    // An array, whose element type C++ does not show.
-    Parameter ArrayOf(VARTYPE element) const {
-        return With(static_cast<VARTYPE>(VT_ARRAY | element));
-    }
-    Parameter Default(std::int32_t value) const {
-        Parameter copy = *this;
-        copy.Optional = true;
-        copy.DefaultValue = value;
-        return copy;
-    }
-
-private:
-    Parameter With(VARTYPE type) const {
-        Parameter copy = *this;
-        copy.Explicit = type;
-        return copy;
-    }
-};
-
-inline Parameter In(const char* name) {
-    return {name};
-}
-inline Parameter Out(const char* name) {
-    return {name, Direction::Out};
-}
-inline Parameter Result(const char* name) {
-    return {name, Direction::Result};
-}
-
 namespace detail {
+
+enum class Form { Plain, Boolean, Array };
+struct NoDefault {};
 
 template <class T>
 concept DescribedInterface = std::is_base_of_v<IDispatch, T> && !std::is_same_v<IDispatch, T>;
 
-// The automation type of a C++ type that stands by value.
+template <class T>
+constexpr bool IsObject =
+    std::is_pointer_v<T>&& std::is_base_of_v<IUnknown, std::remove_pointer_t<T>>;
+
+}  // namespace detail
+
+// One parameter as written in a description. Its type is deduced from the member; a description
+// that does not fit the member does not compile.
+template <Direction Way, detail::Form Form = detail::Form::Plain,
+          class DefaultType = detail::NoDefault>
+struct Parameter {
+    const char* Name;
+    VARTYPE Element = VT_EMPTY;
+    DefaultType DefaultValue = {};
+
+    // A boolean: in C++ it is a 16-bit integer like any other.
+    constexpr auto Boolean() const {
+        return Parameter<Way, detail::Form::Boolean, DefaultType>{Name, Element, DefaultValue};
+    }
+    // An array, whose element type C++ does not show.
+    constexpr auto ArrayOf(VARTYPE element) const {
+        return Parameter<Way, detail::Form::Array, DefaultType>{Name, element, DefaultValue};
+    }
+    // A number, a boolean, a text or a member of the parameter's enumeration.
+    template <class Value>
+    constexpr auto Default(Value value) const {
+        return Parameter<Way, Form, Value>{Name, Element, value};
+    }
+};
+
+constexpr Parameter<Direction::In> In(const char* name) {
+    return {name};
+}
+constexpr Parameter<Direction::Out> Out(const char* name) {
+    return {name};
+}
+// Given by the caller and changed by the member.
+constexpr Parameter<Direction::InOut> InOut(const char* name) {
+    return {name};
+}
+constexpr Parameter<Direction::Result> Result(const char* name) {
+    return {name};
+}
+
+namespace detail {
+
+// The automation type of a C++ type that is passed by value.
 template <class T>
 ValueType TypeOf() {
     if constexpr (std::is_enum_v<T>) {
@@ -89,16 +96,68 @@ ValueType TypeOf() {
 
 // Whether a parameter of this C++ type is the address of a value rather than a value.
 template <class T>
-constexpr bool IsAddress =
-    std::is_pointer_v<T> && !std::is_same_v<T, BSTR> && !std::is_same_v<T, SAFEARRAY*> &&
-    !std::is_base_of_v<IUnknown, std::remove_pointer_t<T>>;
+constexpr bool IsAddress = std::is_pointer_v<T> && !std::is_same_v<T, BSTR> &&
+                           !std::is_same_v<T, SAFEARRAY*> && !IsObject<T>;
 
 template <class T>
-ValueType ParameterType() {
-    if constexpr (IsAddress<T>)
-        return TypeOf<std::remove_pointer_t<T>>();
-    else
-        return TypeOf<T>();
+using ValueOf = std::conditional_t<IsAddress<T>, std::remove_pointer_t<T>, T>;
+
+template <class T, Form F, class Default>
+constexpr bool DefaultFits() {
+    if constexpr (std::is_same_v<Default, NoDefault>) return true;
+    if constexpr (F == Form::Array || IsAddress<T>) return false;
+    if constexpr (F == Form::Boolean || std::is_same_v<Default, bool>)
+        return F == Form::Boolean && std::is_same_v<Default, bool>;
+    if constexpr (std::is_enum_v<Default>) return std::is_same_v<T, Default>;
+    if constexpr (std::is_convertible_v<Default, const char*>) return std::is_same_v<T, BSTR>;
+    if constexpr (std::is_floating_point_v<Default>) return std::is_floating_point_v<T>;
+    return std::is_integral_v<Default> && std::is_arithmetic_v<T>;
+}
+
+template <class T, class P>
+struct FitsParameter : std::false_type {};
+template <class T, Direction Way, Form F, class Default>
+struct FitsParameter<T, Parameter<Way, F, Default>> {
+    using Value = ValueOf<T>;
+    static constexpr bool kArray = std::is_same_v<Value, SAFEARRAY*>;
+    // Only an array may go in by its address.
+    static constexpr bool kWayFits = Way == Direction::In ? !IsAddress<T> || kArray : IsAddress<T>;
+    // The caller's variable would hold an object of another interface.
+    static constexpr bool kChangeable = Way != Direction::InOut || !IsObject<Value>;
+    static constexpr bool value =
+        kWayFits && kChangeable && (F == Form::Array) == kArray &&
+        (F != Form::Boolean || std::is_same_v<Value, VARIANT_BOOL>)&&(
+            Way == Direction::In ||
+            std::is_same_v<Default, NoDefault>)&&DefaultFits<T, F, Default>();
+};
+
+template <class P>
+constexpr bool IsResult = false;
+template <Form F, class Default>
+constexpr bool IsResult<Parameter<Direction::Result, F, Default>> = true;
+
+// The result comes last.
+template <class... Ps>
+constexpr bool ResultIsLast() {
+    const bool results[] = {IsResult<Ps>..., false};
+    for (std::size_t i = 0; i + 1 < sizeof...(Ps); ++i)
+        if (results[i]) return false;
+    return true;
+}
+
+template <class T, Direction Way, Form F, class Default>
+ParameterDescription Describe(const Parameter<Way, F, Default>& parameter) {
+    ValueType type = TypeOf<ValueOf<T>>();
+    if constexpr (F == Form::Boolean) type.Type = VT_BOOL;
+    if constexpr (F == Form::Array) type.Type = static_cast<VARTYPE>(VT_ARRAY | parameter.Element);
+    automation::DefaultValue value;
+    if constexpr (std::is_same_v<Default, bool>)
+        value = static_cast<std::int32_t>(parameter.DefaultValue ? VARIANT_TRUE : VARIANT_FALSE);
+    else if constexpr (std::is_enum_v<Default> || std::is_integral_v<Default>)
+        value = static_cast<std::int32_t>(parameter.DefaultValue);
+    else if constexpr (!std::is_same_v<Default, NoDefault>)
+        value = parameter.DefaultValue;
+    return {parameter.Name, type, Way, Way == Direction::In && IsAddress<T>, value};
 }
 
 template <class T>
@@ -131,10 +190,18 @@ template <class Member>
 struct MemberTraits;
 template <class Owner, class... Arguments>
 struct MemberTraits<HRESULT (STDMETHODCALLTYPE Owner::*)(Arguments...)> {
-    static constexpr std::size_t Arity = sizeof...(Arguments);
+    template <class... Ps>
+    static constexpr bool Fits() {
+        if constexpr (sizeof...(Ps) != sizeof...(Arguments))
+            return false;
+        else
+            return (FitsParameter<Arguments, Ps>::value && ...) && ResultIsLast<Ps...>();
+    }
 
-    static std::array<ValueType, Arity> Types() { return {ParameterType<Arguments>()...}; }
-    static constexpr std::array<bool, Arity> Addresses() { return {IsAddress<Arguments>...}; }
+    template <class... Ps>
+    static std::vector<ParameterDescription> Describe(const Ps&... parameters) {
+        return {detail::Describe<Arguments>(parameters)...};
+    }
 
     template <class Interface, auto Function>
     static HRESULT Call(void* object, VARIANT* arguments) {
@@ -146,8 +213,8 @@ struct MemberTraits<HRESULT (STDMETHODCALLTYPE Owner::*)(Arguments...)> {
     }
 };
 
-// The slot a pointer to a virtual member names. Both compilers of this project follow the Itanium
-// ABI, where such a pointer is 1 + the byte offset into the virtual table.
+// The slot that a pointer to a virtual member names. Both compilers of this project follow the
+// Itanium ABI, where such a pointer is 1 + the byte offset into the virtual table.
 template <class Member>
 int SlotOf(Member member) {
     std::uintptr_t words[2] = {};
@@ -158,84 +225,92 @@ int SlotOf(Member member) {
 
 }  // namespace detail
 
-// Collects members in the order of the virtual table and holds them against it and against the
-// plan: a description that disagrees with either throws std::logic_error when it is first used.
+// Whether parameters described like this can be passed to the member.
+template <auto Function, class... Parameters>
+concept Describes = detail::MemberTraits<decltype(Function)>::template Fits<Parameters...>();
+
+// Collects members in the order of the virtual table. Throws std::logic_error, at first use, for a
+// description that disagrees with the table, that gives two names one identifier or one name two,
+// or that has a default which does not fit its parameter.
 class DescriptionBuilder {
 public:
-    DescriptionBuilder(InterfaceDescription description, MemberPlan plan)
-        : description_(std::move(description)), plan_(plan) {}
+    explicit DescriptionBuilder(InterfaceDescription description)
+        : description_(std::move(description)) {}
 
     void Add(MemberDescription member);
+    void Reserve(int slots) { slot_ += slots; }
     InterfaceDescription Take() { return std::move(description_); }
 
 private:
     InterfaceDescription description_;
-    MemberPlan plan_;
-    std::size_t planned_ = 0;
+    int slot_ = kDispatchSlots;
 };
-
-// Throws std::logic_error when names and directions do not fit the member's own parameters.
-void CheckParameterList(const char* member, std::span<const Parameter> parameters,
-                        std::span<const bool> addresses);
 
 template <class Interface>
 class InterfaceBuilder {
 public:
-    InterfaceBuilder(const char* name, const char* help, MemberPlan plan,
+    InterfaceBuilder(const char* name, const char* help,
                      const LibraryDescription& (*library)() = nullptr)
-        : builder_({name, Interface::Id, help, false, {}, library}, plan) {}
+        : builder_({name, Interface::Id, help, false, {}, library}) {}
 
-    template <auto Function>
-    InterfaceBuilder& Method(const char* name, const char* help, auto... parameters) {
-        return Add<Function>(name, help, INVOKE_FUNC, {Parameter(parameters)...});
+    template <auto Function, class... Ps>
+    requires Describes<Function, Ps...> InterfaceBuilder& Method(DISPID id, const char* name,
+                                                                 const char* help,
+                                                                 Ps... parameters) {
+        return Add<Function>(id, name, help, INVOKE_FUNC, parameters...);
     }
 
-    // A property that is read; `indices` name what stands before the value.
-    template <auto Function>
-    InterfaceBuilder& Get(const char* name, const char* help, auto... indices) {
-        return Add<Function>(name, help, INVOKE_PROPERTYGET,
-                             {Parameter(indices)..., Result("Value")});
+    // A property that is read; `indices` name what comes before the value.
+    template <auto Function, class... Ps>
+    InterfaceBuilder& Get(DISPID id, const char* name, const char* help, Ps... indices) {
+        return Add<Function>(id, name, help, INVOKE_PROPERTYGET, indices..., Result("Value"));
     }
-    template <auto Function>
-    InterfaceBuilder& GetBoolean(const char* name, const char* help, auto... indices) {
-        return Add<Function>(name, help, INVOKE_PROPERTYGET,
-                             {Parameter(indices)..., Result("Value").Boolean()});
+    template <auto Function, class... Ps>
+    InterfaceBuilder& GetBoolean(DISPID id, const char* name, const char* help, Ps... indices) {
+        return Add<Function>(id, name, help, INVOKE_PROPERTYGET, indices...,
+                             Result("Value").Boolean());
     }
-    template <auto Function>
-    InterfaceBuilder& Put(const char* name, const char* help, auto... indices) {
-        return Add<Function>(name, help, INVOKE_PROPERTYPUT, {Parameter(indices)..., In("Value")});
+    template <auto Function, class... Ps>
+    InterfaceBuilder& Put(DISPID id, const char* name, const char* help, Ps... indices) {
+        return Add<Function>(id, name, help, INVOKE_PROPERTYPUT, indices..., In("Value"));
     }
-    template <auto Function>
-    InterfaceBuilder& PutBoolean(const char* name, const char* help, auto... indices) {
-        return Add<Function>(name, help, INVOKE_PROPERTYPUT,
-                             {Parameter(indices)..., In("Value").Boolean()});
+    template <auto Function, class... Ps>
+    InterfaceBuilder& PutReference(DISPID id, const char* name, const char* help, Ps... indices) {
+        return Add<Function>(id, name, help, INVOKE_PROPERTYPUTREF, indices..., In("Value"));
     }
-    template <auto Function>
-    InterfaceBuilder& PutReference(const char* name, const char* help, auto... indices) {
-        return Add<Function>(name, help, INVOKE_PROPERTYPUTREF,
-                             {Parameter(indices)..., In("Value")});
+    template <auto Function, class... Ps>
+    InterfaceBuilder& PutBoolean(DISPID id, const char* name, const char* help, Ps... indices) {
+        return Add<Function>(id, name, help, INVOKE_PROPERTYPUT, indices..., In("Value").Boolean());
+    }
+    // A property that is read and written.
+    template <auto Getter, auto Putter, class... Ps>
+    InterfaceBuilder& Property(DISPID id, const char* name, const char* help, Ps... indices) {
+        return Get<Getter>(id, name, help, indices...)
+            .template Put<Putter>(id, name, help, indices...);
+    }
+    template <auto Getter, auto Putter, class... Ps>
+    InterfaceBuilder& BooleanProperty(DISPID id, const char* name, const char* help,
+                                      Ps... indices) {
+        return GetBoolean<Getter>(id, name, help, indices...)
+            .template PutBoolean<Putter>(id, name, help, indices...);
+    }
+
+    // Slots that the virtual table keeps for members to come.
+    InterfaceBuilder& Reserved(int slots) {
+        builder_.Reserve(slots);
+        return *this;
     }
 
     InterfaceDescription Build() { return builder_.Take(); }
 
 private:
-    template <auto Function>
-    InterfaceBuilder& Add(const char* name, const char* help, INVOKEKIND kind,
-                          std::vector<Parameter> parameters) {
+    template <auto Function, class... Ps>
+    requires Describes<Function, Ps...> InterfaceBuilder& Add(DISPID id, const char* name,
+                                                              const char* help, INVOKEKIND kind,
+                                                              const Ps&... parameters) {
         using Traits = detail::MemberTraits<decltype(Function)>;
-        MemberDescription member{name, DISPID_UNKNOWN, kind, help, {}, nullptr, -1};
-        member.Call = &Traits::template Call<Interface, Function>;
-        member.Slot = detail::SlotOf(Function);
-        const auto types = Traits::Types();
-        const auto addresses = Traits::Addresses();
-        CheckParameterList(name, parameters, addresses);
-        for (std::size_t i = 0; i < parameters.size(); ++i) {
-            ValueType type = types[i];
-            if (parameters[i].Explicit != VT_EMPTY) type.Type = parameters[i].Explicit;
-            member.Parameters.push_back({parameters[i].Name, type, parameters[i].Way,
-                                         parameters[i].Optional, parameters[i].DefaultValue});
-        }
-        builder_.Add(std::move(member));
+        builder_.Add({name, id, kind, help, Traits::Describe(parameters...),
+                      &Traits::template Call<Interface, Function>, detail::SlotOf(Function)});
         return *this;
     }
 
@@ -250,15 +325,22 @@ public:
         VARTYPE Type;
     };
 
-    EventsBuilder(const char* name, const IID& id, const char* help, MemberPlan plan,
+    EventsBuilder(const char* name, const IID& id, const char* help,
                   const LibraryDescription& (*library)() = nullptr)
-        : builder_({name, id, help, true, {}, library}, plan) {}
+        : builder_({name, id, help, true, {}, library}) {}
 
-    EventsBuilder& Event(const char* name, const char* help,
-                         std::initializer_list<Argument> arguments = {});
+    // `id` is a dispatch identifier, or an enumerator with its value.
+    template <class Id>
+    EventsBuilder& Event(Id id, const char* name, const char* help,
+                         std::initializer_list<Argument> arguments = {}) {
+        return Add(static_cast<DISPID>(id), name, help, arguments);
+    }
     InterfaceDescription Build() { return builder_.Take(); }
 
 private:
+    EventsBuilder& Add(DISPID id, const char* name, const char* help,
+                       std::initializer_list<Argument> arguments);
+
     DescriptionBuilder builder_;
 };
 

@@ -1,16 +1,17 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
+#include "automation/variant.h"
 #include "platform/automation.h"
 
 namespace mavrin2::automation {
 
-// What an interface says of itself: the one list, beside the virtual table, of its members. Late
+// The description of an interface: the only list of its members beside the virtual table. Late
 // binding, type information and the type library are made from it. Names and help are ASCII.
 
 struct EnumerationDescription {
@@ -35,18 +36,26 @@ struct ValueType {
     const InterfaceDescription& (*Interface)() = nullptr;
 };
 
-enum class Direction { In, Out, Result };
+enum class Direction { In, Out, InOut, Result };
+
+// The value of a parameter that the caller leaves out. Without one the parameter is required.
+using DefaultValue = std::variant<std::monostate, std::int32_t, double, const char*>;
 
 struct ParameterDescription {
     const char* Name;
     ValueType Type;
     Direction Way = Direction::In;
-    bool Optional = false;
-    std::int32_t Default = 0;  // of an optional parameter; converted to its type
+    // An array that only goes in, but as the address of the variable that holds it.
+    bool ByAddress = false;
+    DefaultValue Default = {};
+
+    bool IsOptional() const { return !std::holds_alternative<std::monostate>(Default); }
+    // The default in the parameter's type. Throws StatusError when the type cannot hold it.
+    Variant MakeDefault() const;
 };
 
-// Calls the member on the interface pointer. One variant a parameter, each of the described type;
-// those of Out and Result parameters hold the address in `byref`.
+// Calls the member on the interface pointer. One variant per parameter, of the described type, or
+// with the value's address in `byref` for Out, InOut and Result parameters and those by address.
 using MemberThunk = HRESULT (*)(void* interfacePointer, VARIANT* arguments);
 
 struct MemberDescription {
@@ -55,9 +64,12 @@ struct MemberDescription {
     INVOKEKIND Kind;
     const char* Help;  // with unit and range
     std::vector<ParameterDescription> Parameters;
-    MemberThunk Call = nullptr;  // none in an event interface
+    MemberThunk Call = nullptr;  // null in an event interface
     int Slot = -1;               // in the virtual table, from 0 for QueryInterface
 };
+
+// The members that every automation interface inherits come first in its virtual table.
+inline constexpr int kDispatchSlots = 7;
 
 struct InterfaceDescription {
     const char* Name;
@@ -67,6 +79,8 @@ struct InterfaceDescription {
     std::vector<MemberDescription> Members;
     const LibraryDescription& (*Library)() = nullptr;
 
+    // Of the virtual table, up to its last member that is described.
+    std::size_t SlotCount() const;
     // The first member of that name, whatever its kind (case is ignored, as the system does).
     const MemberDescription* Find(std::string_view name) const;
     // The member of that identifier that is one of the kinds (a sum of INVOKEKIND).
@@ -92,13 +106,15 @@ struct LibraryDescription {
     std::vector<ClassDescription> Classes;
 };
 
-// The place of each member of an interface and its dispatch identifier, fixed for all versions to
-// come: what is described so far is a selection of it, in its order.
-struct PlannedMember {
-    const char* Name;
-    DISPID Id;
-};
-using MemberPlan = std::span<const PlannedMember>;
+// Keeps a slot of the virtual table for a member to come, so that those after it are where they
+// will stay. `id` is the dispatch identifier that the member will have. Hosts do not see the slot.
+#define MAVRIN2_RESERVED(name, id)                     \
+    virtual HRESULT STDMETHODCALLTYPE Later_##name() { \
+        static_assert((id) > 0);                       \
+        return E_NOTIMPL;                              \
+    }
+#define MAVRIN2_RESERVED_PROPERTY(name, id) \
+    MAVRIN2_RESERVED(get_##name, id) MAVRIN2_RESERVED(put_##name, id)
 
 // Each described interface gives its description through a specialisation of this, declared beside
 // it; enumerations likewise.

@@ -28,6 +28,12 @@ public:
     Bstr() = default;
     explicit Bstr(OleStringView text);
     explicit Bstr(std::string_view utf8) : Bstr(OleStringView(ToOle(utf8))) {}
+    // Takes over a string that the caller owns.
+    static Bstr Adopt(BSTR text) {
+        Bstr adopted;
+        adopted.text_ = text;
+        return adopted;
+    }
     Bstr(Bstr&& other) noexcept : text_(other.Detach()) {}
     Bstr& operator=(Bstr&& other) noexcept {
         std::swap(text_, other.text_);

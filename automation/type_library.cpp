@@ -125,10 +125,8 @@ public:
     STDMETHODIMP_(void) ReleaseTypeAttr(TYPEATTR* attributes) override {
         CoTaskMemFree(attributes);
     }
-    STDMETHODIMP_(void) ReleaseFuncDesc(FUNCDESC* function) override {
-        ReleaseTypeRecord(function);
-    }
-    STDMETHODIMP_(void) ReleaseVarDesc(VARDESC* variable) override { ReleaseTypeRecord(variable); }
+    STDMETHODIMP_(void) ReleaseFuncDesc(FUNCDESC* function) override { ReleaseRecord(function); }
+    STDMETHODIMP_(void) ReleaseVarDesc(VARDESC* variable) override { ReleaseRecord(variable); }
 
     // Binding for compilers, entry points and marshalling: nothing here has any of them.
     STDMETHODIMP GetTypeComp(ITypeComp**) override { return E_NOTIMPL; }
@@ -277,8 +275,8 @@ HRESULT TypeInformation::GetTypeAttr(TYPEATTR** attributes) {
                                   // Not also "OLE automation": the system says that of the half
                                   // with the virtual table only.
                                   record->wTypeFlags |= TYPEFLAG_FDUAL;
-                                  record->cbSizeVft = static_cast<WORD>(
-                                      (7 + entry->Members.size()) * sizeof(void*));
+                                  record->cbSizeVft =
+                                      static_cast<WORD>(entry->SlotCount() * sizeof(void*));
                               }
                           },
                           [&](const ClassDescription* entry) {

@@ -9,7 +9,7 @@
 namespace mavrin2::automation {
 namespace {
 
-// Places records one behind the other in one block of memory.
+// Places records one after the other in one block of memory.
 class Block {
 public:
     explicit Block(std::size_t bytes) : start_(static_cast<std::byte*>(CoTaskMemAlloc(bytes))) {
@@ -65,22 +65,21 @@ USHORT FlagsOf(const ParameterDescription& parameter) {
             return PARAMFLAG_FOUT | PARAMFLAG_FRETVAL;
         case Direction::Out:
             return PARAMFLAG_FOUT;
+        case Direction::InOut:
+            return PARAMFLAG_FIN | PARAMFLAG_FOUT;
         case Direction::In:
             break;
     }
-    const bool byDefault = parameter.Optional;
-    return static_cast<USHORT>(PARAMFLAG_FIN |
-                               (byDefault ? PARAMFLAG_FOPT | PARAMFLAG_FHASDEFAULT : 0));
+    return static_cast<USHORT>(
+        PARAMFLAG_FIN | (parameter.IsOptional() ? PARAMFLAG_FOPT | PARAMFLAG_FHASDEFAULT : 0));
 }
 
 void DescribeDefault(const ParameterDescription& parameter, ELEMDESC& element, Block& block) {
     auto* extra = block.Take<PARAMDESCEX>();
     extra->cBytes = sizeof *extra;
-    // Default values are numbers: copying the variant's bits is enough.
-    Variant number = Variant::Int32(parameter.Default);
-    Variant value;
-    ThrowIfFailed(VariantChangeType(&value, &number, 0, parameter.Type.Type));
+    Variant value = parameter.MakeDefault();
     extra->varDefaultValue = value;
+    VariantInit(&value);  // the record owns it now
     element.paramdesc.pparamdescex = extra;
 }
 
@@ -88,7 +87,7 @@ void DescribeDefault(const ParameterDescription& parameter, ELEMDESC& element, B
 
 FUNCDESC* MakeFunctionRecord(const MemberDescription& member, bool events,
                              const TypeReferences& references) {
-    // The result stands as the function's type, as callers of a dispatch interface see it.
+    // The result is the function's type, as callers of a dispatch interface see it.
     std::size_t count = member.Parameters.size();
     const bool hasResult = count > 0 && member.Parameters.back().Way == Direction::Result;
     if (hasResult) --count;
@@ -111,14 +110,14 @@ FUNCDESC* MakeFunctionRecord(const MemberDescription& member, bool events,
         const ParameterDescription& parameter = member.Parameters[i];
         ELEMDESC& element = record->lprgelemdescParam[i];
         TYPEDESC* type = &element.tdesc;
-        if (parameter.Way == Direction::Out) {
+        if (parameter.Way != Direction::In || parameter.ByAddress) {
             type->vt = VT_PTR;
             type->lptdesc = block.Take<TYPEDESC>();
             type = type->lptdesc;
         }
         Describe(parameter.Type, *type, block, references);
         element.paramdesc.wParamFlags = FlagsOf(parameter);
-        if (parameter.Optional) DescribeDefault(parameter, element, block);
+        if (parameter.IsOptional()) DescribeDefault(parameter, element, block);
     }
     return record;
 }
@@ -135,8 +134,15 @@ VARDESC* MakeConstantRecord(const EnumerationDescription::Member& member, MEMBER
     return record;
 }
 
-void ReleaseTypeRecord(void* record) {
-    CoTaskMemFree(record);
+void ReleaseRecord(FUNCDESC* function) {
+    for (SHORT i = 0; function && i < function->cParams; ++i)
+        if (PARAMDESCEX* extra = function->lprgelemdescParam[i].paramdesc.pparamdescex)
+            VariantClear(&extra->varDefaultValue);
+    CoTaskMemFree(function);
+}
+
+void ReleaseRecord(VARDESC* constant) {
+    CoTaskMemFree(constant);
 }
 
 }  // namespace mavrin2::automation

@@ -4,8 +4,8 @@
 
 namespace mavrin2::automation {
 
-// The records in which type information is handed out. Each is one allocation, with all it points
-// to, that its reader gives back through ReleaseTypeRecord. They throw std::bad_alloc.
+// The records in which type information is handed out. Each is one allocation with all it points
+// to, texts apart, that its reader gives back through ReleaseRecord. They throw std::bad_alloc.
 
 // Finds the place of a type in its library, as the reader will ask for it (HREFTYPE).
 class TypeReferences {
@@ -18,6 +18,7 @@ public:
 FUNCDESC* MakeFunctionRecord(const MemberDescription& member, bool events,
                              const TypeReferences& references);
 VARDESC* MakeConstantRecord(const EnumerationDescription::Member& member, MEMBERID id);
-void ReleaseTypeRecord(void* record);
+void ReleaseRecord(FUNCDESC* function);
+void ReleaseRecord(VARDESC* constant);
 
 }  // namespace mavrin2::automation

@@ -1,14 +1,15 @@
 #include "automation/idl/idl_writer.h"
 
-#include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cstdio>
 #include <stdexcept>
 
 namespace mavrin2::automation {
 namespace {
 
-// Stands before the library: the compiler takes the system's own types from the imported library,
-// but learns their names and shapes here.
+// Precedes the library: the compiler takes the system's own types from the imported library, but
+// learns their names and shapes here.
 constexpr const char* kSystemTypes = R"(typedef short VARIANT_BOOL;
 typedef wchar_t* BSTR;
 typedef long HRESULT;
@@ -39,15 +40,18 @@ std::string Uuid(const GUID& id) {
     return text;
 }
 
-// The attribute with a comma before it; none for an empty text.
-std::string Help(std::string_view text) {
-    if (text.empty()) return {};
-    std::string quoted;
+std::string Quoted(std::string_view text) {
+    std::string quoted = "\"";
     for (const char c : text) {
         if (c == '"' || c == '\\') quoted += '\\';
         quoted += c;
     }
-    return quoted.insert(0, ", helpstring(\"").append("\")");
+    return quoted + '"';
+}
+
+// The attribute with a comma before it; empty for an empty text.
+std::string Help(std::string_view text) {
+    return text.empty() ? std::string() : ", helpstring(" + Quoted(text) + ")";
 }
 
 std::string ElementType(VARTYPE type) {
@@ -88,19 +92,35 @@ std::string TypeName(const ValueType& type) {
     return ElementType(type.Type);
 }
 
+std::string DefaultText(const ParameterDescription& parameter) {
+    const Variant value = parameter.MakeDefault();
+    switch (value.vt) {
+        case VT_BSTR:
+            return Quoted(std::get<const char*>(parameter.Default));
+        case VT_R4: {
+            // The compiler copies the bits of a number and reads no other kind of literal.
+            char bits[16];
+            std::snprintf(bits, sizeof bits, "0x%08x", std::bit_cast<std::uint32_t>(value.fltVal));
+            return bits;
+        }
+        case VT_R8:
+            throw std::invalid_argument(std::string("the compiler cannot write the default of ") +
+                                        parameter.Name + ": use single precision");
+        default:
+            return std::to_string(std::get<std::int32_t>(parameter.Default));
+    }
+}
+
 std::string ParameterText(const ParameterDescription& parameter) {
     std::string attributes = "in";
     if (parameter.Way == Direction::Out) attributes = "out";
+    if (parameter.Way == Direction::InOut) attributes = "in, out";
     if (parameter.Way == Direction::Result) attributes = "out, retval";
-    if (parameter.Optional) {
-        // The compiler writes numbers of these types wrongly.
-        if (parameter.Type.Type == VT_R4 || parameter.Type.Type == VT_R8)
-            throw std::invalid_argument(std::string("a default of floating point: ") +
-                                        parameter.Name);
-        attributes += ", optional, defaultvalue(" + std::to_string(parameter.Default) + ")";
-    }
+    if (parameter.IsOptional())
+        attributes += ", optional, defaultvalue(" + DefaultText(parameter) + ")";
+    const bool address = parameter.Way != Direction::In || parameter.ByAddress;
     return std::string("[") + attributes + "] " + TypeName(parameter.Type) +
-           (parameter.Way == Direction::In ? " " : "* ") + parameter.Name;
+           (address ? "* " : " ") + parameter.Name;
 }
 
 const char* KindAttribute(INVOKEKIND kind) {
@@ -125,6 +145,13 @@ std::string MemberText(const MemberDescription& member, const char* result) {
     return text + (member.Parameters.empty() ? "void);\n" : ");\n");
 }
 
+// A slot that is kept for a member to come. The identifier is one that no member has.
+std::string ReservedText(int slot) {
+    constexpr DISPID kFirstReserved = 0x60020000;
+    return "        [id(" + std::to_string(kFirstReserved + slot) +
+           "), hidden, restricted]\n        HRESULT Reserved" + std::to_string(slot) + "(void);\n";
+}
+
 std::string InterfaceText(const InterfaceDescription& description) {
     std::string text = std::string("    [") + Uuid(description.Id) + Help(description.Help);
     if (description.Events) {
@@ -135,8 +162,13 @@ std::string InterfaceText(const InterfaceDescription& description) {
     } else {
         text += ", object, dual, oleautomation, pointer_default(unique)]\n    interface " +
                 std::string(description.Name) + " : IDispatch {\n";
-        for (const MemberDescription& member : description.Members)
+        int slot = kDispatchSlots;
+        for (const MemberDescription& member : description.Members) {
+            for (; slot < member.Slot; ++slot)
+                text += ReservedText(slot);
             text += MemberText(member, "HRESULT");
+            ++slot;
+        }
     }
     return text + "    }\n\n";
 }

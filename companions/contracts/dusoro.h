@@ -28,11 +28,30 @@ struct IDusoro2 : public IDispatch {
     // The next `count` sample frames, fewer at the end, an array without elements behind it. The
     // array becomes the caller's.
     virtual HRESULT STDMETHODCALLTYPE ReadBlock(LONG count, SAFEARRAY** samples) = 0;
+    MAVRIN2_RESERVED(IsFormatMpegAvailable, 6)
+    MAVRIN2_RESERVED(IsFormatOggVorbisAvailable, 7)
     // The format in which the caller delivers samples (writing, told before CreateSoundFile) or
     // wants them (reading, told after OpenSoundFile).
     virtual HRESULT STDMETHODCALLTYPE SetPcmFormat(LONG frequency, LONG channels) = 0;
+    MAVRIN2_RESERVED(SetFormatFromMenu, 9)
+    MAVRIN2_RESERVED(SetFormatLikeSample, 10)
+    MAVRIN2_RESERVED(SetFormatPCM, 11)
+    MAVRIN2_RESERVED(SetFormatRAW, 12)
+    MAVRIN2_RESERVED(SetFormatALAW, 13)
+    MAVRIN2_RESERVED(SetFormatULAW, 14)
+    MAVRIN2_RESERVED(SetFormatADPCM, 15)
+    MAVRIN2_RESERVED(SetFormatGSM, 16)
     // Chooses headerless 4-bit ADPCM for the next output file.
     virtual HRESULT STDMETHODCALLTYPE SetFormatVOX(LONG frequency) = 0;
+    MAVRIN2_RESERVED(SetFormatDSP, 18)
+    MAVRIN2_RESERVED(SetFormatMP2, 19)
+    MAVRIN2_RESERVED(SetFormatMP3, 20)
+    MAVRIN2_RESERVED(SetFormatMP3Ex, 21)
+    MAVRIN2_RESERVED(SetFormatOggVorbis, 22)
+    MAVRIN2_RESERVED(SetFormatWMA, 23)
+    MAVRIN2_RESERVED(SetFormatG721, 24)
+    MAVRIN2_RESERVED(SetFormatG723, 25)
+    MAVRIN2_RESERVED(SetFormatG726, 26)
     // The open file's length in sample frames as ReadBlock delivers them.
     virtual HRESULT STDMETHODCALLTYPE GetLength(LONG* frames) = 0;
     // The sample rate in the file itself.

@@ -2,7 +2,6 @@
 
 #include "automation/interface_builder.h"
 #include "control/interfaces/library.h"
-#include "control/interfaces/member_plan.h"
 
 namespace mavrin2::automation {
 
@@ -11,14 +10,14 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2Channel>() {
     using I = interfaces::IMavrin2Channel;
     static const InterfaceDescription description =
         InterfaceBuilder<I>("IMavrin2Channel", "Which channels are shown and edited",
-                            interfaces::plan::Channel, &interfaces::ControlLibrary)
-            .Get<&I::get_Count>("Count", "Channels of the document")
-            .Get<&I::get_Num>("Num", "The channel that the flags are of")
-            .Put<&I::put_Num>("Num", "1 ... Count")
-            .Get<&I::get_Visible>("Visible", "Whether the channel is shown")
-            .Put<&I::put_Visible>("Visible", "0 hides it")
-            .Get<&I::get_Operation>("Operation", "Whether edits act on the channel")
-            .Put<&I::put_Operation>("Operation", "0 leaves it alone")
+                            &interfaces::ControlLibrary)
+            .Get<&I::get_Count>(1, "Count", "Channels of the document")
+            .Property<&I::get_Num, &I::put_Num>(
+                2, "Num", "Channel that Visible and Operation refer to, 1 ... Count")
+            .Property<&I::get_Visible, &I::put_Visible>(3, "Visible",
+                                                        "Whether the channel is shown; 0 hides it")
+            .Property<&I::get_Operation, &I::put_Operation>(
+                4, "Operation", "Whether edits change the channel; 0 protects it")
             .Build();
     return description;
 }

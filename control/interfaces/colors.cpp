@@ -2,7 +2,6 @@
 
 #include "automation/interface_builder.h"
 #include "control/interfaces/library.h"
-#include "control/interfaces/member_plan.h"
 
 namespace mavrin2::automation {
 
@@ -11,59 +10,44 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2Colors>() {
     using I = interfaces::IMavrin2Colors;
     static const InterfaceDescription description =
         InterfaceBuilder<I>("IMavrin2Colors", "Colours of the picture, blue, green and red",
-                            interfaces::plan::Colors, &interfaces::ControlLibrary)
-            .Get<&I::get_Font>("Font", "Of labels and ticks")
-            .Put<&I::put_Font>("Font", "Of labels and ticks")
-            .Get<&I::get_SelectDigitalWaveform>("SelectDigitalWaveform",
-                                                "Of peaks and points that are selected")
-            .Put<&I::put_SelectDigitalWaveform>("SelectDigitalWaveform",
-                                                "Of peaks and points that are selected")
-            .Get<&I::get_SelectCenterLine>("SelectCenterLine",
-                                           "Of the middle of a lane where it is selected")
-            .Put<&I::put_SelectCenterLine>("SelectCenterLine",
-                                           "Of the middle of a lane where it is selected")
-            .Get<&I::get_SelectBackground>("SelectBackground", "Behind the selection")
-            .Put<&I::put_SelectBackground>("SelectBackground", "Behind the selection")
-            .Get<&I::get_SelectAnalogWaveform>("SelectAnalogWaveform",
-                                               "Of the curve between selected samples")
-            .Put<&I::put_SelectAnalogWaveform>("SelectAnalogWaveform",
-                                               "Of the curve between selected samples")
-            .Get<&I::get_Scales>("Scales", "Behind the scales")
-            .Put<&I::put_Scales>("Scales", "Behind the scales")
-            .Get<&I::get_PlayCursor>("PlayCursor", "Of the place that is played")
-            .Put<&I::put_PlayCursor>("PlayCursor", "Of the place that is played")
-            .Get<&I::get_Grid>("Grid", "Of the lines across the waveform")
-            .Put<&I::put_Grid>("Grid", "Of the lines across the waveform")
-            .Get<&I::get_DigitalWaveform>(
-                "DigitalWaveform", "Of peaks and points, and of the view in the overview bar")
-            .Put<&I::put_DigitalWaveform>(
-                "DigitalWaveform", "Of peaks and points, and of the view in the overview bar")
-            .Get<&I::get_Cursor>("Cursor", "Of the edit cursor and the selection's edges")
-            .Put<&I::put_Cursor>("Cursor", "Of the edit cursor and the selection's edges")
-            .Get<&I::get_CenterLine>("CenterLine", "Of the middle of a lane")
-            .Put<&I::put_CenterLine>("CenterLine", "Of the middle of a lane")
-            .Get<&I::get_Boundary>("Boundary", "Of the lines of full scale")
-            .Put<&I::put_Boundary>("Boundary", "Of the lines of full scale")
-            .Get<&I::get_Background>("Background", "Behind everything")
-            .Put<&I::put_Background>("Background", "Behind everything")
-            .Get<&I::get_AnalogWaveform>("AnalogWaveform", "Of the curve between samples")
-            .Put<&I::put_AnalogWaveform>("AnalogWaveform", "Of the curve between samples")
-            .Get<&I::get_CueMarker>("CueMarker", "Of new markers")
-            .Put<&I::put_CueMarker>("CueMarker", "Of new markers")
-            .Get<&I::get_RangeMarker>("RangeMarker", "Of markers with a length")
-            .Put<&I::put_RangeMarker>("RangeMarker", "Of markers with a length")
-            .Get<&I::get_RangeMarkerBackground>("RangeMarkerBackground",
-                                                "Behind markers with a length")
-            .Put<&I::put_RangeMarkerBackground>("RangeMarkerBackground",
-                                                "Behind markers with a length")
-            .Get<&I::get_SpectralLow>("SpectralLow", "Hue of quiet sound")
-            .Put<&I::put_SpectralLow>("SpectralLow", "Hue of quiet sound")
-            .Get<&I::get_SpectralHigh>("SpectralHigh", "Hue of loud sound")
-            .Put<&I::put_SpectralHigh>("SpectralHigh", "Hue of loud sound")
-            .Get<&I::get_SpectralSelectLow>("SpectralSelectLow", "Hue of quiet selected sound")
-            .Put<&I::put_SpectralSelectLow>("SpectralSelectLow", "Hue of quiet selected sound")
-            .Get<&I::get_SpectralSelectHigh>("SpectralSelectHigh", "Hue of loud selected sound")
-            .Put<&I::put_SpectralSelectHigh>("SpectralSelectHigh", "Hue of loud selected sound")
+                            &interfaces::ControlLibrary)
+            .Property<&I::get_Font, &I::put_Font>(1, "Font", "Of labels and ticks")
+            .Property<&I::get_SelectDigitalWaveform, &I::put_SelectDigitalWaveform>(
+                2, "SelectDigitalWaveform", "Of peaks and points that are selected")
+            .Property<&I::get_SelectCenterLine, &I::put_SelectCenterLine>(
+                3, "SelectCenterLine", "Of the middle of a lane where it is selected")
+            .Property<&I::get_SelectBackground, &I::put_SelectBackground>(4, "SelectBackground",
+                                                                          "Behind the selection")
+            .Property<&I::get_SelectAnalogWaveform, &I::put_SelectAnalogWaveform>(
+                5, "SelectAnalogWaveform", "Of the curve between selected samples")
+            .Property<&I::get_Scales, &I::put_Scales>(6, "Scales", "Behind the scales")
+            .Property<&I::get_PlayCursor, &I::put_PlayCursor>(7, "PlayCursor",
+                                                              "Of the place that is played")
+            .Property<&I::get_Grid, &I::put_Grid>(8, "Grid", "Of the lines across the waveform")
+            .Property<&I::get_DigitalWaveform, &I::put_DigitalWaveform>(
+                9, "DigitalWaveform", "Of peaks and points, and of the view in the overview bar")
+            .Property<&I::get_Cursor, &I::put_Cursor>(
+                10, "Cursor", "Of the edit cursor and the selection's edges")
+            .Property<&I::get_CenterLine, &I::put_CenterLine>(11, "CenterLine",
+                                                              "Of the middle of a lane")
+            .Property<&I::get_Boundary, &I::put_Boundary>(12, "Boundary",
+                                                          "Of the lines of full scale")
+            .Property<&I::get_Background, &I::put_Background>(13, "Background", "Behind everything")
+            .Property<&I::get_AnalogWaveform, &I::put_AnalogWaveform>(
+                14, "AnalogWaveform", "Of the curve between samples")
+            .Property<&I::get_CueMarker, &I::put_CueMarker>(15, "CueMarker", "Of new markers")
+            .Property<&I::get_RangeMarker, &I::put_RangeMarker>(16, "RangeMarker",
+                                                                "Of markers with a length")
+            .Property<&I::get_RangeMarkerBackground, &I::put_RangeMarkerBackground>(
+                17, "RangeMarkerBackground", "Behind markers with a length")
+            .Property<&I::get_SpectralLow, &I::put_SpectralLow>(18, "SpectralLow",
+                                                                "Hue of quiet sound")
+            .Property<&I::get_SpectralHigh, &I::put_SpectralHigh>(19, "SpectralHigh",
+                                                                  "Hue of loud sound")
+            .Property<&I::get_SpectralSelectLow, &I::put_SpectralSelectLow>(
+                20, "SpectralSelectLow", "Hue of quiet selected sound")
+            .Property<&I::get_SpectralSelectHigh, &I::put_SpectralSelectHigh>(
+                21, "SpectralSelectHigh", "Hue of loud selected sound")
             .Build();
     return description;
 }

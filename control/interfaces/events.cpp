@@ -2,18 +2,17 @@
 
 #include "automation/interface_builder.h"
 #include "control/interfaces/library.h"
-#include "control/interfaces/member_plan.h"
 
 namespace mavrin2::interfaces {
 
 const automation::InterfaceDescription& ControlEvents() {
     static const automation::InterfaceDescription description =
         automation::EventsBuilder("_IMavrin2Events", DIID_IMavrin2Events,
-                                  "What the control reports", plan::Mavrin2Events, &ControlLibrary)
-            .Event("BlockOperation", "How far a long operation has come, 0 ... 100",
-                   {{"Percent", VT_I2}})
-            .Event("ChangePosition", "Selection or view have changed")
-            .Event("EndOperation", "A long operation has ended")
+                                  "What the control reports", &ControlLibrary)
+            .Event(ControlEvent::BlockOperation, "BlockOperation",
+                   "How far a long operation has come, 0 ... 100", {{"Percent", VT_I2}})
+            .Event(ControlEvent::ChangePosition, "ChangePosition", "Selection or view have changed")
+            .Event(ControlEvent::EndOperation, "EndOperation", "A long operation has ended")
             .Build();
     return description;
 }

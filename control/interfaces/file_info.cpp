@@ -2,7 +2,6 @@
 
 #include "automation/interface_builder.h"
 #include "control/interfaces/library.h"
-#include "control/interfaces/member_plan.h"
 
 namespace mavrin2::automation {
 
@@ -10,14 +9,16 @@ template <>
 const InterfaceDescription& DescriptionOf<interfaces::IMavrin2FileInfo>() {
     using I = interfaces::IMavrin2FileInfo;
     static const InterfaceDescription description =
-        InterfaceBuilder<I>("IMavrin2FileInfo", "Format of the sound", interfaces::plan::FileInfo,
-                            &interfaces::ControlLibrary)
-            .Get<&I::get_Frequency>("Frequency", "Sample rate in hertz")
-            .Get<&I::get_Channels>("Channels", "1 or 2")
-            .Get<&I::get_FormatString>("FormatString", "Format of the file last opened or saved")
-            .GetBoolean<&I::get_SaveExtraInfoEnabled>("SaveExtraInfoEnabled",
-                                                      "Whether Save writes markers and tags")
-            .PutBoolean<&I::put_SaveExtraInfoEnabled>("SaveExtraInfoEnabled", "Kept as given")
+        InterfaceBuilder<I>("IMavrin2FileInfo", "Format of the sound", &interfaces::ControlLibrary)
+            .Reserved(1)
+            .Get<&I::get_Frequency>(5, "Frequency", "Sample rate in hertz")
+            .Get<&I::get_Channels>(6, "Channels", "1 or 2")
+            .Reserved(8)
+            .Get<&I::get_FormatString>(11, "FormatString",
+                                       "Format of the file last opened or saved")
+            .Reserved(18)
+            .BooleanProperty<&I::get_SaveExtraInfoEnabled, &I::put_SaveExtraInfoEnabled>(
+                30, "SaveExtraInfoEnabled", "Whether Save writes markers and tags")
             .Build();
     return description;
 }

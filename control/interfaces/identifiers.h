@@ -18,8 +18,8 @@ constexpr GUID ControlId(std::uint16_t number) {
 
 inline constexpr GUID LIBID_KovMAVRIN2Lib = ControlId(0x0001);
 
-// A class and its interface share a number in their first byte; the classes stand in the order of
-// the module's class table.
+// A class and its interface share a number in their first byte, which is the class's number in the
+// module's class table. Numbers without a class here are kept for classes to come.
 inline constexpr CLSID CLSID_Mavrin2 = ControlId(0x0101);
 inline constexpr IID IID_IMavrin2 = ControlId(0x0102);
 inline constexpr IID DIID_IMavrin2Events = ControlId(0x0103);
@@ -37,5 +37,17 @@ inline constexpr IID IID_IMavrin2Scale = ControlId(0x0B02);
 inline constexpr GUID ID_FrequencyConstants = ControlId(0x2001);
 inline constexpr GUID ID_ChannelsConstants = ControlId(0x2002);
 inline constexpr GUID ID_TypeViewConstants = ControlId(0x2003);
+
+// Dispatch identifiers were planned for all members at once, so that none changes when a member
+// arrives. A member to come of an interface that is there already is reserved in its virtual
+// table, with its identifier; of the events, 10, 15 and 17 stay free. Interfaces to come:
+//
+//   IMavrin2Device       1 … 3, 5 … 9
+//   IMavrin2DeviceLine   1 … 9
+//   IMavrin2FileFormat   SetFormatFromMenu … SetFormatG726 1 … 18, availability 30, 31
+//   IMavrin2LameEnc      methods 1 … 3, properties 10 … 27, 29 … 32
+//   IMavrin2Markers      methods 1, 2, properties 5, 6, 9, 10, 13 … 16
+//   IMavrin2Recorder     Accu 1 … 5, filters 10 … 15, gain control 20 … 23
+//   IMavrin2Transform    operations 1 … 33 from Resample to FIRFilter, smoothing 40, 41
 
 }  // namespace mavrin2::interfaces

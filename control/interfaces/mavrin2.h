@@ -32,9 +32,24 @@ struct IMavrin2 : public IDispatch {
     // What is changed in between is one step of Undo and is drawn once.
     virtual HRESULT STDMETHODCALLTYPE BeginOperations() = 0;
     virtual HRESULT STDMETHODCALLTYPE EndOperations() = 0;
+    MAVRIN2_RESERVED(Copy, 9)
+    MAVRIN2_RESERVED(Cut, 10)
+    MAVRIN2_RESERVED(Paste, 11)
+    MAVRIN2_RESERVED(PasteFromFile, 12)
+    MAVRIN2_RESERVED(Mix, 13)
+    MAVRIN2_RESERVED(MixFromFile, 14)
     virtual HRESULT STDMETHODCALLTYPE DeleteSelect() = 0;
+    MAVRIN2_RESERVED(CopyToClipboard, 16)
+    MAVRIN2_RESERVED(PasteFromClipboard, 17)
+    MAVRIN2_RESERVED(GetAudioArray, 18)
+    MAVRIN2_RESERVED(PutAudioArray, 19)
+    MAVRIN2_RESERVED(ConvertSampleType, 20)
+    MAVRIN2_RESERVED(Play, 21)
     // Cancels the running operation.
     virtual HRESULT STDMETHODCALLTYPE Stop() = 0;
+    MAVRIN2_RESERVED(Pause, 23)
+    MAVRIN2_RESERVED(Continue, 24)
+    MAVRIN2_RESERVED(Record, 25)
     // To the selection, of 3 frames at least; 99 times at most.
     virtual HRESULT STDMETHODCALLTYPE ZoomIn() = 0;
     virtual HRESULT STDMETHODCALLTYPE ZoomOut() = 0;
@@ -74,14 +89,31 @@ struct IMavrin2 : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE get_Colors(IMavrin2Colors** Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_Colors(IMavrin2Colors* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_FileInfo(IMavrin2FileInfo** Value) = 0;
+    MAVRIN2_RESERVED(get_DeviceInput, 113)
+    MAVRIN2_RESERVED(get_DeviceOutput, 114)
+    MAVRIN2_RESERVED(get_Recorder, 115)
+    MAVRIN2_RESERVED(get_Transform, 116)
     virtual HRESULT STDMETHODCALLTYPE get_Position(IMavrin2Position** Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_Channels(IMavrin2Channel** Value) = 0;
+    MAVRIN2_RESERVED(get_Markers, 119)
+    MAVRIN2_RESERVED(get_FileFormat, 120)
+    MAVRIN2_RESERVED_PROPERTY(PlaySpeedEnabled, 121)
+    MAVRIN2_RESERVED_PROPERTY(PlaySpeedPercent, 122)
+    MAVRIN2_RESERVED_PROPERTY(RecordVisualizationType, 123)
     // 0 sunken, 1 … 3 other edges; anything else is flat.
     virtual HRESULT STDMETHODCALLTYPE get_TypeBorder(SHORT* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_TypeBorder(SHORT Value) = 0;
     // Nothing changes while the control is busy.
     virtual HRESULT STDMETHODCALLTYPE get_TypeView(TypeViewConstants* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_TypeView(TypeViewConstants Value) = 0;
+    MAVRIN2_RESERVED_PROPERTY(MarkerBarEnabled, 126)
+    MAVRIN2_RESERVED_PROPERTY(MarkerBackgroundEnabled, 127)
+    MAVRIN2_RESERVED_PROPERTY(MarkerToolTipEnabled, 128)
+    MAVRIN2_RESERVED_PROPERTY(MarkerMouseEventEnabled, 129)
+    MAVRIN2_RESERVED_PROPERTY(MarkerBitmapType, 130)
+    MAVRIN2_RESERVED_PROPERTY(MousePointer, 131)
+    MAVRIN2_RESERVED_PROPERTY(MouseCustom, 132)
+    MAVRIN2_RESERVED_PROPERTY(MouseEventsEnabled, 133)
 };
 
 }  // namespace mavrin2::interfaces

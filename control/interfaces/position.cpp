@@ -2,7 +2,6 @@
 
 #include "automation/interface_builder.h"
 #include "control/interfaces/library.h"
-#include "control/interfaces/member_plan.h"
 
 namespace mavrin2::automation {
 
@@ -11,24 +10,25 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2Position>() {
     using I = interfaces::IMavrin2Position;
     static const InterfaceDescription description =
         InterfaceBuilder<I>("IMavrin2Position", "Selection, view and positions in sample frames",
-                            interfaces::plan::Position, &interfaces::ControlLibrary)
-            .Method<&I::SecToSamples>("SecToSamples", "Milliseconds to sample frames, rounded",
+                            &interfaces::ControlLibrary)
+            .Method<&I::SecToSamples>(1, "SecToSamples", "Milliseconds to sample frames, rounded",
                                       In("Millisec"), Result("Samples"))
-            .Method<&I::SamplesToSec>("SamplesToSec", "Sample frames to milliseconds, rounded",
+            .Method<&I::SamplesToSec>(2, "SamplesToSec", "Sample frames to milliseconds, rounded",
                                       In("Samples"), Result("Millisec"))
-            .Get<&I::get_StartSelect>("StartSelect", "First selected frame, or current position")
-            .Put<&I::put_StartSelect>("StartSelect", "0 ... TotalSamples")
-            .Get<&I::get_EndSelect>("EndSelect", "End of the selection in frames")
-            .Put<&I::put_EndSelect>("EndSelect", "0 ... TotalSamples")
-            .Get<&I::get_StartView>("StartView", "First visible frame")
-            .Put<&I::put_StartView>("StartView", "0 ... TotalSamples")
-            .Get<&I::get_EndView>("EndView", "End of the visible range in frames")
-            .Put<&I::put_EndView>("EndView", "0 ... TotalSamples")
-            .GetBoolean<&I::get_Selected>("Selected", "Whether a range is selected")
-            .PutBoolean<&I::put_Selected>("Selected", "Kept as given")
-            .Get<&I::get_TotalSamples>("TotalSamples", "Length of the document in frames")
-            .Get<&I::get_CurrentPosition>("CurrentPosition", "Frame of the edit or play cursor")
-            .Put<&I::put_CurrentPosition>("CurrentPosition", "0 ... TotalSamples; stops playing")
+            .Reserved(1)
+            .Property<&I::get_StartSelect, &I::put_StartSelect>(
+                4, "StartSelect", "First selected frame, or the current position")
+            .Property<&I::get_EndSelect, &I::put_EndSelect>(5, "EndSelect",
+                                                            "End of the selection in frames")
+            .Property<&I::get_StartView, &I::put_StartView>(6, "StartView", "First visible frame")
+            .Property<&I::get_EndView, &I::put_EndView>(7, "EndView",
+                                                        "End of the visible range in frames")
+            .BooleanProperty<&I::get_Selected, &I::put_Selected>(8, "Selected",
+                                                                 "Whether a range is selected")
+            .Get<&I::get_TotalSamples>(9, "TotalSamples", "Length of the document in frames")
+            .Property<&I::get_CurrentPosition, &I::put_CurrentPosition>(
+                10, "CurrentPosition",
+                "Frame of the edit or play cursor; writing it stops playback")
             .Build();
     return description;
 }

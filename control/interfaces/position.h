@@ -13,6 +13,7 @@ struct IMavrin2Position : public IDispatch {
     // Rounded to the nearest; -1 when the result has no 32 bits. Work without a document.
     virtual HRESULT STDMETHODCALLTYPE SecToSamples(LONG Millisec, LONG* Samples) = 0;
     virtual HRESULT STDMETHODCALLTYPE SamplesToSec(LONG Samples, LONG* Millisec) = 0;
+    MAVRIN2_RESERVED(GoToMarker, 3)
     // The selection, or the current position when nothing is selected.
     virtual HRESULT STDMETHODCALLTYPE get_StartSelect(LONG* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_StartSelect(LONG Value) = 0;

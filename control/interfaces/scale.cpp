@@ -2,7 +2,6 @@
 
 #include "automation/interface_builder.h"
 #include "control/interfaces/library.h"
-#include "control/interfaces/member_plan.h"
 
 namespace mavrin2::automation {
 
@@ -11,18 +10,18 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2Scale>() {
     using I = interfaces::IMavrin2Scale;
     static const InterfaceDescription description =
         InterfaceBuilder<I>("IMavrin2Scale", "The scale of time or of levels",
-                            interfaces::plan::Scale, &interfaces::ControlLibrary)
-            .Get<&I::get_Font>("Font", "Font of the labels")
-            .Put<&I::put_Font>("Font", "A font object")
-            .PutReference<&I::putref_Font>("Font", "A font object")
-            .Get<&I::get_Type>("Type", "What is counted")
-            .Put<&I::put_Type>("Type", "Time: 1 frames, 2 time; level: 1 samples, 2 percent, 3 dB")
-            .Get<&I::get_Visible>("Visible", "Whether the scale is shown")
-            .Put<&I::put_Visible>("Visible", "0 hides it")
-            .Get<&I::get_Grid>("Grid", "Whether lines are drawn across the waveform")
-            .Put<&I::put_Grid>("Grid", "0 hides them")
-            .Get<&I::get_Orientation>("Orientation", "Where the level scale stands")
-            .Put<&I::put_Orientation>("Orientation", "1 right, 2 left")
+                            &interfaces::ControlLibrary)
+            .Property<&I::get_Font, &I::put_Font>(1, "Font", "Font of the labels")
+            .PutReference<&I::putref_Font>(1, "Font", "A font object")
+            .Property<&I::get_Type, &I::put_Type>(
+                2, "Type",
+                "Unit: time in 1 frames, 2 hours and minutes; level in 1 samples, 2 percent, 3 dB")
+            .Property<&I::get_Visible, &I::put_Visible>(3, "Visible",
+                                                        "Whether the scale is shown; 0 hides it")
+            .Property<&I::get_Grid, &I::put_Grid>(
+                4, "Grid", "Whether grid lines are drawn across the waveform; 0 hides them")
+            .Property<&I::get_Orientation, &I::put_Orientation>(
+                5, "Orientation", "Side of the level scale, 1 right, 2 left")
             .Build();
     return description;
 }

@@ -13,6 +13,8 @@ using automation::OleString;
 using automation::ToOle;
 using automation::ToUtf8;
 using automation::Variant;
+using namespace std::string_view_literals;
+
 // What is the same in each way that the system has.
 class Dispatch : public Calls, public testing::TestWithParam<WayToCall> {
 protected:
@@ -50,15 +52,31 @@ TEST_P(Dispatch, ConvertsArgumentsAsTheSystemDoesAndTellsWhichOneIsWrong) {
         {"zero is false", "EchoBoolean", {0.0}, {}, S_OK, Bool{0}},
         {"anything stays what it is", "EchoAny", {FLOAT{2}}, {}, S_OK, FLOAT{2}},
         {"also nothing", "EchoAny", {std::monostate()}, {}, S_OK, std::monostate()},
-        {"optional ones left out", "WithDefaults", {LONG{1}}, {}, S_OK, "1 7 -1"},
-        {"one of them", "WithDefaults", {LONG{1}, LONG{2}}, {}, S_OK, "1 2 -1"},
-        {"in the middle", "WithDefaults", {LONG{1}, LeftOut{}, Bool{5}}, {}, S_OK, "1 7 5"},
-        {"by name", "WithDefaults", {Bool{0}, LONG{1}}, {2}, S_OK, "1 7 0"},
-        {"all by name", "WithDefaults", {Bool{0}, LONG{3}, LONG{1}}, {2, 1, 0}, S_OK, "1 3 0"},
+        {"optional ones left out", "WithDefaults", {LONG{1}}, {}, S_OK, "1 7 -1 -2.5 none 4"},
+        {"one of them", "WithDefaults", {LONG{1}, LONG{2}}, {}, S_OK, "1 2 -1 -2.5 none 4"},
+        {"in the middle",
+         "WithDefaults",
+         {LONG{1}, LeftOut{}, Bool{5}},
+         {},
+         S_OK,
+         "1 7 5 -2.5 none 4"},
+        {"by name", "WithDefaults", {Bool{0}, LONG{1}}, {2}, S_OK, "1 7 0 -2.5 none 4"},
+        {"all by name",
+         "WithDefaults",
+         {Bool{0}, LONG{3}, LONG{1}},
+         {2, 1, 0},
+         S_OK,
+         "1 3 0 -2.5 none 4"},
+        {"all given",
+         "WithDefaults",
+         {LONG{1}, LONG{2}, Bool{3}, 4.5, "five", LONG{1}},
+         {},
+         S_OK,
+         "1 2 3 4.5 five 1"},
         {"none given", "WithDefaults", {}, {}, DISP_E_BADPARAMCOUNT, {}},
         {"too many",
          "WithDefaults",
-         {LONG{1}, LONG{2}, Bool{0}, LONG{4}},
+         {LONG{1}, LONG{2}, Bool{0}, LONG{4}, "", LONG{1}, LONG{1}},
          {},
          DISP_E_BADPARAMCOUNT,
          {}},
@@ -116,25 +134,58 @@ TEST_P(Dispatch, FillsOutParametersOnSuccessOnly) {
     SysFreeString(text);
 }
 
-TEST_P(Dispatch, PassesArraysOfTheDescribedElementOnly) {
-    for (const VARTYPE type : {VT_I2, VT_I4}) {
-        Variant values;
-        values.parray = SafeArrayCreateVector(type, 0, 3);
-        values.vt = static_cast<VARTYPE>(VT_ARRAY | type);
-        LONG place = 2;
-        LONG element = 21;
-        ASSERT_EQ(SafeArrayPutElement(values.parray, &place, &element), S_OK);
-        const LateCall call(Object(), "DoubleAll", kCall, Raw{{values}});
-        if (type == VT_I4) {
-            EXPECT_EQ(call.Status, DISP_E_TYPEMISMATCH);
-            continue;
+// An array of 16-bit or 32-bit numbers with the value at its end.
+Variant ArrayWith(VARTYPE type, LONG value) {
+    Variant values;
+    values.parray = SafeArrayCreateVector(type, 0, 3);
+    values.vt = static_cast<VARTYPE>(VT_ARRAY | type);
+    LONG place = 2;
+    EXPECT_EQ(SafeArrayPutElement(values.parray, &place, &value), S_OK);
+    return values;
+}
+
+SHORT ElementOf(SAFEARRAY* array, LONG place) {
+    SHORT value = -1;
+    EXPECT_EQ(SafeArrayGetElement(array, &place, &value), S_OK);
+    return value;
+}
+
+VARIANT ByAddress(VARTYPE type, void* value) {
+    VARIANT reference{};
+    reference.vt = static_cast<VARTYPE>(VT_BYREF | type);
+    reference.byref = value;
+    return reference;
+}
+
+TEST_P(Dispatch, PassesArraysOfTheDescribedElementOnlyInEveryWayACallerHoldsThem) {
+    Variant shorts = ArrayWith(VT_I2, 21);
+    Variant longs = ArrayWith(VT_I4, 21);
+    for (const char* member : {"DoubleAll", "Sum"}) {
+        for (const VARIANT& argument :
+             {static_cast<VARIANT>(shorts), ByAddress(VT_ARRAY | VT_I2, &shorts.parray)}) {
+            const LateCall call(Object(), member, kCall, Raw{{argument}});
+            ASSERT_EQ(call.Status, S_OK) << member << argument.vt;
+            EXPECT_EQ(
+                call.Result.vt & VT_ARRAY ? ElementOf(call.Result.parray, 2) / 2 : call.Result.lVal,
+                21);
         }
-        ASSERT_EQ(call.Status, S_OK);
-        ASSERT_EQ(call.Result.vt, VT_ARRAY | VT_I2);
-        SHORT doubled = 0;
-        ASSERT_EQ(SafeArrayGetElement(call.Result.parray, &place, &doubled), S_OK);
-        EXPECT_EQ(doubled, 42);
+        EXPECT_EQ(LateCall(Object(), member, kCall, Raw{{longs}}).Status, DISP_E_TYPEMISMATCH);
     }
+}
+
+TEST_P(Dispatch, ChangesTheVariablesOfTheCaller) {
+    Variant values = ArrayWith(VT_I2, 21);
+    LONG count = 41;
+    BSTR text = automation::NewBstr("Hey"sv);
+    const LateCall call(Object(), "Grow", kCall,
+                        Raw{{ByAddress(VT_BSTR, &text), ByAddress(VT_I4, &count),
+                             ByAddress(VT_ARRAY | VT_I2, &values.parray)}});
+    ASSERT_EQ(call.Status, S_OK);
+    EXPECT_EQ(ElementOf(values.parray, 2), 21);
+    EXPECT_EQ(ElementOf(values.parray, 3), 7);
+    EXPECT_EQ(count, 42);
+    EXPECT_EQ(ToUtf8(Bstr::View(text)), "Hey!");
+    SysFreeString(text);
 }
 
 TEST_P(Dispatch, HandsObjectsThroughByTheInterfaceThatIsDescribed) {
@@ -196,7 +247,9 @@ TEST_P(Dispatch, GivesWhatTheVirtualTableGives) {
     EXPECT_EQ(FromVariant(LateCall(Object(), "EchoBoolean", kCall, Values{Bool{763}}).Result),
               Value(Bool{boolean}));
     Bstr text;
-    ASSERT_EQ(thing_->WithDefaults(1, 7, VARIANT_TRUE, text.Put()), S_OK);
+    ASSERT_EQ(thing_->WithDefaults(1, 7, VARIANT_TRUE, -2.5F, Bstr("none").Get(),
+                                   ShapeConstants::SQUARE, text.Put()),
+              S_OK);
     EXPECT_EQ(FromVariant(LateCall(Object(), "WithDefaults", kCall, Values{LONG{1}}).Result),
               Value(text.Utf8()));
     const LateCall failing(Object(), "Fail", kCall, {LONG{E_ACCESSDENIED}, "No entry."});
@@ -232,7 +285,7 @@ TEST_P(Dispatch, FindsMembersAndParametersByName) {
     OleString member = ToOle(std::string_view("WITHdefaults"));
     OleString third = ToOle(std::string_view("third"));
     OleString first = ToOle(std::string_view("First"));
-    OleString unknown = ToOle(std::string_view("Fourth"));
+    OleString unknown = ToOle(std::string_view("Seventh"));
     LPOLESTR names[] = {member.data(), third.data(), first.data()};
     DISPID ids[3] = {};
     EXPECT_EQ(object_->GetIDsOfNames(IID_NULL, names, 3, 0, ids), S_OK);

@@ -33,7 +33,7 @@ TEST_F(ObjectDispatch, TellsWhatIsWrongWithTheArguments) {
         {"the result has no name",
          "WithDefaults",
          {LONG{0}, LONG{1}},
-         {3},
+         {6},
          DISP_E_PARAMNOTFOUND,
          {},
          0},
@@ -69,6 +69,41 @@ TEST_F(ObjectDispatch, FillsTheVariablesOfScripts) {
     const LateCall wrong(Object(), "Divide", kCall, Raw{{any, dividend, divisor, dividend}});
     EXPECT_EQ(wrong.Status, DISP_E_TYPEMISMATCH);
     EXPECT_EQ(wrong.BadArgument, 1U);
+}
+
+TEST_F(ObjectDispatch, ChangesTheVariablesOfScripts) {
+    const auto variable = [](Variant& value) {
+        VARIANT any{};
+        any.vt = VT_BYREF | VT_VARIANT;
+        any.pvarVal = &value;
+        return any;
+    };
+    Variant values;
+    values.parray = SafeArrayCreateVector(VT_I2, 0, 1);
+    values.vt = VT_ARRAY | VT_I2;
+    Variant count = ToVariant("41");
+    Variant text = ToVariant(LONG{5});
+    const auto grow = [&](VARIANT array) {
+        return LateCall(Object(), "Grow", kCall, Raw{{variable(text), variable(count), array}});
+    };
+    ASSERT_EQ(grow(variable(values)).Status, S_OK);
+    EXPECT_EQ(values.parray->rgsabound[0].cElements, 2U);
+    EXPECT_EQ(FromVariant(count), Value(LONG{42}));
+    EXPECT_EQ(FromVariant(text), Value("5!"));
+    EXPECT_EQ(FromVariant(LateCall(Object(), "Sum", kCall, Raw{{variable(values)}}).Result),
+              Value(LONG{7}));
+
+    // What would be lost, or is no array, is refused.
+    VARIANT null{};
+    null.vt = VT_BYREF | VT_ARRAY | VT_I2;
+    VARIANT nothing{};
+    nothing.vt = VT_BYREF | VT_VARIANT;
+    for (const VARIANT& wrong : {static_cast<VARIANT>(values), variable(count), null, nothing}) {
+        const LateCall refused = grow(wrong);
+        EXPECT_EQ(refused.Status, DISP_E_TYPEMISMATCH);
+        EXPECT_EQ(refused.BadArgument, 2U);
+    }
+    EXPECT_EQ(FromVariant(count), Value(LONG{42}));
 }
 
 TEST_F(ObjectDispatch, RefusesObjectsWithoutTheInterfaceThatIsDescribed) {

@@ -1,7 +1,10 @@
 #include "tests/automation/thing.h"
 
+#include <algorithm>
 #include <atomic>
+#include <numeric>
 #include <span>
+#include <sstream>
 #include <thread>
 
 #include "automation/error_information.h"
@@ -105,10 +108,36 @@ STDMETHODIMP TestThing::Divide(LONG Dividend, LONG Divisor, LONG* Remainder, BST
     });
 }
 
-STDMETHODIMP TestThing::WithDefaults(LONG First, SHORT Second, VARIANT_BOOL Third, BSTR* Result) {
+STDMETHODIMP TestThing::Grow(SAFEARRAY** Values, LONG* Count, BSTR* Text) {
     return Guarded([&] {
-        *Result = NewBstr(std::to_string(First) + " " + std::to_string(Second) + " " +
-                          std::to_string(Third));
+        const std::size_t count = automation::ArrayView<std::int16_t>(*Values).Elements().size();
+        automation::SafeArray<std::int16_t> grown(count + 1);
+        {
+            const automation::ArrayView<std::int16_t> from(*Values);
+            const automation::ArrayView<std::int16_t> to(grown.Get());
+            std::ranges::copy(from.Elements(), to.Elements().begin());
+            to.Elements().back() = 7;
+        }
+        automation::ThrowIfFailed(SafeArrayDestroy(std::exchange(*Values, grown.Detach())));
+        ++*Count;
+        const Bstr old = Bstr::Adopt(*Text);
+        *Text = NewBstr(old.Utf8() + "!");
+    });
+}
+
+STDMETHODIMP TestThing::Sum(SAFEARRAY** Values, LONG* Result) {
+    const automation::ArrayView<std::int16_t> values(*Values);
+    *Result = std::accumulate(values.Elements().begin(), values.Elements().end(), LONG{0});
+    return S_OK;
+}
+
+STDMETHODIMP TestThing::WithDefaults(LONG First, SHORT Second, VARIANT_BOOL Third, FLOAT Fourth,
+                                     BSTR Fifth, ShapeConstants Sixth, BSTR* Result) {
+    return Guarded([&] {
+        std::ostringstream text;
+        text << First << ' ' << Second << ' ' << Third << ' ' << Fourth << ' '
+             << ToUtf8(Bstr::View(Fifth)) << ' ' << static_cast<std::int32_t>(Sixth);
+        *Result = NewBstr(text.str());
     });
 }
 

@@ -34,12 +34,19 @@ struct ITestThing : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE EchoShape(ShapeConstants Value, ShapeConstants* Result) = 0;
     virtual HRESULT STDMETHODCALLTYPE EchoBoolean(VARIANT_BOOL Value, VARIANT_BOOL* Result) = 0;
     virtual HRESULT STDMETHODCALLTYPE EchoAny(VARIANT Value, VARIANT* Result) = 0;
+    MAVRIN2_RESERVED(LaterOne, 9)
     // Each of the 16-bit values twice as large.
     virtual HRESULT STDMETHODCALLTYPE DoubleAll(SAFEARRAY* Values, SAFEARRAY** Result) = 0;
     virtual HRESULT STDMETHODCALLTYPE Divide(LONG Dividend, LONG Divisor, LONG* Remainder,
                                              BSTR* Text, LONG* Quotient) = 0;
-    // Tells what it got.
+    // Puts another array with one more value, 7, in the place of the caller's; counts, and writes
+    // "!" after the text.
+    virtual HRESULT STDMETHODCALLTYPE Grow(SAFEARRAY** Values, LONG* Count, BSTR* Text) = 0;
+    // The sum of an array that is passed by its address but not changed.
+    virtual HRESULT STDMETHODCALLTYPE Sum(SAFEARRAY** Values, LONG* Result) = 0;
+    // The values it got, as text.
     virtual HRESULT STDMETHODCALLTYPE WithDefaults(LONG First, SHORT Second, VARIANT_BOOL Third,
+                                                   FLOAT Fourth, BSTR Fifth, ShapeConstants Sixth,
                                                    BSTR* Result) = 0;
     virtual HRESULT STDMETHODCALLTYPE IsSame(ITestThing* Other, VARIANT_BOOL* Result) = 0;
     virtual HRESULT STDMETHODCALLTYPE Fail(LONG Status, BSTR Description) = 0;
@@ -92,7 +99,10 @@ public:
     STDMETHODIMP DoubleAll(SAFEARRAY* Values, SAFEARRAY** Result) override;
     STDMETHODIMP Divide(LONG Dividend, LONG Divisor, LONG* Remainder, BSTR* Text,
                         LONG* Quotient) override;
-    STDMETHODIMP WithDefaults(LONG First, SHORT Second, VARIANT_BOOL Third, BSTR* Result) override;
+    STDMETHODIMP Grow(SAFEARRAY** Values, LONG* Count, BSTR* Text) override;
+    STDMETHODIMP Sum(SAFEARRAY** Values, LONG* Result) override;
+    STDMETHODIMP WithDefaults(LONG First, SHORT Second, VARIANT_BOOL Third, FLOAT Fourth,
+                              BSTR Fifth, ShapeConstants Sixth, BSTR* Result) override;
     STDMETHODIMP IsSame(ITestThing* Other, VARIANT_BOOL* Result) override;
     STDMETHODIMP Fail(LONG Status, BSTR Description) override;
     STDMETHODIMP MakeThing(ITestThing** Result) override;

@@ -2,20 +2,6 @@
 #include "tests/automation/thing.h"
 
 namespace mavrin2::automation {
-namespace {
-
-// With members that are not described yet, and identifiers in no order.
-constexpr PlannedMember kMembers[] = {
-    {"EchoShort", 1},  {"EchoLong", 2},      {"EchoFloat", 3}, {"EchoDouble", 4}, {"EchoText", 5},
-    {"EchoShape", 6},  {"EchoBoolean", 7},   {"EchoAny", 8},   {"LaterOne", 9},   {"DoubleAll", 10},
-    {"Divide", 30},    {"WithDefaults", 12}, {"IsSame", 13},   {"Fail", 14},      {"MakeThing", 15},
-    {"Fire", 16},      {"FireLater", 17},    {"Item", 0},      {"Enabled", 101},  {"Friend", 102},
-    {"FriendBy", 103}, {"Alive", 104},       {"Secret", 105}};
-constexpr PlannedMember kEvents[] = {
-    {"Progress", tests::event::Progress}, {"Between", 2}, {"Done", tests::event::Done}};
-
-}  // namespace
-
 template <>
 const EnumerationDescription& EnumerationOf<tests::ShapeConstants>() {
     static const EnumerationDescription description{
@@ -30,38 +16,45 @@ template <>
 const InterfaceDescription& DescriptionOf<tests::ITestThing>() {
     using I = tests::ITestThing;
     static const InterfaceDescription description =
-        InterfaceBuilder<I>("ITestThing", "A thing", kMembers, &tests::TestLibrary)
-            .Method<&I::EchoShort>("EchoShort", "", In("Value"), Result("Result"))
-            .Method<&I::EchoLong>("EchoLong", "Gives back, any 32 bits", In("Value"),
+        InterfaceBuilder<I>("ITestThing", "A thing", &tests::TestLibrary)
+            .Method<&I::EchoShort>(1, "EchoShort", "", In("Value"), Result("Result"))
+            .Method<&I::EchoLong>(2, "EchoLong", "Gives back, any 32 bits", In("Value"),
                                   Result("Result"))
-            .Method<&I::EchoFloat>("EchoFloat", "", In("Value"), Result("Result"))
-            .Method<&I::EchoDouble>("EchoDouble", "", In("Value"), Result("Result"))
-            .Method<&I::EchoText>("EchoText", "", In("Value"), Result("Result"))
-            .Method<&I::EchoShape>("EchoShape", "", In("Value"), Result("Result"))
-            .Method<&I::EchoBoolean>("EchoBoolean", "", In("Value").Boolean(),
+            .Method<&I::EchoFloat>(3, "EchoFloat", "", In("Value"), Result("Result"))
+            .Method<&I::EchoDouble>(4, "EchoDouble", "", In("Value"), Result("Result"))
+            .Method<&I::EchoText>(5, "EchoText", "", In("Value"), Result("Result"))
+            .Method<&I::EchoShape>(6, "EchoShape", "", In("Value"), Result("Result"))
+            .Method<&I::EchoBoolean>(7, "EchoBoolean", "", In("Value").Boolean(),
                                      Result("Result").Boolean())
-            .Method<&I::EchoAny>("EchoAny", "", In("Value"), Result("Result"))
-            .Method<&I::DoubleAll>("DoubleAll", "", In("Values").ArrayOf(VT_I2),
+            .Method<&I::EchoAny>(8, "EchoAny", "", In("Value"), Result("Result"))
+            .Reserved(1)
+            .Method<&I::DoubleAll>(10, "DoubleAll", "", In("Values").ArrayOf(VT_I2),
                                    Result("Result").ArrayOf(VT_I2))
-            .Method<&I::Divide>("Divide", "", In("Dividend"), In("Divisor"), Out("Remainder"),
+            .Method<&I::Divide>(30, "Divide", "", In("Dividend"), In("Divisor"), Out("Remainder"),
                                 Out("Text"), Result("Quotient"))
-            .Method<&I::WithDefaults>("WithDefaults", "", In("First"), In("Second").Default(7),
-                                      In("Third").Boolean().Default(VARIANT_TRUE), Result("Result"))
-            .Method<&I::IsSame>("IsSame", "", In("Other"), Result("Result").Boolean())
-            .Method<&I::Fail>("Fail", "", In("Status"), In("Description"))
-            .Method<&I::MakeThing>("MakeThing", "", Result("Result"))
-            .Method<&I::Fire>("Fire", "", In("Percent"), In("Text"))
-            .Method<&I::FireLater>("FireLater", "", In("Percent"), In("Text"))
-            .Get<&I::get_Item>("Item", "", In("Index"))
-            .Put<&I::put_Item>("Item", "", In("Index"))
-            .GetBoolean<&I::get_Enabled>("Enabled", "")
-            .PutBoolean<&I::put_Enabled>("Enabled", "")
-            .Get<&I::get_Friend>("Friend", "")
-            .Put<&I::put_Friend>("Friend", "")
-            .PutReference<&I::putref_Friend>("Friend", "")
-            .Get<&I::get_FriendBy>("FriendBy", "")
-            .Get<&I::get_Alive>("Alive", "")
-            .Put<&I::put_Secret>("Secret", "")
+            .Method<&I::Grow>(11, "Grow", "", InOut("Values").ArrayOf(VT_I2), InOut("Count"),
+                              InOut("Text"))
+            .Method<&I::Sum>(18, "Sum", "", In("Values").ArrayOf(VT_I2), Result("Result"))
+            .Method<&I::WithDefaults>(12, "WithDefaults", "", In("First"), In("Second").Default(7),
+                                      In("Third").Boolean().Default(true),
+                                      In("Fourth").Default(-2.5), In("Fifth").Default("none"),
+                                      In("Sixth").Default(tests::ShapeConstants::SQUARE),
+                                      Result("Result"))
+            .Method<&I::IsSame>(13, "IsSame", "", In("Other"), Result("Result").Boolean())
+            .Method<&I::Fail>(14, "Fail", "", In("Status"), In("Description"))
+            .Method<&I::MakeThing>(15, "MakeThing", "", Result("Result"))
+            .Method<&I::Fire>(16, "Fire", "", In("Percent"), In("Text"))
+            .Method<&I::FireLater>(17, "FireLater", "", In("Percent"), In("Text"))
+            .Get<&I::get_Item>(0, "Item", "", In("Index"))
+            .Put<&I::put_Item>(0, "Item", "", In("Index"))
+            .GetBoolean<&I::get_Enabled>(101, "Enabled", "")
+            .PutBoolean<&I::put_Enabled>(101, "Enabled", "")
+            .Get<&I::get_Friend>(102, "Friend", "")
+            .Put<&I::put_Friend>(102, "Friend", "")
+            .PutReference<&I::putref_Friend>(102, "Friend", "")
+            .Get<&I::get_FriendBy>(103, "FriendBy", "")
+            .Get<&I::get_Alive>(104, "Alive", "")
+            .Put<&I::put_Secret>(105, "Secret", "")
             .Build();
     return description;
 }
@@ -76,9 +69,10 @@ using automation::EnumerationOf;
 const automation::InterfaceDescription& TestThingEvents() {
     static const automation::InterfaceDescription description =
         automation::EventsBuilder("_ITestThingEvents", DIID_TestThingEvents, "What a thing reports",
-                                  automation::kEvents, &TestLibrary)
-            .Event("Progress", "0 ... 100", {{"Percent", VT_I2}, {"Text", VT_BSTR}})
-            .Event("Done", "")
+                                  &TestLibrary)
+            .Event(event::Progress, "Progress", "0 ... 100",
+                   {{"Percent", VT_I2}, {"Text", VT_BSTR}})
+            .Event(event::Done, "Done", "")
             .Build();
     return description;
 }

@@ -89,9 +89,9 @@ TEST_F(TypeLibrary, DescribesEveryMemberWithItsTypesAndDefaults) {
     TYPEATTR* attributes = nullptr;
     ASSERT_EQ(thing->GetTypeAttr(&attributes), S_OK);
     EXPECT_TRUE(IsEqualGUID(attributes->guid, IID_TestThing));
-    EXPECT_EQ(attributes->cFuncs, 26);
+    EXPECT_EQ(attributes->cFuncs, 28);
     EXPECT_EQ(attributes->wTypeFlags & TYPEFLAG_FDUAL, TYPEFLAG_FDUAL);
-    EXPECT_EQ(attributes->cbSizeVft, (7 + 26) * sizeof(void*));
+    EXPECT_EQ(attributes->cbSizeVft, (7 + 29) * sizeof(void*));
     thing->ReleaseTypeAttr(attributes);
 
     EXPECT_THAT(members[1], ElementsAre("1 2 EchoShort(in 2 Value)"));
@@ -107,7 +107,12 @@ TEST_F(TypeLibrary, DescribesEveryMemberWithItsTypesAndDefaults) {
                             "out *8 Text)"));
     EXPECT_THAT(members[12],
                 ElementsAre("1 8 WithDefaults(in 3 First, in optional = VT 2 7 2 Second, "
-                            "in optional = VT 11 -1 11 Third)"));
+                            "in optional = VT 11 -1 11 Third, in optional = VT 4 -2.5 4 Fourth, "
+                            "in optional = VT 8 none 8 Fifth, "
+                            "in optional = VT 3 4 ShapeConstants Sixth)"));
+    EXPECT_THAT(members[11],
+                ElementsAre("1 24 Grow(in out *[2] Values, in out *3 Count, in out *8 Text)"));
+    EXPECT_THAT(members[18], ElementsAre("1 3 Sum(in *[2] Values)"));
     EXPECT_THAT(members[13], ElementsAre("1 11 IsSame(in *ITestThing Other)"));
     EXPECT_THAT(members[14], ElementsAre("1 24 Fail(in 3 Status, in 8 Description)"));
     EXPECT_THAT(members[15], ElementsAre("1 *ITestThing MakeThing()"));
@@ -187,7 +192,7 @@ TEST_F(TypeLibrary, RefusesQuestionsThatDoNotFitTheKindOfType) {
     void* object = nullptr;
     EXPECT_EQ(Type(0)->GetFuncDesc(0, &function), TYPE_E_ELEMENTNOTFOUND);
     EXPECT_EQ(Type(1)->GetVarDesc(0, &variable), TYPE_E_ELEMENTNOTFOUND);
-    EXPECT_EQ(Type(1)->GetFuncDesc(26, &function), TYPE_E_ELEMENTNOTFOUND);
+    EXPECT_EQ(Type(1)->GetFuncDesc(28, &function), TYPE_E_ELEMENTNOTFOUND);
     EXPECT_EQ(Type(1)->GetRefTypeOfImplType(0, &reference), TYPE_E_ELEMENTNOTFOUND);
     EXPECT_EQ(Type(3)->GetRefTypeOfImplType(2, &reference), TYPE_E_ELEMENTNOTFOUND);
     EXPECT_EQ(Type(1)->CreateInstance(nullptr, IID_IUnknown, &object), TYPE_E_BADMODULEKIND);

@@ -72,8 +72,9 @@ inline std::string MemberText(ITypeInfo& information, const FUNCDESC& function) 
     return text + ")";
 }
 
-// What a compiled interface inherits from the system's own, which hosts are not shown.
-inline bool IsInherited(const FUNCDESC& function) {
+// What a compiled interface inherits from the system's own, and slots kept for members to come:
+// hosts are not shown either.
+inline bool IsHidden(const FUNCDESC& function) {
     constexpr MEMBERID kFirstOfTheSystem = 0x60000000;
     return function.memid >= kFirstOfTheSystem;
 }
@@ -84,7 +85,7 @@ inline std::map<MEMBERID, std::vector<std::string>> MembersOf(ITypeInfo& informa
     FUNCDESC* function = nullptr;
     for (UINT i = 0; SUCCEEDED(information.GetFuncDesc(i, &function)); ++i) {
         EXPECT_EQ(function->funckind, FUNC_DISPATCH);
-        if (!IsInherited(*function))
+        if (!IsHidden(*function))
             members[function->memid].push_back(MemberText(information, *function));
         information.ReleaseFuncDesc(function);
     }

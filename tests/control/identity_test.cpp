@@ -5,7 +5,6 @@
 #include "automation/text.h"
 #include "control/interfaces/events.h"
 #include "control/interfaces/library.h"
-#include "control/interfaces/member_plan.h"
 #include "tests/automation/late_call.h"
 #include "tests/control/control_test.h"
 #include "tests/support/scratch_registry.h"
@@ -16,49 +15,70 @@ namespace {
 using automation::Bstr;
 using automation::ComPtr;
 using automation::InterfaceDescription;
-using automation::MemberPlan;
 
-TEST(Descriptions, AgreeWithTheirPlanAndVirtualTable) {
-    // Building them compares both.
-    const auto& library = interfaces::ControlLibrary();
-    EXPECT_EQ(std::string(library.Name), "KovMAVRIN2Lib");
-    EXPECT_EQ(library.Interfaces.size(), 7u);
-    for (const auto& make : library.Interfaces) {
-        const InterfaceDescription& description = make();
-        EXPECT_FALSE(description.Members.empty());
-        for (const auto& member : description.Members)
-            EXPECT_STRNE(member.Help, "") << member.Name;
+// The members with their dispatch identifiers and slots, in the order of the virtual table; those
+// of one property together.
+std::string MembersOf(const InterfaceDescription& description) {
+    std::string text;
+    DISPID last = DISPID_UNKNOWN;
+    for (const auto& member : description.Members) {
+        if (member.Id != last)
+            text += (text.empty() ? "" : " ") + std::string(member.Name) + "=" +
+                    std::to_string(member.Id);
+        if (!description.Events)
+            text += (member.Id == last ? "," : "@") + std::to_string(member.Slot);
+        last = member.Id;
     }
-    contracts::DusoroLibrary().Interfaces.front()();
-    struct {
-        const InterfaceDescription& Description;
-        const char* Name;
-        DISPID Id;
-    } const published[] = {
-        {automation::DescriptionOf<interfaces::IMavrin2FileInfo>(), "SaveExtraInfoEnabled", 30},
-        {automation::DescriptionOf<interfaces::IMavrin2FileInfo>(), "Frequency", 5},
-        {automation::DescriptionOf<interfaces::IMavrin2Channel>(), "Operation", 4},
-        {automation::DescriptionOf<interfaces::IMavrin2Colors>(), "RangeMarkerBackground", 17},
-        {automation::DescriptionOf<interfaces::IMavrin2Scale>(), "Orientation", 5},
-        {automation::DescriptionOf<interfaces::IMavrin2>(), "SaveWaveImage", 32},
-        {automation::DescriptionOf<interfaces::IMavrin2>(), "TypeView", 125}};
-    for (const auto& [description, name, id] : published)
-        EXPECT_EQ(description.Find(std::string_view(name))->Id, id);
+    return text;
 }
 
-TEST(Descriptions, PlanEveryMemberOnce) {
-    namespace plan = interfaces::plan;
-    for (const MemberPlan* one :
-         {&plan::Mavrin2, &plan::Mavrin2Events, &plan::Channel, &plan::Colors, &plan::Device,
-          &plan::DeviceLine, &plan::FileInfo, &plan::LameEnc, &plan::Markers, &plan::Position,
-          &plan::Recorder, &plan::Scale, &plan::FileFormat, &plan::Transform}) {
-        std::set<DISPID> ids;
-        std::set<std::string> names;
-        for (const auto& member : *one) {
-            EXPECT_TRUE(ids.insert(member.Id).second) << member.Name;
-            EXPECT_TRUE(names.insert(automation::AsciiLower(member.Name)).second) << member.Name;
-        }
-    }
+// What a host compiled against an earlier version relies on: a member that has arrived keeps its
+// identifier and its slot, and one that arrives takes those that were reserved for it.
+TEST(Descriptions, KeepTheIdentifiersAndSlotsOfWhatHasArrived) {
+    using automation::DescriptionOf;
+    const std::pair<const InterfaceDescription*, const char*> kept[] = {
+        {&DescriptionOf<interfaces::IMavrin2>(),
+         "New=1@7 Open=2@8 Save=3@9 Close=4@10 Undo=5@11 Redo=6@12 "
+         "BeginOperations=7@13 EndOperations=8@14 DeleteSelect=15@21 Stop=22@28 "
+         "ZoomIn=26@32 ZoomOut=27@33 ZoomFull=28@34 Zoom=29@35 ZoomVertical=30@36 "
+         "Refresh=31@37 SaveWaveImage=32@38 LastErrorNum=101@39 Status=102@40 "
+         "TempDirectory=103@41,42 TempFileName=104@43,44 FileBufferSize=105@45,46 "
+         "UndoRedoCount=106@47,48 UndoEnabled=107@49 RedoEnabled=108@50 "
+         "ScaleX=109@51,52 ScaleY=110@53,54 Colors=111@55,56 FileInfo=112@57 "
+         "Position=117@62 Channels=118@63 TypeBorder=124@72,73 TypeView=125@74,75"},
+        {&interfaces::ControlEvents(), "BlockOperation=6 ChangePosition=7 EndOperation=11"},
+        {&DescriptionOf<interfaces::IMavrin2Channel>(),
+         "Count=1@7 Num=2@8,9 Visible=3@10,11 Operation=4@12,13"},
+        {&DescriptionOf<interfaces::IMavrin2Colors>(),
+         "Font=1@7,8 SelectDigitalWaveform=2@9,10 SelectCenterLine=3@11,12 "
+         "SelectBackground=4@13,14 SelectAnalogWaveform=5@15,16 Scales=6@17,18 "
+         "PlayCursor=7@19,20 Grid=8@21,22 DigitalWaveform=9@23,24 Cursor=10@25,26 "
+         "CenterLine=11@27,28 Boundary=12@29,30 Background=13@31,32 "
+         "AnalogWaveform=14@33,34 CueMarker=15@35,36 RangeMarker=16@37,38 "
+         "RangeMarkerBackground=17@39,40 SpectralLow=18@41,42 SpectralHigh=19@43,44 "
+         "SpectralSelectLow=20@45,46 SpectralSelectHigh=21@47,48"},
+        {&DescriptionOf<interfaces::IMavrin2FileInfo>(),
+         "Frequency=5@8 Channels=6@9 FormatString=11@18 SaveExtraInfoEnabled=30@37,38"},
+        {&DescriptionOf<interfaces::IMavrin2Position>(),
+         "SecToSamples=1@7 SamplesToSec=2@8 StartSelect=4@10,11 EndSelect=5@12,13 "
+         "StartView=6@14,15 EndView=7@16,17 Selected=8@18,19 TotalSamples=9@20 "
+         "CurrentPosition=10@21,22"},
+        {&DescriptionOf<interfaces::IMavrin2Scale>(),
+         "Font=1@7,8,9 Type=2@10,11 Visible=3@12,13 Grid=4@14,15 Orientation=5@16,17"},
+        {&DescriptionOf<contracts::IDusoro2>(),
+         "OpenSoundFile=1@7 CloseFile=2@8 CreateSoundFile=3@9 WriteBlock=4@10 "
+         "ReadBlock=5@11 SetPcmFormat=8@14 SetFormatVOX=17@23 GetLength=27@33 "
+         "GetSourceFrequency=28@34 GetFormatText=29@35 GetBitsPerSample=30@36 "
+         "GetErrorCode=31@37 GetChannels=32@38 GetFrequency=33@39 GetFormatKind=34@40 "
+         "SetWmaMode=35@41"}};
+    for (const auto& [description, members] : kept)
+        EXPECT_EQ(MembersOf(*description), members) << description->Name;
+}
+
+TEST(Descriptions, ExplainEveryMember) {
+    for (const auto& make : interfaces::ControlLibrary().Interfaces)
+        for (const auto& member : make().Members)
+            EXPECT_STRNE(member.Help, "") << make().Name << "." << member.Name;
 }
 
 TEST(Descriptions, GiveEveryIdentifierOnce) {
