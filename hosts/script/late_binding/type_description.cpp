@@ -119,6 +119,7 @@ DescribedParameter Describe(ITypeInfo& information, const ELEMDESC& element, std
     parameter.Out = (flags & PARAMFLAG_FOUT) != 0;
     // Without either flag a parameter goes in.
     parameter.In = !parameter.Out || (flags & PARAMFLAG_FIN) != 0;
+    parameter.ByAddress = element.tdesc.vt == VT_PTR && element.tdesc.lptdesc->vt == VT_SAFEARRAY;
     parameter.Optional = (flags & PARAMFLAG_FOPT) != 0;
     if ((flags & PARAMFLAG_FHASDEFAULT) && element.paramdesc.pparamdescex)
         Check(VariantCopy(&parameter.Default, &element.paramdesc.pparamdescex->varDefaultValue));

@@ -26,6 +26,7 @@ struct DescribedParameter {
     DescribedType Type;
     bool In = true;
     bool Out = false;
+    bool ByAddress = false;  // an array that goes in by its address
     bool Optional = false;
     automation::Variant Default;  // empty without one
 };

@@ -27,7 +27,7 @@ public:
         for (std::size_t i = 0; i < values_.size(); ++i) {
             const DescribedParameter& parameter = member.Parameters[i];
             if (parameter.In) Take(next++, parameter, values_[i]);
-            passed_.push_back(parameter.Out ? ByReference(i) : values_[i]);
+            passed_.push_back(parameter.Out || parameter.ByAddress ? ByReference(i) : values_[i]);
         }
         if (const int given = lua_gettop(lua) - first + 1; given > next - first)
             throw CallError(DISP_E_BADPARAMCOUNT, member.Name + ": too many arguments (" +
@@ -73,21 +73,22 @@ private:
 
     // The address of a value of the parameter's own type, which every component accepts.
     VARIANT ByReference(std::size_t i) {
+        const DescribedParameter& parameter = member_.Parameters[i];
         Variant& value = values_[i];
-        const VARTYPE type = member_.Parameters[i].Type.Type;
+        const VARTYPE type = parameter.Type.Type;
+        if (parameter.In && IsLeftOut(value)) return value;
         VARIANT reference;
         VariantInit(&reference);
         reference.vt = static_cast<VARTYPE>(VT_BYREF | type);
-        reference.byref = &value;
+        reference.byref = type == VT_VARIANT ? static_cast<void*>(&value) : &value.llVal;
         if (type == VT_VARIANT) return reference;
-        const bool given = member_.Parameters[i].In && !IsLeftOut(value) &&
-                           SUCCEEDED(VariantChangeType(&value, &value, 0, type));
-        if (!given) {
-            VariantClear(&value);
+        if (!parameter.In) {
             value.llVal = 0;
             value.vt = type;
+        } else if (value.vt != type && FAILED(VariantChangeType(&value, &value, 0, type))) {
+            throw CallError(DISP_E_TYPEMISMATCH, member_.Name + ": argument " + parameter.Name +
+                                                     ": " + parameter.Type.Name + " expected.");
         }
-        reference.byref = &value.llVal;
         return reference;
     }
 

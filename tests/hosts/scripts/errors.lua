@@ -30,6 +30,7 @@ expect(0x80020005, "EchoAny: argument Value: function given, variant expected.",
   thing, print)
 expect(0x80020005, "DoubleAll: argument Values: element 2 has the wrong type or is out of range.", thing.DoubleAll, thing,
   { 1, 70000 })
+expect(0x80020005, "Grow: argument Count: long expected.", thing.Grow, thing, {}, "x", "")
 expect(0x80020005, "EchoBoolean: argument Value: true, false or a 16-bit integer expected.",
   thing.EchoBoolean, thing, 32768)
 local endless <const> = {}

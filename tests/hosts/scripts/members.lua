@@ -37,6 +37,8 @@ assert(not defaults[1].optional and defaults[1].default == nil)
 assert(defaults[2].optional and defaults[2].default == 7 and defaults[2].type == "short")
 assert(defaults[3].type == "boolean" and defaults[3].default == -1)
 local divide <const> = member("Divide", "method").parameters
+assert(defaults[4].default == -2.5 and defaults[5].default == "none" and defaults[6].default == 4)
+assert(member("Grow", "method").parameters[1].direction == "inout")
 assert(divide[3].direction == "out" and divide[4].type == "string")
 assert(member("DoubleAll", "method").type == "array of short")
 assert(member("EchoShape", "method").type == "ShapeConstants")

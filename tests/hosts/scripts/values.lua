@@ -52,11 +52,19 @@ local quotient, remainder, text = thing:Divide(17, 5)
 same(quotient, 3)
 same(remainder, 2)
 same(text, "17/5")
-same(thing:WithDefaults(1), "1 7 -1")
-same(thing:WithDefaults(1, nil, false), "1 7 0")
-same(thing:WithDefaults(1, 2, 5), "1 2 5")
+same(thing:WithDefaults(1), "1 7 -1 -2.5 none 4")
+same(thing:WithDefaults(1, nil, false), "1 7 0 -2.5 none 4")
+same(thing:WithDefaults(1, 2, 5, 0, "five", mavrin2.const.ROUND), "1 2 5 0 five 1")
 same(select("#", thing:EchoText("x")), 1)
 same(select("#", thing:Fail(0, "")), 0)
+
+-- Arguments that a component changes come back.
+local grown, count, shout = thing:Grow({ 20, 21 }, "41", "Hey")
+same(table.concat(grown, " "), "20 21 7")
+same(count, 42)
+same(shout, "Hey!")
+same(thing:Sum { 20, 21, "1" }, 42)
+same(select("#", thing:Sum {}), 1)
 
 -- Objects.
 same(thing:IsSame(thing), -1)
