@@ -4,13 +4,14 @@
 
 namespace mavrin2::bench {
 
-// The sounds to measure with, made beforehand: m60.wav, .flac, .mp3, .ogg (60 minutes) and
-// small.wav, in one folder that also takes outputs.
+// The sounds to measure with, made beforehand: m60.wav, .flac, .mp3, .ogg (60 minutes), m10.wav,
+// m10-8000.wav (10 minutes) and small.wav, in one folder that also takes outputs.
 using Folder = std::filesystem::path;
 
 // Each prints its lines of the table.
 void PrintEditFigures(const Folder& data);
 void PrintOpenFigures(const Folder& data);
+void PrintSignalFigures(const Folder& data);
 // `programs` holds mavrin2 itself.
 void PrintSmallFigures(const Folder& data, const Folder& programs);
 void PrintViewFigures(const Folder& data, const Folder& programs);

@@ -1,22 +1,40 @@
-// Measures the component beside the programs one would use instead: mavrin2-bench DATA PROGRAMS.
+// Measures the component beside the programs one would use instead:
+// mavrin2-bench DATA PROGRAMS [GROUP…], a group being small, edit, signal, view or open.
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <functional>
+#include <span>
+#include <string_view>
 
 #include "bench/figures.h"
 
 int main(int count, char** arguments) {
-    if (count != 3) {
-        std::fprintf(stderr, "usage: mavrin2-bench DATA-FOLDER PROGRAM-FOLDER\n");
+    if (count < 3) {
+        std::fprintf(stderr, "usage: mavrin2-bench DATA-FOLDER PROGRAM-FOLDER [GROUP…]\n");
         return 2;
     }
+    using namespace mavrin2::bench;
+    const Folder data = arguments[1];
+    const Folder programs = arguments[2];
+    struct Group {
+        std::string_view Name;
+        std::function<void()> Print;
+    };
+    const Group groups[] = {
+        {"small", [&] { PrintSmallFigures(data, programs); }},
+        {"edit", [&] { PrintEditFigures(data); }},
+        {"signal", [&] { PrintSignalFigures(data); }},
+        {"view", [&] { PrintViewFigures(data, programs); }},
+        {"open", [&] { PrintOpenFigures(data); }},
+    };
+    const std::span<char*> wanted(arguments + 3, arguments + count);
     try {
-        const mavrin2::bench::Folder data = arguments[1];
         std::printf("| task | Mavrin2 | others | ratio | at most |\n|---|---|---|---|---|\n");
-        mavrin2::bench::PrintSmallFigures(data, arguments[2]);
-        mavrin2::bench::PrintEditFigures(data);
-        mavrin2::bench::PrintViewFigures(data, arguments[2]);
-        mavrin2::bench::PrintOpenFigures(data);
+        for (const Group& group : groups)
+            if (wanted.empty() || std::ranges::find(wanted, group.Name) != wanted.end())
+                group.Print();
         return 0;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "mavrin2-bench: %s\n", error.what());

@@ -185,7 +185,8 @@ TEST(PcmConvertTest, ImagesOfARaisedToneAreAsLowAsTheDesignPromisesInBlocksOfAny
         CPcmConvert convert = Converter({8000, 1, 16}, {44100, 1, 16});
         std::vector<std::int16_t> out;
         for (std::size_t done = 0; done < tone.size(); done += size) {
-            const auto block = std::span<const int>(tone).subspan(done, std::min(size, tone.size() - done));
+            const auto block =
+                std::span<const int>(tone).subspan(done, std::min(size, tone.size() - done));
             const Bytes bytes = ConvertBlock(convert, ToBytes({block.begin(), block.end()}, 16));
             out.resize(out.size() + bytes.size() / 2);
             std::memcpy(out.data() + out.size() - bytes.size() / 2, bytes.data(), bytes.size());
