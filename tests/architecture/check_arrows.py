@@ -32,7 +32,7 @@ def below(source):
     if top == "automation":
         return FOUNDATION
     if top == "companions":
-        return {source, "companions/contracts"} | FOUNDATION
+        return {source, "companions/contracts", "companions/formats"} | FOUNDATION
     if top == "hosts":
         return {source} | FOUNDATION
     if top == "control":

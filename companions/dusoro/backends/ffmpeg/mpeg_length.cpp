@@ -5,10 +5,12 @@
 #include <utility>
 
 #include "companions/dusoro/backends/ffmpeg/file_window.h"
-#include "companions/dusoro/backends/ffmpeg/mpeg_header.h"
+#include "companions/formats/mpeg_header.h"
 
 namespace mavrin2::dusoro {
 namespace {
+
+using formats::MpegHeader;
 
 // The samples that every decoder of layer III is late, beside what the encoder was.
 constexpr std::int64_t kDecoderDelay = 529;

@@ -4,13 +4,14 @@
 #include <cstdint>
 #include <optional>
 
-namespace mavrin2::dusoro {
+namespace mavrin2::formats {
 
 // What the four bytes at the beginning of a frame of MPEG audio say.
 struct MpegHeader {
     std::uint32_t Kind;      // the bits that all frames of one stream have in common
     std::int32_t Size;       // bytes, with the header
     std::int32_t Frames;     // sample frames
+    std::int32_t Rate;       // hertz
     std::int32_t TagOffset;  // where in the first frame a tag stands instead of sound
 
     static std::optional<MpegHeader> Parse(const std::uint8_t* bytes);
@@ -47,6 +48,7 @@ inline std::optional<MpegHeader> MpegHeader::Parse(const std::uint8_t* bytes) {
 
     MpegHeader header{};
     header.Kind = static_cast<std::uint32_t>(bytes[1] & 0xFE) << 8 | (bytes[2] & 0x0C);
+    header.Rate = hertz;
     header.Frames = layer == 1 ? 384 : layer == 3 && !first ? 576 : 1152;
     header.Size =
         layer == 1 ? (12 * bits / hertz + padding) * 4 : header.Frames / 8 * bits / hertz + padding;
@@ -54,4 +56,4 @@ inline std::optional<MpegHeader> MpegHeader::Parse(const std::uint8_t* bytes) {
     return header;
 }
 
-}  // namespace mavrin2::dusoro
+}  // namespace mavrin2::formats
