@@ -1,0 +1,34 @@
+#pragma once
+
+#include <bit>
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace mavrin2::ontiva {
+
+// Whole numbers in bytes. What lies past the end of the bytes counts as zeros.
+template <std::unsigned_integral Number>
+Number GetNumber(std::string_view bytes, std::size_t offset, std::endian order) {
+    Number value = 0;
+    for (std::size_t i = 0; i < sizeof(Number); ++i) {
+        const std::size_t place = order == std::endian::big ? i : sizeof(Number) - 1 - i;
+        const auto byte = offset + place < bytes.size()
+                              ? static_cast<std::uint8_t>(bytes[offset + place])
+                              : std::uint8_t{0};
+        value = static_cast<Number>(value << 8 | byte);
+    }
+    return value;
+}
+
+template <std::unsigned_integral Number>
+void AddNumber(std::string& bytes, Number value, std::endian order) {
+    for (std::size_t i = 0; i < sizeof(Number); ++i) {
+        const std::size_t shift = order == std::endian::big ? sizeof(Number) - 1 - i : i;
+        bytes.push_back(static_cast<char>(value >> (8 * shift)));
+    }
+}
+
+}  // namespace mavrin2::ontiva
