@@ -12,7 +12,7 @@ packages := packaging/install-debian-packages
 cpp_files = git ls-files -z '*.cpp' '*.h'
 
 .PHONY: help deps build run test bench windows test-windows bench-windows install format check \
-        format-check words-check arrows-check tidy clean
+        format-check words-check arrows-check sizes-check tidy clean
 
 help:                ## this list
 	@sed -n 's/^\([a-z-]*\):.*## /\1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -60,7 +60,7 @@ install: build       ## install below PREFIX (/usr/local), inside DESTDIR
 format: deps         ## put every source file into the project's format
 	$(cpp_files) | xargs -0r clang-format -i
 
-check: format-check words-check arrows-check tidy ## what CI asks for beside the tests
+check: format-check words-check arrows-check sizes-check tidy ## what CI checks besides the tests
 
 format-check: deps
 	$(cpp_files) | xargs -0r clang-format --dry-run -Werror
@@ -71,7 +71,10 @@ words-check: deps
 arrows-check: deps
 	python3 tests/architecture/check_arrows.py
 
-# FILES=… limits the check to some sources.
+sizes-check: deps
+	python3 tests/architecture/check_sizes.py
+
+# FILES=… limits the check to some files; what was fine before and has not changed is not read again.
 tidy: deps
 	cmake --preset dev
 	.ci/tidy $(FILES)

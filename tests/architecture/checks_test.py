@@ -6,6 +6,7 @@ import tempfile
 import unittest
 
 import check_arrows
+import check_sizes
 import check_words
 
 SOUND_TREE = {
@@ -92,6 +93,7 @@ class Checks(unittest.TestCase):
     def test_a_sound_tree_has_no_fault(self):
         self.assertEqual(self.faults(check_arrows), [])
         self.assertEqual(self.faults(check_words), [])
+        self.assertEqual(self.faults(check_sizes), [])
 
     def test_every_wrong_include_is_found_once_with_its_line(self):
         for name, line, message in BAD_INCLUDES:
@@ -106,6 +108,16 @@ class Checks(unittest.TestCase):
             with self.subTest(name=name, line=line):
                 self.assertEqual([fault[0] for fault in self.faults(check_words, name, line)],
                                  [name])
+
+    def test_a_long_file_is_found_and_lines_of_tests_are_counted_apart(self):
+        found = self.faults(check_sizes, "control/view/layers.h", "\n" * check_sizes.LONGEST)
+        self.assertEqual([fault[0] for fault in found], ["control/view/layers.h"])
+        before = check_sizes.shares(self.root)
+        self.write("tests/view/layers_test.cpp", "\n\n")
+        self.write("tests/view/layers.lua", "\n")
+        self.write("examples/tour.lua", "\n")
+        self.write("control/view/scene.h", "\n")
+        self.assertEqual(check_sizes.shares(self.root), (before[0] + 3, before[1] + 1))
 
 
 if __name__ == "__main__":
