@@ -1,38 +1,21 @@
 #pragma once
 
 #include <algorithm>
-#include <atomic>
 #include <utility>
 #include <vector>
 
+#include "automation/counted.h"
 #include "automation/guarded.h"
-#include "automation/interface_id.h"
 
 namespace mavrin2::automation {
 
 // One of the system's enumerators: walks over a list taken when the enumeration was made. `Give`
 // makes of an item what the caller gets, with references and memory of its own.
 template <class Interface, class Item, class Element, Element (*Give)(const Item&)>
-class Enumeration final : public Interface {
+class Enumeration final : public Counted<Interface> {
 public:
     explicit Enumeration(std::vector<Item> items, std::size_t at = 0)
         : items_(std::move(items)), at_(at) {}
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        if (!object) return E_POINTER;
-        *object = nullptr;
-        if (!IsEqualGUID(iid, IID_IUnknown) && !IsEqualGUID(iid, IidOf<Interface>()))
-            return E_NOINTERFACE;
-        AddRef();
-        *object = static_cast<Interface*>(this);
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++count_; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --count_;
-        if (left == 0) delete this;
-        return left;
-    }
 
     STDMETHODIMP Next(ULONG count, Element* elements, ULONG* fetched) override {
         return Guarded([&]() -> HRESULT {
@@ -63,11 +46,8 @@ public:
     }
 
 private:
-    ~Enumeration() = default;
-
     std::vector<Item> items_;
     std::size_t at_;
-    std::atomic<ULONG> count_ = 1;
 };
 
 }  // namespace mavrin2::automation

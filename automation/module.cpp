@@ -2,10 +2,34 @@
 
 #include <algorithm>
 
-#include "automation/class_object.h"
+#include "automation/counted.h"
 #include "automation/guarded.h"
 
 namespace mavrin2::automation {
+namespace {
+
+// The standard class factory of one class.
+class ClassObject final : public Counted<IClassFactory> {
+public:
+    explicit ClassObject(const ClassEntry& entry) : entry_(entry) {}
+
+    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
+        return entry_.Create(outer, iid, object);
+    }
+    STDMETHODIMP LockServer(BOOL lock) override {
+        if (lock)
+            ModuleLocks::OfThisModule().Add();
+        else
+            ModuleLocks::OfThisModule().Remove();
+        return S_OK;
+    }
+
+private:
+    const ClassEntry& entry_;
+    ModuleLock alive_;
+};
+
+}  // namespace
 
 ModuleLocks& ModuleLocks::OfThisModule() {
     static ModuleLocks locks;
@@ -19,7 +43,7 @@ HRESULT GetClassObject(const ModuleContents& module, REFCLSID id, REFIID iid, vo
         const auto entry = std::ranges::find_if(
             module.Classes, [&](const ClassEntry& c) { return IsEqualGUID(c.Id, id); });
         if (entry == module.Classes.end()) return CLASS_E_CLASSNOTAVAILABLE;
-        return MakeClassObject(*entry)->QueryInterface(iid, object);
+        return MakeCounted<ClassObject>(*entry)->QueryInterface(iid, object);
     });
 }
 

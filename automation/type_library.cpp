@@ -1,11 +1,11 @@
 #include "automation/type_library.h"
 
 #include <algorithm>
-#include <atomic>
 #include <memory>
 #include <optional>
 #include <variant>
 
+#include "automation/counted.h"
 #include "automation/dispatch.h"
 #include "automation/guarded.h"
 #include "automation/text.h"
@@ -13,33 +13,6 @@
 
 namespace mavrin2::automation {
 namespace {
-
-// Counting and the two answers that every object of this file gives.
-template <class Interface>
-class Counted : public Interface {
-public:
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) final {
-        if (!object) return E_POINTER;
-        *object = nullptr;
-        if (!IsEqualGUID(iid, IID_IUnknown) && !IsEqualGUID(iid, IidOf<Interface>()))
-            return E_NOINTERFACE;
-        AddRef();
-        *object = static_cast<Interface*>(this);
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() final { return ++count_; }
-    STDMETHODIMP_(ULONG) Release() final {
-        const ULONG left = --count_;
-        if (left == 0) delete this;
-        return left;
-    }
-
-protected:
-    virtual ~Counted() = default;
-
-private:
-    std::atomic<ULONG> count_ = 1;
-};
 
 using Entry = std::variant<const EnumerationDescription*, const InterfaceDescription*,
                            const ClassDescription*>;
@@ -419,7 +392,7 @@ HRESULT TypeInformation::GetContainingTypeLib(ITypeLib** library, UINT* place) {
 }  // namespace
 
 ComPtr<ITypeLib> MakeTypeLibrary(const LibraryDescription& library) {
-    return ComPtr<ITypeLib>::Adopt(new TypeLibrary(std::make_shared<const LibraryIndex>(library)));
+    return MakeCounted<TypeLibrary>(std::make_shared<const LibraryIndex>(library)).As<ITypeLib>();
 }
 
 }  // namespace mavrin2::automation

@@ -8,34 +8,6 @@ namespace mavrin2::bench {
 
 using automation::Bstr;
 
-// Hears every event and does nothing, as a host with a progress bar that is hidden.
-class Editor::Sink final : public IDispatch {
-public:
-    STDMETHODIMP QueryInterface(REFIID, void** object) override {
-        AddRef();
-        *object = this;
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++count_; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --count_;
-        if (left == 0) delete this;
-        return left;
-    }
-    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-        return E_NOTIMPL;
-    }
-    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                        UINT*) override {
-        return S_OK;
-    }
-
-private:
-    std::atomic<ULONG> count_ = 0;
-};
-
 namespace {
 
 void Need(bool fine, const char* what) {
@@ -53,13 +25,10 @@ Editor::Editor() {
                                     interfaces::IID_IMavrin2, control_.PutVoid())),
          "no control is registered");
     control_->get_Position(position_.Put());
-    const auto container = control_.As<IConnectionPointContainer>();
-    container->FindConnectionPoint(interfaces::DIID_IMavrin2Events, point_.Put());
-    point_->Advise(automation::ComPtr<Sink>(new Sink).Get(), &cookie_);
-}
-
-Editor::~Editor() {
-    if (point_) point_->Unadvise(cookie_);
+    // As a host with a progress bar that is hidden.
+    Need(SUCCEEDED(events_.Open(control_.Get(), interfaces::DIID_IMavrin2Events,
+                                [](DISPID, const automation::EventArguments&) { return S_OK; })),
+         "the control raises no events");
 }
 
 void Editor::Open(const std::filesystem::path& path) {

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <atomic>
 #include <filesystem>
 
-#include "automation/com_ptr.h"
+#include "automation/event_sink.h"
 #include "control/interfaces/mavrin2.h"
 
 namespace mavrin2::bench {
@@ -15,7 +14,6 @@ public:
     Editor();
     Editor(const Editor&) = delete;
     Editor& operator=(const Editor&) = delete;
-    ~Editor();
 
     // Each throws when the control does not do it.
     void Open(const std::filesystem::path& path);
@@ -28,12 +26,9 @@ public:
     interfaces::IMavrin2Position& Position() const { return *position_; }
 
 private:
-    class Sink;
-
     automation::ComPtr<interfaces::IMavrin2> control_;
     automation::ComPtr<interfaces::IMavrin2Position> position_;
-    automation::ComPtr<IConnectionPoint> point_;
-    DWORD cookie_ = 0;
+    automation::EventConnection events_;
 };
 
 }  // namespace mavrin2::bench

@@ -20,10 +20,8 @@ inline constexpr CLSID CLSID_KovDusoro2 = ContractId(0x0101);
 inline constexpr IID IID_IDusoro2 = ContractId(0x0102);
 inline constexpr GUID LIBID_KovDusoro2 = ContractId(0x0103);
 
-inline constexpr IID DIID_IVelto2Events = ContractId(0x0203);
-inline constexpr IID DIID_IRimbal2Events = ContractId(0x0303);
+// 0x02xx are KovVelto's, 0x03xx KovRimbal2's, 0x04xx KovKestrin's, 0x05xx KovPindle's.
 inline constexpr IID DIID_IKestrin2Events = ContractId(0x0403);
-inline constexpr IID DIID_IPindleCD2Events = ContractId(0x0503);
 
 inline constexpr GUID ID_ErrorConstants = ContractId(0x0801);
 inline constexpr GUID ID_FormatTypeConstants = ContractId(0x0802);

@@ -9,6 +9,7 @@
 
 #include "tests/automation/late_call.h"
 #include "tests/automation/thing.h"
+#include "tests/support/com_fakes.h"
 
 namespace mavrin2::tests {
 namespace {
@@ -16,25 +17,11 @@ namespace {
 using automation::ComPtr;
 using testing::ElementsAre;
 
-// Notes the events it gets; lives on the stack and counts its references.
-class Sink final : public IDispatch {
+// Notes the events it gets.
+class Sink final : public FakeSink {
 public:
-    explicit Sink(REFIID events) : events_(events) {}
+    using FakeSink::FakeSink;
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        *object = nullptr;
-        if (!IsEqualGUID(iid, IID_IUnknown) && !IsEqualGUID(iid, events_)) return E_NOINTERFACE;
-        AddRef();
-        *object = static_cast<IDispatch*>(this);
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++References; }
-    STDMETHODIMP_(ULONG) Release() override { return --References; }
-    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-        return E_NOTIMPL;
-    }
     STDMETHODIMP Invoke(DISPID event, REFIID iid, LCID locale, WORD flags, DISPPARAMS* arguments,
                         VARIANT* result, EXCEPINFO* exception, UINT*) override {
         Log.push_back(std::to_string(event));
@@ -55,13 +42,9 @@ public:
         return Status;
     }
 
-    ULONG References = 0;
     std::vector<std::string> Log;
     HRESULT Status = S_OK;
     std::function<void()> Reaction;
-
-private:
-    const IID events_;
 };
 
 class Points : public testing::Test {

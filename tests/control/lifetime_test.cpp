@@ -1,4 +1,5 @@
 #include "tests/control/control_test.h"
+#include "tests/support/com_fakes.h"
 
 namespace mavrin2::tests {
 namespace {
@@ -114,31 +115,15 @@ TEST_F(Lifetime, OfObjectsThatAHostMakesAloneIsWithoutADocument) {
     EXPECT_EQ(static_cast<int>(Got(*FileInfo, &interfaces::IMavrin2FileInfo::get_Channels)), 0);
 }
 
-// An object of the host's that has the control inside and answers for it.
-class Outer final : public IUnknown {
-public:
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        if (!IsEqualGUID(iid, IID_IUnknown)) return Inner->QueryInterface(iid, object);
-        AddRef();
-        *object = this;
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++Count; }
-    STDMETHODIMP_(ULONG) Release() override { return --Count; }
-
-    ULONG Count = 1;
-    ComPtr<IUnknown> Inner;
-};
-
 TEST_F(Lifetime, IsThatOfTheObjectThatAggregatesIt) {
-    Outer outer;
+    FakeOuter outer;
     void* refused = this;
     EXPECT_EQ(server::CMavrin2::Create(&outer, interfaces::IID_IMavrin2, &refused, Environment()),
               CLASS_E_NOAGGREGATION);
     EXPECT_EQ(refused, nullptr);
     ASSERT_EQ(server::CMavrin2::Create(&outer, IID_IUnknown, outer.Inner.PutVoid(), Environment()),
               S_OK);
-    EXPECT_EQ(outer.Count, 1u) << "the inner object holds nothing of the outer one";
+    EXPECT_EQ(outer.References, 0u) << "the inner object holds nothing of the outer one";
 
     Control = outer.Inner.As<IMavrin2>();
     Control->get_Position(Position.Put());
@@ -154,17 +139,17 @@ TEST_F(Lifetime, IsThatOfTheObjectThatAggregatesIt) {
     ULONG inside = 0;
     Events->InEvent(1, [&] {
         Control.Reset();
-        inside = outer.Count;
+        inside = outer.References;
     });
     IMavrin2* const control = Control.Get();
     control->DeleteSelect();
-    EXPECT_GT(inside, 1u) << "held while it runs";
-    EXPECT_EQ(outer.Count, 1u);
+    EXPECT_GT(inside, 0u) << "held while it runs";
+    EXPECT_EQ(outer.References, 0u);
     EXPECT_EQ(TempFiles().size(), 2u);
     End();
     outer.Inner.Reset();
     EXPECT_TRUE(TempFiles().empty());
-    EXPECT_EQ(outer.Count, 1u);
+    EXPECT_EQ(outer.References, 0u);
 }
 
 }  // namespace

@@ -1,32 +1,21 @@
 #pragma once
 
 #include <algorithm>
-#include <atomic>
 #include <cstdint>
 #include <string>
 #include <vector>
 
-#include "automation/com_ptr.h"
+#include "tests/support/com_fakes.h"
 
 namespace mavrin2::tests {
 
 // A stream in memory, as far as a control reads and writes one.
-class MemoryStream final : public IStream {
+class MemoryStream final : public automation::Counted<IStream> {
 public:
     std::vector<std::uint8_t> Bytes;
     std::size_t At = 0;
     std::size_t Room = 1000;  // in bytes
 
-    STDMETHODIMP QueryInterface(REFIID, void** object) override {
-        *object = nullptr;
-        return E_NOINTERFACE;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++count_; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --count_;
-        if (left == 0) delete this;
-        return left;
-    }
     STDMETHODIMP Read(void* buffer, ULONG size, ULONG* read) override {
         *read = static_cast<ULONG>(std::min<std::size_t>(size, Bytes.size() - At));
         std::copy_n(Bytes.data() + At, *read, static_cast<std::uint8_t*>(buffer));
@@ -50,29 +39,19 @@ public:
     STDMETHODIMP UnlockRegion(ULARGE_INTEGER, ULARGE_INTEGER, DWORD) override { return E_NOTIMPL; }
     STDMETHODIMP Stat(STATSTG*, DWORD) override { return E_NOTIMPL; }
     STDMETHODIMP Clone(IStream**) override { return E_NOTIMPL; }
-
-private:
-    ~MemoryStream() = default;
-    std::atomic<ULONG> count_ = 1;
 };
 
 // A storage with room for one stream; belongs to the test.
-class MemoryStorage final : public IStorage {
+class MemoryStorage final : public Fake<IStorage> {
 public:
     std::basic_string<OLECHAR> Name;
     automation::ComPtr<MemoryStream> Stream;
 
-    STDMETHODIMP QueryInterface(REFIID, void** object) override {
-        *object = nullptr;
-        return E_NOINTERFACE;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-    STDMETHODIMP_(ULONG) Release() override { return 1; }
     STDMETHODIMP CreateStream(const OLECHAR* name, DWORD mode, DWORD, DWORD,
                               IStream** stream) override {
         if ((mode & STGM_CREATE) == 0 && Stream) return STG_E_ACCESSDENIED;
         Name = name;
-        Stream = automation::ComPtr<MemoryStream>::Adopt(new MemoryStream);
+        Stream = automation::MakeCounted<MemoryStream>();
         return OpenStream(name, nullptr, mode, 0, stream);
     }
     STDMETHODIMP OpenStream(const OLECHAR* name, void*, DWORD mode, DWORD,

@@ -28,7 +28,7 @@ protected:
         EXPECT_EQ(Control.As<IOleObject>()->SetExtent(DVASPECT_CONTENT, &extent), S_OK);
     }
     HRESULT Load(const Bytes& bytes) {
-        const auto stream = ComPtr<MemoryStream>::Adopt(new MemoryStream);
+        const auto stream = automation::MakeCounted<MemoryStream>();
         stream->Bytes = bytes;
         return Control.As<IPersistStreamInit>()->Load(stream.Get());
     }
@@ -41,7 +41,7 @@ TEST_F(Persistence, KeepsTheSizeInTwelveBytes) {
     SetExtent(0x01020304, 600);
     EXPECT_EQ(persist->IsDirty(), S_OK);
 
-    const auto stream = ComPtr<MemoryStream>::Adopt(new MemoryStream);
+    const auto stream = automation::MakeCounted<MemoryStream>();
     EXPECT_EQ(persist->Save(stream.Get(), FALSE), S_OK);
     EXPECT_EQ(stream->Bytes, (Bytes{0, 9, 0, 0, 4, 3, 2, 1, 0x58, 2, 0, 0}));
     EXPECT_EQ(persist->IsDirty(), S_OK);
@@ -86,7 +86,7 @@ TEST_F(Persistence, LoadsWhatItUnderstandsOnly) {
     EXPECT_EQ(persist->Load(nullptr), E_POINTER);
     EXPECT_EQ(persist->Save(nullptr, TRUE), E_POINTER);
     EXPECT_EQ(persist->GetSizeMax(nullptr), E_POINTER);
-    const auto full = ComPtr<MemoryStream>::Adopt(new MemoryStream);
+    const auto full = automation::MakeCounted<MemoryStream>();
     full->Room = 11;
     SetExtent(9, 9);
     EXPECT_EQ(persist->Save(full.Get(), TRUE), STG_E_MEDIUMFULL);

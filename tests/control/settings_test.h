@@ -7,18 +7,13 @@
 #include "control/server/construction_steps.h"
 #include "platform/pixel_target.h"
 #include "tests/control/control_test.h"
+#include "tests/support/com_fakes.h"
 
 namespace mavrin2::tests {
 
 // Counts how often a container is told that the picture has changed.
-class PictureSink final : public IAdviseSink {
+class PictureSink final : public Fake<IAdviseSink> {
 public:
-    STDMETHODIMP QueryInterface(REFIID, void** object) override {
-        *object = nullptr;
-        return E_NOINTERFACE;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return 1; }
-    STDMETHODIMP_(ULONG) Release() override { return 1; }
     void STDMETHODCALLTYPE OnDataChange(FORMATETC*, STGMEDIUM*) override {}
     void STDMETHODCALLTYPE OnViewChange(DWORD, LONG) override { ++Changes; }
     void STDMETHODCALLTYPE OnRename(IMoniker*) override {}
@@ -40,33 +35,24 @@ public:
     std::vector<platform::FontDescription> Loaded;
 };
 
-// An object of somebody else's, as far as can be seen: it has what is published and no more.
+// An object that is not the control's own, as far as can be seen: it has what is published and no
+// more.
 template <class Object>
-class Foreign final : public IUnknown {
+class Foreign final : public FakeOuter {
 public:
     template <class... Arguments>
     explicit Foreign(Arguments... arguments) {
-        EXPECT_EQ(Object::Create(this, IID_IUnknown, inner_.PutVoid(), arguments...), S_OK);
+        Hides = [](REFIID iid) {
+            return IsEqualGUID(iid, objects::IColorSettings::Id) ||
+                   IsEqualGUID(iid, objects::IScaleSettings::Id);
+        };
+        EXPECT_EQ(Object::Create(this, IID_IUnknown, Inner.PutVoid(), arguments...), S_OK);
     }
-    Foreign(const Foreign&) = delete;
-    Foreign& operator=(const Foreign&) = delete;
 
     template <class Interface>
     automation::ComPtr<Interface> As() {
-        return inner_.As<Interface>();
+        return Inner.As<Interface>();
     }
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        *object = nullptr;
-        const bool unpublished = IsEqualGUID(iid, objects::IColorSettings::Id) ||
-                                 IsEqualGUID(iid, objects::IScaleSettings::Id);
-        return unpublished ? E_NOINTERFACE : inner_->QueryInterface(iid, object);
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-    STDMETHODIMP_(ULONG) Release() override { return 1; }
-
-private:
-    automation::ComPtr<IUnknown> inner_;
 };
 
 // The parts of a control without the control around them, and the picture that they make.
@@ -132,17 +118,6 @@ private:
     static constexpr int kWidth = 600;
     static constexpr int kHeight = 300;
 
-    // Whoever holds the parts; nobody asks it for anything.
-    class Host final : public IUnknown {
-    public:
-        STDMETHODIMP QueryInterface(REFIID, void** object) override {
-            *object = nullptr;
-            return E_NOINTERFACE;
-        }
-        STDMETHODIMP_(ULONG) AddRef() override { return 1; }
-        STDMETHODIMP_(ULONG) Release() override { return 1; }
-    };
-
     Image Paint(int width) {
         Image image(static_cast<std::size_t>(width) * kHeight);
         platform::PixelTarget target({image.data(), width, kHeight, width});
@@ -150,7 +125,7 @@ private:
         return image;
     }
 
-    Host host_;
+    Fake<IUnknown> host_;
     PictureSink sink_;
     automation::ConnectionPoints points_{&host_, {&interfaces::DIID_IMavrin2Events}};
 };

@@ -40,7 +40,7 @@ struct ControlWorld {
     platform::MemoryPorts System;
     automation::ComPtr<FakeDusoro> Dusoro = FakeDusoro::Make();
     HRESULT CompanionStatus = S_OK;  // of creating the companion
-    automation::ComPtr<EventRecorder> Events{new EventRecorder};
+    automation::ComPtr<EventRecorder> Events = automation::MakeCounted<EventRecorder>();
 
     automation::ComPtr<interfaces::IMavrin2> Control;
     automation::ComPtr<interfaces::IMavrin2Position> Position;

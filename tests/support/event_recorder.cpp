@@ -24,21 +24,6 @@ void EventRecorder::Connect(IUnknown* object) {
     point->Advise(this, &cookie);
 }
 
-STDMETHODIMP EventRecorder::QueryInterface(REFIID iid, void** object) {
-    const bool mine = IsEqualGUID(iid, interfaces::DIID_IMavrin2Events) ||
-                      IsEqualGUID(iid, IID_IDispatch) || IsEqualGUID(iid, IID_IUnknown);
-    *object = mine ? static_cast<IDispatch*>(this) : nullptr;
-    if (!mine) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-}
-
-STDMETHODIMP_(ULONG) EventRecorder::Release() {
-    const ULONG left = --count_;
-    if (left == 0) delete this;
-    return left;
-}
-
 STDMETHODIMP EventRecorder::Invoke(DISPID event, REFIID reserved, LCID locale, WORD flags,
                                    DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                                    UINT*) {

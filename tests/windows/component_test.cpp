@@ -14,6 +14,7 @@
 #include "control/interfaces/library.h"
 #include "tests/automation/late_call.h"
 #include "tests/automation/type_texts.h"
+#include "tests/support/com_fakes.h"
 #include "tests/windows/component.h"
 
 // After windows.h, which it builds on.
@@ -121,90 +122,35 @@ TEST_F(Component, AnswersAlikeThroughItsOwnDispatchTheSystemsAndTheVirtualTable)
     EXPECT_EQ(size, 3000);
 }
 
-// Writes down the events it hears.
-class Sink final : public IDispatch {
-public:
-    std::vector<std::string> Heard;
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        const bool known = IsEqualGUID(iid, IID_IUnknown) || IsEqualGUID(iid, IID_IDispatch) ||
-                           IsEqualGUID(iid, interfaces::DIID_IMavrin2Events);
-        *object = known ? this : nullptr;
-        if (!known) return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++count_; }
-    STDMETHODIMP_(ULONG) Release() override { return --count_; }
-    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-        return E_NOTIMPL;
-    }
-    STDMETHODIMP Invoke(DISPID event, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT*,
-                        EXCEPINFO*, UINT*) override {
-        std::string text = std::to_string(event);
-        if (flags != DISPATCH_METHOD) text += " flags " + std::to_string(flags);
-        for (UINT i = 0; i < arguments->cArgs; ++i)
-            text += arguments->rgvarg[i].vt == VT_I2
-                        ? " " + std::to_string(arguments->rgvarg[i].iVal)
-                        : " ?";
-        Heard.push_back(text);
-        return S_OK;
-    }
-    ULONG References() const { return count_; }
-
-private:
-    ULONG count_ = 0;
-};
-
 TEST_F(Component, RaisesItsEventsAtAConnectionPoint) {
     const auto control = CreateControl();
-    Sink sink;
-    const auto container = control.As<IConnectionPointContainer>();
-    ComPtr<IConnectionPoint> point;
-    ASSERT_EQ(container->FindConnectionPoint(interfaces::DIID_IMavrin2Events, point.Put()), S_OK);
-    DWORD cookie = 0;
-    ASSERT_EQ(point->Advise(&sink, &cookie), S_OK);
+    std::vector<std::string> heard;
+    automation::EventConnection events;
+    const auto note = [&](DISPID event, const automation::EventArguments& arguments) {
+        heard.push_back(std::to_string(event));
+        for (const VARIANT& argument : arguments.InOrder())
+            heard.back() += argument.vt == VT_I2 ? " " + std::to_string(argument.iVal) : " ?";
+        return S_OK;
+    };
+    ASSERT_EQ(events.Open(control.Get(), interfaces::DIID_IMavrin2Events, note), S_OK);
     control->New(FrequencyConstants::FQ_8_KHZ, ChannelsConstants::MONO);
-    EXPECT_EQ(sink.Heard, std::vector<std::string>{"11"});
+    EXPECT_EQ(heard, std::vector<std::string>{"11"});
 
     const std::filesystem::path saved = std::filesystem::temp_directory_path() / "events.wav";
-    sink.Heard.clear();
+    heard.clear();
     EXPECT_EQ(control->Save(Bstr(automation::OleStringView(saved.native())).Get(), VARIANT_FALSE,
                             interfaces::FormatTypeConstants::DEFAULT),
               S_OK);
     std::filesystem::remove(saved);
-    ASSERT_FALSE(sink.Heard.empty());
-    EXPECT_EQ(sink.Heard.front(), "6 0");
-    EXPECT_EQ(sink.Heard.back(), "11");
-    EXPECT_EQ(point->Unadvise(cookie), S_OK);
-    EXPECT_EQ(sink.References(), 0U);
+    ASSERT_FALSE(heard.empty());
+    EXPECT_EQ(heard.front(), "6 0");
+    EXPECT_EQ(heard.back(), "11");
 }
-
-// An object that has another one inside, and passes on what it does not know itself.
-class Outer final : public IUnknown {
-public:
-    ComPtr<IUnknown> Inner;
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        if (!IsEqualGUID(iid, IID_IUnknown)) return Inner->QueryInterface(iid, object);
-        AddRef();
-        *object = this;
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++count_; }
-    STDMETHODIMP_(ULONG) Release() override { return --count_; }
-    ULONG References() const { return count_; }
-
-private:
-    ULONG count_ = 1;
-};
 
 TEST_F(Component, IsPartOfAnObjectThatAggregatesIt) {
     for (const CLSID& id : {interfaces::CLSID_Mavrin2, interfaces::CLSID_Mavrin2Position,
                             interfaces::CLSID_Mavrin2FileInfo}) {
-        Outer outer;
+        FakeOuter outer;
         void* refused = nullptr;
         EXPECT_EQ(::CoCreateInstance(id, &outer, CLSCTX_INPROC_SERVER, IID_IDispatch, &refused),
                   CLASS_E_NOAGGREGATION);
@@ -219,7 +165,7 @@ TEST_F(Component, IsPartOfAnObjectThatAggregatesIt) {
         identity.Reset();
         dispatch.Reset();
         outer.Inner.Reset();
-        EXPECT_EQ(outer.References(), 1U);
+        EXPECT_EQ(outer.References, 0U);
     }
 }
 

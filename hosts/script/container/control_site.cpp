@@ -5,27 +5,6 @@
 
 namespace mavrin2::script {
 
-STDMETHODIMP ControlSite::QueryInterface(REFIID iid, void** object) {
-    if (!object) return E_POINTER;
-    *object = nullptr;
-    if (IsEqualGUID(iid, IID_IUnknown) || IsEqualGUID(iid, IID_IOleClientSite))
-        *object = static_cast<IOleClientSite*>(this);
-    else if (IsEqualGUID(iid, IID_IOleWindow) || IsEqualGUID(iid, IID_IOleInPlaceSite))
-        *object = static_cast<IOleInPlaceSite*>(this);
-    else if (IsEqualGUID(iid, IID_IAdviseSink))
-        *object = static_cast<IAdviseSink*>(this);
-    else
-        return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-}
-
-STDMETHODIMP_(ULONG) ControlSite::Release() {
-    const ULONG left = --count_;
-    if (left == 0) delete this;
-    return left;
-}
-
 STDMETHODIMP ControlSite::GetMoniker(DWORD, DWORD, IMoniker** moniker) {
     if (moniker) *moniker = nullptr;
     return E_NOTIMPL;
@@ -54,7 +33,7 @@ STDMETHODIMP ControlSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlace
         info->hwndFrame = hosted_->Window;
         info->haccel = nullptr;
         info->cAccelEntries = 0;
-        *frame = new HostFrame(hosted_);
+        *frame = automation::MakeCounted<HostFrame>(hosted_).Detach();
         return S_OK;
     });
 }

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <atomic>
 #include <memory>
 
-#include "automation/com_ptr.h"
+#include "automation/counted.h"
 #include "platform/offscreen_window.h"
 
 namespace mavrin2::script {
@@ -22,15 +21,9 @@ struct HostedControl {
 
 // The place of one control in a window, as the control sees it: its client site, its in-place site
 // and the sink for its notifications, one object.
-class ControlSite final : public IOleClientSite, public IOleInPlaceSite, public IAdviseSink {
+class ControlSite final : public automation::Counted<IOleClientSite, IOleInPlaceSite, IAdviseSink> {
 public:
     explicit ControlSite(std::shared_ptr<HostedControl> hosted) : hosted_(std::move(hosted)) {}
-    ControlSite(const ControlSite&) = delete;
-    ControlSite& operator=(const ControlSite&) = delete;
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
-    STDMETHODIMP_(ULONG) AddRef() override { return ++count_; }
-    STDMETHODIMP_(ULONG) Release() override;
 
     STDMETHODIMP SaveObject() override { return E_NOTIMPL; }
     STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker** moniker) override;
@@ -60,10 +53,11 @@ public:
     STDMETHODIMP_(void) OnClose() override {}
 
 private:
-    ~ControlSite() = default;
+    void* FindMore(REFIID iid) override {
+        return IsEqualGUID(iid, IID_IOleWindow) ? static_cast<IOleWindow*>(this) : nullptr;
+    }
 
     std::shared_ptr<HostedControl> hosted_;
-    std::atomic<ULONG> count_ = 1;
 };
 
 }  // namespace mavrin2::script

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <atomic>
 #include <memory>
 
 #include "hosts/script/container/control_site.h"
@@ -8,17 +7,15 @@
 namespace mavrin2::script {
 
 // The frame around the window, as an active control sees it: one without menus, tools and keys.
-class HostFrame final : public IOleInPlaceFrame {
+class HostFrame final : public automation::Counted<IOleInPlaceFrame> {
 public:
     explicit HostFrame(std::shared_ptr<HostedControl> hosted) : hosted_(std::move(hosted)) {}
-    HostFrame(const HostFrame&) = delete;
-    HostFrame& operator=(const HostFrame&) = delete;
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
-    STDMETHODIMP_(ULONG) AddRef() override { return ++count_; }
-    STDMETHODIMP_(ULONG) Release() override;
-
-    STDMETHODIMP GetWindow(HWND* window) override;
+    STDMETHODIMP GetWindow(HWND* window) override {
+        if (!window) return E_POINTER;
+        *window = hosted_->Window;
+        return *window ? S_OK : E_FAIL;
+    }
     STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
     STDMETHODIMP GetBorder(RECT*) override { return INPLACE_E_NOTOOLSPACE; }
     STDMETHODIMP RequestBorderSpace(LPCBORDERWIDTHS) override { return INPLACE_E_NOTOOLSPACE; }
@@ -34,10 +31,13 @@ public:
     STDMETHODIMP TranslateAccelerator(MSG*, WORD) override { return S_FALSE; }
 
 private:
-    ~HostFrame() = default;
+    void* FindMore(REFIID iid) override {
+        const bool extended =
+            IsEqualGUID(iid, IID_IOleWindow) || IsEqualGUID(iid, IID_IOleInPlaceUIWindow);
+        return extended ? static_cast<IOleInPlaceFrame*>(this) : nullptr;
+    }
 
     std::shared_ptr<HostedControl> hosted_;
-    std::atomic<ULONG> count_ = 1;
 };
 
 }  // namespace mavrin2::script

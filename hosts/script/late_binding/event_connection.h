@@ -1,10 +1,9 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <span>
 
-#include "automation/com_ptr.h"
+#include "automation/event_sink.h"
 #include "hosts/script/late_binding/type_description.h"
 #include "platform/automation.h"
 
@@ -20,24 +19,17 @@ public:
 
     // Throws CallError if the object raises no events or refuses the connection.
     EventConnection(IDispatch& object, Handler handler);
-    EventConnection(const EventConnection&) = delete;
-    EventConnection& operator=(const EventConnection&) = delete;
-    ~EventConnection();
 
     const TypeDescription& Events() const { return events_; }
 
     // The handler is not called any more. It may itself call this. Closing twice is harmless.
-    void Close();
+    void Close() { connection_.Close(); }
 
 private:
-    class Sink;
-
     EventConnection(IDispatch& object, ITypeInfo& events, Handler handler);
 
     TypeDescription events_;
-    automation::ComPtr<IConnectionPoint> point_;
-    automation::ComPtr<Sink> sink_;
-    DWORD cookie_ = 0;
+    automation::EventConnection connection_;
 };
 
 }  // namespace mavrin2::script
