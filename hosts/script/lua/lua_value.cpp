@@ -8,6 +8,7 @@
 #include "automation/com_ptr.h"
 #include "automation/guarded.h"
 #include "automation/text.h"
+#include "hosts/script/lua/lua_array.h"
 #include "hosts/script/lua/lua_object.h"
 
 namespace mavrin2::script {
@@ -20,8 +21,6 @@ using automation::Variant;
 
 // A limit, since a table may contain itself.
 constexpr int kDeepestTable = 16;
-
-Variant Convert(lua_State* lua, int index, const DescribedType& wanted, int depth);
 
 template <class Narrow>
 bool Fits(lua_Integer value) {
@@ -53,63 +52,12 @@ Variant NumberToVariant(lua_State* lua, int index, const DescribedType& wanted) 
     return result;
 }
 
-// The address of a value in its variant, as elements of arrays are put and got.
-void* ElementOf(VARIANT& value, VARTYPE type, bool put) {
-    if (type == VT_VARIANT) return &value;
-    // Put by value, taken by address.
-    if (put && (type == VT_BSTR || type == VT_DISPATCH || type == VT_UNKNOWN)) return value.byref;
-    return &value.llVal;
-}
-
 Variant TableToVariant(lua_State* lua, int index, const DescribedType& wanted, int depth) {
     if (depth > kDeepestTable) throw ConversionError("tables are nested too deeply");
     const bool any = wanted.Type == VT_VARIANT;
     if (!any && !(wanted.Type & VT_ARRAY)) Refuse(lua, index, wanted);
     const auto type = static_cast<VARTYPE>(any ? VT_VARIANT : wanted.Type & ~VT_ARRAY);
-    const DescribedType element{type, "element"};
-    const auto count = luaL_len(lua, index);
-    if (!Fits<LONG>(count)) throw ConversionError("the table is too long");
-
-    Variant result;
-    result.parray = SafeArrayCreateVector(type, 0, static_cast<ULONG>(count));
-    if (!result.parray) throw std::bad_alloc();
-    result.vt = static_cast<VARTYPE>(VT_ARRAY | type);
-    const int table = lua_absindex(lua, index);
-    for (LONG i = 0; i < static_cast<LONG>(count); ++i) {
-        lua_geti(lua, table, i + 1);
-        Variant value = Convert(lua, -1, element, depth + 1);
-        lua_pop(lua, 1);
-        if (!any && FAILED(VariantChangeType(&value, &value, 0, type)))
-            throw ConversionError("element " + std::to_string(i + 1) +
-                                  " has the wrong type or is out of range");
-        ThrowIfFailed(SafeArrayPutElement(result.parray, &i, ElementOf(value, type, true)));
-    }
-    return result;
-}
-
-void PushArray(lua_State* lua, SAFEARRAY* array) {
-    if (!array) {
-        lua_newtable(lua);
-        return;
-    }
-    VARTYPE type = VT_EMPTY;
-    LONG lower = 0;
-    LONG upper = -1;
-    if (SafeArrayGetDim(array) != 1)
-        throw ConversionError("an array of several dimensions cannot be read");
-    ThrowIfFailed(SafeArrayGetVartype(array, &type));
-    ThrowIfFailed(SafeArrayGetLBound(array, 1, &lower));
-    ThrowIfFailed(SafeArrayGetUBound(array, 1, &upper));
-    const auto count = static_cast<lua_Integer>(upper) - lower + 1;
-    lua_createtable(lua, static_cast<int>(count), 0);
-    for (lua_Integer i = 0; i < count; ++i) {
-        auto place = static_cast<LONG>(lower + i);
-        Variant element;
-        ThrowIfFailed(SafeArrayGetElement(array, &place, ElementOf(element, type, false)));
-        if (type != VT_VARIANT) element.vt = type;
-        PushVariant(lua, element);
-        lua_rawseti(lua, -2, i + 1);
-    }
+    return ArrayOfTable(lua, index, type, depth);
 }
 
 void PushObjectOf(lua_State* lua, IUnknown* object) {
@@ -160,7 +108,9 @@ bool PushNumber(lua_State* lua, const VARIANT& value) {
     }
 }
 
-Variant Convert(lua_State* lua, int index, const DescribedType& wanted, int depth) {
+}  // namespace
+
+Variant ToVariant(lua_State* lua, int index, const DescribedType& wanted, int depth) {
     luaL_checkstack(lua, 4, "too many values");
     Variant result;
     switch (lua_type(lua, index)) {
@@ -189,12 +139,6 @@ Variant Convert(lua_State* lua, int index, const DescribedType& wanted, int dept
     result.pdispVal = ComPtr<IDispatch>(object).Detach();
     result.vt = VT_DISPATCH;
     return result;
-}
-
-}  // namespace
-
-Variant ToVariant(lua_State* lua, int index, const DescribedType& wanted) {
-    return Convert(lua, index, wanted, 0);
 }
 
 void PushVariant(lua_State* lua, const VARIANT& value) {

@@ -37,7 +37,7 @@ for given, stored in pairs { [true] = -1, [false] = 0, [763] = 763, [1] = 1, [-3
 end
 
 -- Arrays are tables from 1.
-local doubled <const> = thing:DoubleAll { 1, 2, -16384, "4" }
+local doubled <const> = thing:DoubleAll { 1, 2.5, -16384, "4" }
 same(table.concat(doubled, " "), "2 4 -32768 8")
 same(#thing:DoubleAll {}, 0)
 local mixed <const> = thing:EchoAny { 1, "two", 0.5, true, thing, { 7 } }
