@@ -1,0 +1,34 @@
+#pragma once
+
+#include "companions/kestrin/kernels/effect.h"
+#include "companions/kestrin/kernels/recursion.h"
+#include "companions/kestrin/kernels/sweep.h"
+
+namespace mavrin2::kestrin {
+
+// Four first-order all-pass filters in series, mixed with the sound itself: where they turn the
+// phase by half a turn, a notch appears. Their common frequency sweeps up and down three octaves.
+class Phaser final : public Effect {
+public:
+    struct Settings {
+        double Delay = 0;     // seconds by which the four hold back low tones, at the lowest point
+        double Mix = 0;       // of the turned sound, 1 as loud as the sound itself
+        double Feedback = 0;  // of the turned sound into the first filter, −1 … 1 excluded
+    };
+    Phaser(const Settings& settings, double rate);
+
+    void Process(std::span<float> block) override;
+
+private:
+    static constexpr std::size_t kStages = 4;
+    StateSpace<kStages> SystemAt(double position) const;
+
+    Settings settings_;
+    double rate_;
+    double lowest_;  // Hz
+    Sweep sweep_;
+    Recursion<kStages> recursion_;
+    double position_ = 0;
+};
+
+}  // namespace mavrin2::kestrin
