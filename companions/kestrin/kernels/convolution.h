@@ -1,0 +1,36 @@
+#pragma once
+
+#include <complex>
+#include <memory>
+#include <vector>
+
+#include "companions/kestrin/kernels/effect.h"
+#include "companions/kestrin/kernels/libraries.h"
+
+namespace mavrin2::kestrin {
+
+// A filter given by its answer to one impulse, applied with the fast Fourier transform ("overlap
+// and save"): exact, whatever the blocks, with no seams between them.
+class Convolution final : public Effect {
+public:
+    // `delay` is the place in `impulse` where the answer to a sample belongs in time: 0 for a
+    // filter that starts at once, the middle for a symmetrical one.
+    Convolution(std::span<const float> impulse, std::size_t delay, const Libraries& libraries);
+
+    void Process(std::span<float> block) override;
+    std::size_t Latency() const override { return hop_ + delay_; }
+    std::size_t LeadIn() const override { return history_.size(); }
+
+private:
+    void Transform();
+
+    std::size_t delay_;
+    std::unique_ptr<Fourier> fourier_;
+    std::vector<std::complex<float>> response_;
+    std::vector<float> history_;  // the last samples of the block before
+    std::vector<float> ready_;
+    std::size_t hop_;  // samples of one transform
+    std::size_t filled_ = 0;
+};
+
+}  // namespace mavrin2::kestrin
