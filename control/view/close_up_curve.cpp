@@ -118,7 +118,7 @@ void DrawCurve(const std::vector<Point>& points, ViewData::Entries& curve, std::
 
 void BuildCloseUpCurve(ViewData& data, std::int32_t channels, std::int32_t waveWidth,
                        InterpolationMode mode) {
-    const std::int32_t last = std::min(waveWidth, ViewData::Columns - 1);
+    const std::int32_t last = std::min(waveWidth, data.Columns() - 1);
     for (std::size_t channel = 0; channel < static_cast<std::size_t>(channels); ++channel)
         DrawCurve(CollectPoints(data.Low[channel], data.High[channel], last), data.CloseUp[channel],
                   last, mode);

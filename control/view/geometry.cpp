@@ -77,8 +77,8 @@ ViewThumb ComputeViewThumb(const Geometry& geometry, Bytes startView, Bytes endV
 
 void BusyWave::Fit(std::int32_t waveWidth) {
     if (waveWidth <= 0) return;
-    const std::int32_t last = std::min(waveWidth, Geometry::MostColumns - 1);
-    for (std::int32_t i = 0; i <= last; ++i)
+    heights_.resize(static_cast<std::size_t>(waveWidth) + 1);
+    for (std::int32_t i = 0; i <= waveWidth; ++i)
         heights_[static_cast<std::size_t>(i)] =
             std::abs(static_cast<std::int32_t>(80 * std::sin(20 * 3.1415926 * i / waveWidth)));
 }

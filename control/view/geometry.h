@@ -1,7 +1,7 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
+#include <vector>
 
 #include "control/interfaces/enumerations.h"
 #include "control/signal/quantity.h"
@@ -30,9 +30,6 @@ struct LayoutInput {
 // overview bar, the lanes of the channels in the wave area, the time scale; the level scale stands
 // beside the wave area.
 struct Geometry {
-    // Columns of the wave area that can hold sound.
-    static constexpr std::int32_t MostColumns = 3000;
-
     std::int32_t Width = 0;
     std::int32_t Height = 0;
     Rectangle WaveArea;
@@ -61,12 +58,14 @@ ViewThumb ComputeViewThumb(const Geometry& geometry, Bytes startView, Bytes endV
 class BusyWave {
 public:
     void Fit(std::int32_t waveWidth);
+    // 0 past the wave area's last column.
     std::int32_t At(std::int32_t column) const {
-        return heights_[static_cast<std::size_t>(column)];
+        const auto index = static_cast<std::size_t>(column);
+        return index < heights_.size() ? heights_[index] : 0;
     }
 
 private:
-    std::array<std::int32_t, Geometry::MostColumns> heights_{};
+    std::vector<std::int32_t> heights_;
 };
 
 }  // namespace mavrin2::view

@@ -61,10 +61,9 @@ void OverviewSummary::Clear() {
 void ScanSummary(const OverviewSummary& summary, std::int64_t first, std::int64_t end,
                  std::int32_t channels, std::int32_t waveWidth, ViewData& data) {
     if (end - first < 1) return;
-    data.ClearPeaks();
+    data.ClearPeaks(waveWidth);
     for (std::int64_t i = first; i < end; ++i) {
         const std::int64_t column = (i - first) * waveWidth / (end - first);
-        if (column >= ViewData::Columns) return;
         for (std::size_t channel = 0; channel < static_cast<std::size_t>(channels); ++channel) {
             const auto entry = static_cast<std::size_t>(i);
             if (entry >= summary.High[channel].size()) continue;

@@ -76,7 +76,8 @@ void SpectralPictures::Build(const SpectrumTable& table, const Geometry& geometr
                   (geometry.WaveHeight - 2 * geometry.LaneMargin - (visible > 1 ? 3 : 0)) / visible,
                   0)
             : 0;
-    const std::int32_t width = std::min(geometry.WaveWidth, ViewData::Columns);
+    const std::int32_t width =
+        std::min(geometry.WaveWidth, static_cast<std::int32_t>(table.Levels[0][0].size()));
     const double rowsPerBin = 2.0 * height / static_cast<double>(Hartley::Size);
     const std::vector<RowSource> sources = RowSources(height, rowsPerBin);
     const Palettes palettes = PalettesOf(colors);

@@ -80,17 +80,19 @@ bool SpectrumAnalyzer::ComputeSpectrum(platform::FileSystem& files, const ScanRa
         std::min<std::int64_t>((range.EndView - range.StartView).Count() + frame,
                                std::numeric_limits<std::int32_t>::max());
 
-    for (auto& levels : table.Levels)
+    for (auto& levels : table.Levels) {
         levels.resize(SpectrumTable::Bins);
+        for (SpectrumTable::Row& row : levels)
+            row.resize(static_cast<std::size_t>(ViewData::ColumnsFor(range.WaveWidth)));
+    }
     // What the file does not have at its end stays from the column before.
     Frames window(static_cast<std::size_t>(kFrames * range.Channels));
     std::vector<Frames> windows;
-    const std::int32_t columns = std::min(range.WaveWidth, ViewData::Columns);
     std::int32_t column = 0;
     for (bool more = true; more;) {
         windows.clear();
         while (windows.size() < Hartley::Batch &&
-               column + static_cast<std::int32_t>(windows.size()) < columns) {
+               column + static_cast<std::int32_t>(windows.size()) < range.WaveWidth) {
             const std::int32_t next = column + static_cast<std::int32_t>(windows.size());
             if (!stream.Seek(WindowStart(range, next, length))) break;
             const auto read = stream.Read(std::as_writable_bytes(std::span(window)));

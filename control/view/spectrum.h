@@ -15,8 +15,8 @@ struct SpectrumTable {
     static constexpr std::size_t Bins = Hartley::Size / 2;
     static constexpr std::int32_t Silence = -20;
 
-    using Row = std::array<std::int32_t, ViewData::Columns>;  // one bin in all columns
-    std::array<std::vector<Row>, 2> Levels;                   // empty before the first analysis
+    using Row = std::vector<std::int32_t>;   // one bin in all columns
+    std::array<std::vector<Row>, 2> Levels;  // empty before the first analysis
 };
 
 // Analyses sound in windows of 64 frames, one for each column.

@@ -57,7 +57,7 @@ private:
         };
         for (std::int64_t look = 0; look < looks;) {
             const std::int64_t column = columnOf(look);
-            if (column >= ViewData::Columns) break;
+            if (column >= data_.Columns()) break;
             // Near the end of the column, and then exactly there.
             const double next = (static_cast<double>(column) + 0.5) / scale_;
             auto end = std::clamp(static_cast<std::int64_t>((next - static_cast<double>(before)) /
@@ -136,7 +136,7 @@ bool ScanWorkFile(platform::FileSystem& files, const ScanRange& range, ViewData&
     if (!stream.Open(range.WorkFile, editor::WaveStream::Mode::Read) ||
         !stream.Seek(range.StartView.Count()))
         return false;
-    data.Clear();
+    data.Clear(range.WaveWidth);
     const std::int64_t frame = std::int64_t{range.Channels} * 2;
     if (range.EndView <= range.StartView || range.WaveWidth < 1) return true;
     const std::int64_t length = (range.EndView - range.StartView).Count() + frame;

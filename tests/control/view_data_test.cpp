@@ -63,6 +63,7 @@ TEST_F(ScanTest, AveragesPeaksOfTheLeftChannelOnly) {
 // What the scan says of every sample that it looks at, one at a time.
 ViewData OneByOne(const Samples& samples, const ScanRange& range) {
     ViewData data;
+    data.Clear(range.WaveWidth);
     const std::int64_t channels = range.Channels;
     const std::int64_t frame = channels * 2;
     const std::int64_t shown = (range.EndView - range.StartView).Count();
@@ -79,7 +80,7 @@ ViewData OneByOne(const Samples& samples, const ScanRange& range) {
         for (std::int64_t i = 0; i < count - channels + 1; i += channels * step) {
             const auto column =
                 static_cast<std::size_t>(static_cast<double>(before + 2 * i) * scale + 0.5);
-            if (column >= ViewData::Columns) continue;
+            if (column >= data.Low[0].size()) continue;
             const std::int32_t v = sound[before / 2 + i];
             std::int32_t& high = data.High[0][column];
             std::int32_t& low = data.Low[0][column];
@@ -196,10 +197,10 @@ TEST_F(CurveTest, TakesThePeakFartherFromZero) {
 TEST_F(CurveTest, NeedsThreePoints) {
     Put(2, 100);
     Put(5, 200);
-    view::BuildCloseUpCurve(Data, 1, 4000, view::InterpolationMode::Spline);
+    view::BuildCloseUpCurve(Data, 1, 2999, view::InterpolationMode::Spline);
     EXPECT_THAT(Data.CloseUp[0], Each(0));
     Put(2999, -32768);
-    view::BuildCloseUpCurve(Data, 1, 4000, view::InterpolationMode::Spline);
+    view::BuildCloseUpCurve(Data, 1, 2999, view::InterpolationMode::Spline);
     EXPECT_EQ(At(2999), -32768);
 }
 

@@ -21,8 +21,7 @@ void LanePainter::DrawBusyWave(Surface& surface) const {
     const std::int32_t half = lane_.Height() / 2;
     const std::int32_t middle = lane_.Top + half;
     surface.Horizontal(lane_.Left, lane_.Right, middle, scene_.Pen.Center);
-    const std::int32_t last =
-        std::min(scene_.Progress * lane_.Width() / 100, ViewData::Columns - 1);
+    const std::int32_t last = scene_.Progress * lane_.Width() / 100;
     for (std::int32_t column = 0; column <= last; ++column) {
         const std::int32_t height = scene_.Busy.At(column) * half / 100;
         surface.Vertical(lane_.Left + column, middle + height, middle - height + 1,

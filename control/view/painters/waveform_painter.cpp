@@ -84,7 +84,7 @@ void WaveformPainter::DrawInside(Surface& surface) const {
 }
 
 void WaveformPainter::DrawPeaks(Surface& surface, Columns columns, Pixel color) const {
-    const std::int32_t end = std::min(columns.End, ViewData::Columns);
+    const std::int32_t end = std::min(columns.End, scene_.Data.Columns());
     for (std::int32_t x = columns.First; x < end; ++x) {
         const auto column = static_cast<std::size_t>(x);
         if (low_[column] > high_[column] || low_[column] == ViewData::EmptyColumn) continue;
@@ -96,7 +96,7 @@ void WaveformPainter::DrawPeaks(Surface& surface, Columns columns, Pixel color) 
 }
 
 void WaveformPainter::DrawCurve(Surface& surface, Columns columns, Pixel color) const {
-    const std::int32_t end = std::min(columns.End, ViewData::Columns);
+    const std::int32_t end = std::min(columns.End, scene_.Data.Columns());
     for (std::int32_t x = std::max(columns.First, 1); x < end; ++x) {
         const Offset from = Clipped(RawOffset(curve_[static_cast<std::size_t>(x - 1)]));
         const Offset to = Clipped(RawOffset(curve_[static_cast<std::size_t>(x)]));
@@ -109,7 +109,7 @@ void WaveformPainter::DrawCurve(Surface& surface, Columns columns, Pixel color) 
 void WaveformPainter::DrawPoints(Surface& surface, Columns columns, Pixel color) const {
     const std::int32_t level = scene_.Data.CloseUpLevel;
     if (level < 2) return;
-    const std::int32_t end = std::min(columns.End, ViewData::Columns);
+    const std::int32_t end = std::min(columns.End, scene_.Data.Columns());
     for (std::int32_t x = columns.First; x < end; ++x) {
         const auto column = static_cast<std::size_t>(x);
         if (low_[column] == ViewData::EmptyColumn && high_[column] == ViewData::EmptyColumn)
