@@ -75,7 +75,7 @@ bool DocumentLoader::FailFileAccess() {
 bool DocumentLoader::ReadBlocks() {
     presentation_.Observer.BeginLoading(expected_);
     document_.Channels.Recount(document_.Format.Channels);
-    presentation_.View.RecomputeTimeScale();
+    presentation_.View.FormatChanged();
     while (!operation_.Status.Idle()) {
         const auto block = companion_.ReadBlock(FramesPerBlock(document_.Format.Frequency));
         const automation::ArrayView<std::int16_t> samples(block.Get());

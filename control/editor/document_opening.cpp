@@ -35,6 +35,7 @@ ErrorConstants DocumentOpening::New(std::int32_t frequency, std::int32_t channel
     ticket.Moved();
     document_.Channels.Recount(channels);
     document_.Format.FormatDescription = PcmDescription(frequency, channels);
+    presentation_.View.FormatChanged();
     if (!presentation_.Range.RecomputeView(Bytes(0), document_.History.Current()->TotalBytes))
         return ErrorConstants::NOERRORS;
     if (ticket.IsCurrent()) presentation_.View.Redraw();

@@ -54,10 +54,8 @@ public:
     // How far a file has been read or written, in percent.
     virtual void ShowProgress(int /*percent*/) {}
 
-    // The document's channels have changed by an undo or redo.
-    virtual void RecomputeScales() {}
-    // Rate and channels of a sound that is about to be loaded are known.
-    virtual void RecomputeTimeScale() {}
+    // Rate, channels or bits are those of another document or version: the scales follow.
+    virtual void FormatChanged() {}
 
     virtual void RenderBackground() {}
     virtual void Redraw() {}

@@ -10,12 +10,12 @@ void UndoRedo::Move(bool (UndoHistory::*step)()) {
     ticket.Moved();
 
     const DocumentState& state = *document_.History.Current();
-    document_.Format.Frequency = state.Frequency;
-    if (state.Channels != document_.Format.Channels) {
-        document_.Format.Channels = state.Channels;
+    DocumentFormat& format = document_.Format;
+    if (state.Frequency != format.Frequency || state.Channels != format.Channels) {
+        format.Frequency = state.Frequency;
+        format.Channels = state.Channels;
         document_.Channels.Recount(state.Channels);
-        presentation_.View.RecomputeScales();
-        presentation_.View.RenderBackground();
+        presentation_.View.FormatChanged();
     }
     document_.Steps.BatchMode = false;
     presentation_.View.BuildOverviewSummary();

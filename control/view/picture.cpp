@@ -37,6 +37,7 @@ void Picture::Resize(const Rectangle& bounds) {
     bounds_ = bounds;
     work_ = Surface(bounds.Width(), bounds.Height());
     background_ = Surface(bounds.Width(), bounds.Height());
+    composed_ = false;
     sound_.ClearSpectralPictures();
 }
 
@@ -70,8 +71,8 @@ ViewThumb Picture::Thumb() const {
 }
 
 void Picture::ComputeTimeScale() {
+    if (!scaleXFont_) return;
     const ScaleSettings scale = services_.HostStyle.ScaleX();
-    if (!scale.Visible || area_.TimeScale <= 0 || !scaleXFont_) return;
     const editor::DocumentState* document = services_.Document.History.Current();
     const editor::ZoomLevel none;
     const editor::ZoomLevel& level = document ? document->Level() : none;
@@ -83,8 +84,8 @@ void Picture::ComputeTimeScale() {
 }
 
 void Picture::ComputeLevelScale() {
+    if (!scaleYFont_) return;
     const ScaleSettings scale = services_.HostStyle.ScaleY();
-    if (!scale.Visible || area_.LevelScale <= 0 || !scaleYFont_) return;
     LevelScaleInput input;
     input.TypeView = typeView_;
     input.Type = scale.Type;
@@ -101,9 +102,10 @@ void Picture::SetVerticalZoom(std::int32_t percent) {
     ComputeLevelScale();
 }
 
-void Picture::RecomputeScales() {
+void Picture::FormatChanged() {
     ComputeTimeScale();
     ComputeLevelScale();
+    RenderBackground();
 }
 
 Picture::Columns Picture::RecomputeColumns() {
@@ -162,8 +164,8 @@ Scene Picture::CurrentScene() const {
 }
 
 void Picture::RenderBackground() {
-    if (background_.Empty() || services_.Document.Steps.BatchMode || !scaleXFont_ || !scaleYFont_)
-        return;
+    backgroundDue_ = InBatch();
+    if (backgroundDue_ || background_.Empty() || !scaleXFont_ || !scaleYFont_) return;
     const Scene scene = CurrentScene();
     background_.Fill({0, 0, background_.Width(), background_.Height()},
                      ToPixel(scene.Colors.Background));
@@ -174,7 +176,8 @@ void Picture::RenderBackground() {
 
 // From the background to the foreground. Markers come last.
 void Picture::ComposeFrame() {
-    if (work_.Empty() || !scaleXFont_ || !scaleYFont_) return;
+    if (InBatch() || work_.Empty() || !scaleXFont_ || !scaleYFont_) return;
+    if (backgroundDue_) RenderBackground();
     const Scene scene = CurrentScene();
     const ViewThumb thumb = Thumb();
     work_.CopyFrom(background_);
@@ -183,6 +186,7 @@ void Picture::ComposeFrame() {
     DrawLanes(scene);
     UnitLabelPainter(scene).Draw(work_);
     CursorPainter(scene, thumb).Draw(work_);
+    composed_ = true;
 }
 
 void Picture::DrawLanes(const Scene& scene) {
@@ -209,18 +213,18 @@ void Picture::Compose(platform::DrawingTarget& target) {
 }
 
 void Picture::Show(platform::DrawingTarget& target) {
-    if (work_.Empty()) return;
+    if (!composed_) return;
     target.Blit(bounds_.Left, bounds_.Top, work_.AsPixels());
     PlayCursorPainter(CurrentScene()).Draw(target, bounds_);
 }
 
 void Picture::Redraw() {
-    if (services_.Screen.DrawOnWindow([this](platform::DrawingTarget& window) {
-            if (!TooSmall()) Compose(window);
-        }))
-        return;
+    if (InBatch()) return;
     ComposeFrame();
-    services_.Screen.RequestRepaint();
+    if (!services_.Screen.DrawOnWindow([this](platform::DrawingTarget& window) {
+            if (!TooSmall()) Show(window);
+        }))
+        services_.Screen.RequestRepaint();
 }
 
 }  // namespace mavrin2::view

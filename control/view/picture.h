@@ -30,8 +30,7 @@ public:
     void BuildOverviewSummary() override;
     void ReleaseDocument() override;
     void ShowProgress(int percent) override { progress_ = percent; }
-    void RecomputeScales() override;
-    void RecomputeTimeScale() override { ComputeTimeScale(); }
+    void FormatChanged() override;
     void RenderBackground() override;
     // Composes and shows: on the control's window, or by asking the container.
     void Redraw() override;
@@ -71,6 +70,8 @@ private:
     void ComposeFrame();
     void DrawLanes(const Scene& scene);
     bool TooSmall() const;
+    // Nothing is drawn inside a batch.
+    bool InBatch() const { return services_.Document.Steps.BatchMode; }
 
     ViewServices services_;
     Geometry area_;
@@ -85,6 +86,8 @@ private:
     Rectangle bounds_;
     Surface work_;
     Surface background_;
+    bool backgroundDue_ = false;  // it has changed inside a batch
+    bool composed_ = false;       // the frame, at these bounds
 
     TypeViewConstants typeView_ = TypeViewConstants::WAVEFORM;
     std::int16_t typeBorder_ = 1;

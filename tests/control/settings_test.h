@@ -83,8 +83,6 @@ protected:
         Parts->Editor->Positions.SetStartSelect(20);
         Parts->Editor->Positions.SetSelected(1);
         Parts->Editor->Positions.SetEndSelect(40);
-        // The level scale stays that of the document before until it is laid out.
-        MadeAnew();
         Redraws();
     }
 
