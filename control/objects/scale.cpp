@@ -24,7 +24,10 @@ STDMETHODIMP CMavrin2Scale::put_Font(IDispatch* Value) {
 }
 
 STDMETHODIMP CMavrin2Scale::put_Orientation(SHORT Value) {
-    return Put(&view::ScaleSettings::Orientation, std::clamp<SHORT>(Value, 1, 2));
+    // A value out of range is laid out again even where its limit is what there was.
+    if (settings_.Values.Orientation == Value) return S_OK;
+    settings_.Values.Orientation = std::clamp<SHORT>(Value, 1, 2);
+    return Apply();
 }
 
 HRESULT CMavrin2Scale::Get(SHORT* target, std::int16_t view::ScaleSettings::*field) const {

@@ -79,14 +79,10 @@ void Zoom::ZoomTo(std::int32_t start, std::int32_t end) {
     std::int64_t from = s;
     std::int64_t to = e;
     const std::int64_t total = document->TotalBytes.Count();
-    // The range keeps its length.
+    // The range keeps its length while the document is that long.
     if (from < 0) {
         from = 0;
         to = length;
-    }
-    if (from > total) {
-        from = total - length;
-        to = total;
     }
     if (to > total) {
         to = total;

@@ -261,7 +261,8 @@ TEST_F(PictureTest, ZoomsToRangesWithinTheDocument) {
     struct {
         std::int32_t Start, End, ShownStart, ShownEnd;
     } const cases[] = {{100, 500, 100, 500},   {500, 100, 100, 500},    {-50, 50, 0, 100},
-                       {900, 1100, 800, 1000}, {5000, 5100, 900, 1000}, {-5, 5000, 0, 1000}};
+                       {900, 1100, 800, 1000}, {5000, 5100, 900, 1000}, {-5, 5000, 0, 1000},
+                       {1200, 5000, 0, 1000},  {-90000, 90000, 0, 1000}};
     for (const auto& c : cases) {
         Parts->Editor->Zooming.ZoomTo(c.Start, c.End);
         EXPECT_EQ(Parts->Editor->Positions.StartView(), c.ShownStart) << c.Start;
@@ -271,7 +272,7 @@ TEST_F(PictureTest, ZoomsToRangesWithinTheDocument) {
     Parts->Editor->Positions.SetEndSelect(502);
     Parts->Editor->Positions.SetStartSelect(500);
     Parts->Editor->Zooming.ZoomIn();
-    EXPECT_EQ(Parts->Position->History().Current()->ZoomIndex, 6) << "two frames are too few";
+    EXPECT_EQ(Parts->Position->History().Current()->ZoomIndex, 8) << "two frames are too few";
     Parts->Editor->Positions.SetEndSelect(503);
     Parts->Editor->Zooming.ZoomIn();
     EXPECT_EQ(Parts->Editor->Positions.EndView(), 503);
@@ -331,6 +332,142 @@ TEST_F(PictureTest, KeepsASummaryOfLongSounds) {
     Parts->Editor->UndoRedo.Undo();
     Parts->Editor->UndoRedo.Redo();
     EXPECT_EQ(Shown(), seen);
+}
+
+TEST_F(PictureTest, DrawsNothingInABatchAndAllAtItsEnd) {
+    const auto views = {TypeViewConstants::WAVEFORM, TypeViewConstants::SPECTRAL,
+                        TypeViewConstants::EXPANDED};
+    for (const auto before : views)
+        for (const auto after : views)
+            for (const bool paints : {false, true}) {
+                SCOPED_TRACE(testing::Message() << int(before) << int(after) << paints);
+                OpenSamples();
+                Parts->Editor->View.SetTypeView(before);
+                const Image shown = Shown();
+                Redraws();
+                Parts->Editor->UndoRedo.BeginOperations();
+                Parts->Editor->Edits.DeleteSelect();
+                Parts->Editor->View.SetTypeBorder(static_cast<std::int16_t>(paints));
+                Parts->Colors->put_Scales(0x123456 + static_cast<int>(after));
+                Parts->Editor->View.SetTypeView(after);
+                Parts->Editor->Zooming.ZoomVertical(paints ? 50 : 100);
+                EXPECT_EQ(Shown(), shown);
+                if (paints) {
+                    PaintAt({0, 0, 300, 100});
+                    EXPECT_EQ(Shown(), Image(shown.size())) << "no frame of this size yet";
+                }
+                EXPECT_EQ(Redraws(), 0);
+                Parts->Editor->UndoRedo.EndOperations();
+                EXPECT_EQ(Redraws(), 1);
+                EXPECT_TRUE(IsAsMadeAnew());
+            }
+}
+
+TEST_F(PictureTest, HasTheScalesOfTheDocumentThatIsOpened) {
+    const auto open = [&](std::int32_t bits, std::int32_t channels) {
+        Dusoro->Source.Bits = bits;
+        OpenFrames(Samples(9000, 5000), channels);
+    };
+    Dusoro->Source.Frequency = 4000;
+    for (const auto view : {TypeViewConstants::WAVEFORM, TypeViewConstants::SPECTRAL}) {
+        Parts->Editor->View.SetTypeView(view);
+        open(16, 1);
+        EXPECT_TRUE(IsAsMadeAnew());
+        open(8, 2);
+        EXPECT_TRUE(IsAsMadeAnew()) << "other bits and channels";
+        Parts->Editor->Zooming.ZoomVertical(10);
+        Dusoro->Source.Frequency = 2000;
+        open(16, 2);
+        EXPECT_TRUE(IsAsMadeAnew()) << "another rate";
+        Parts->Editor->Opening.New(8000, 1);
+        EXPECT_TRUE(IsAsMadeAnew()) << "a new one";
+        // A version that had another rate.
+        Parts->State.Format.Frequency = 1000;
+        Parts->State.Steps.LastStepCount = 0;
+        Parts->Editor->UndoRedo.Undo();
+        EXPECT_TRUE(IsAsMadeAnew());
+        Parts->Editor->Zooming.ZoomVertical(100);
+    }
+}
+
+TEST_F(PictureTest, HasBoundaryLinesWhereTheViewHasThemWithoutScales) {
+    OpenFrames(Samples(546000, 0));
+    Parts->ScaleY->put_Visible(0);
+    const std::string whole = RowsOf(kLeft + 400, kBoundary);
+    Parts->Editor->Zooming.ZoomVertical(200);
+    EXPECT_NE(RowsOf(kLeft + 400, kBoundary), whole);
+    const std::int32_t distance = 32768 * ((269 - 2 - (12 + 2)) / 2) / 70000;
+    EXPECT_EQ(At(kLeft + 400, 14 + 127 - distance), kBoundary);
+    // The grid of a time scale that has no room: a line for each 10000 frames, or each 50.
+    const auto gridAt = [&](std::int32_t column) {
+        Image image(600 * 70);
+        platform::PixelTarget target({image.data(), 600, 70, 600});
+        Parts->Editor->View.Paint(target, {0, 0, 600, 70});
+        return image[static_cast<std::size_t>(20 * 600 + kLeft + column)] == 0x042C4F;
+    };
+    Parts->ScaleY->put_Grid(0);
+    EXPECT_TRUE(gridAt(109));
+    Parts->Editor->Zooming.ZoomTo(0, 595);
+    EXPECT_TRUE(gridAt(100));
+}
+
+// Columns that both the selection and the visible range have.
+TEST_F(PictureTest, LightensTheSelectionInTheOverviewBarWhereItIsVisible) {
+    constexpr std::uint32_t kDark = 0x0CAB77;
+    constexpr std::uint32_t kLight = 0x0ED394;
+    OpenFrames(Samples(546000, 0));
+    const auto bar = [&](std::int32_t start, std::int32_t end) {
+        Parts->Editor->Positions.SetSelected(0);
+        Parts->Editor->Positions.SetStartSelect(start * 1000);
+        Parts->Editor->Positions.SetSelected(1);
+        Parts->Editor->Positions.SetEndSelect(end * 1000);
+        const Image image = Shown();
+        std::string columns;
+        for (std::int32_t x = 0; x < 548; ++x) {
+            const std::uint32_t color = image[static_cast<std::size_t>(4 * 600 + x)];
+            const char kind = color == kDark ? 'd' : color == kLight ? 'l' : '.';
+            if (columns.empty() || columns.back() != kind)
+                columns += std::to_string(x - kLeft) + kind;
+        }
+        return columns;
+    };
+    Parts->Editor->Zooming.ZoomTo(100000, 200000);  // the thumb covers columns 100 … 200
+    EXPECT_EQ(bar(50, 150), "-2.50d100l150.");
+    EXPECT_EQ(bar(120, 130), "-2.120l130.");
+    EXPECT_EQ(bar(150, 250), "-2.150l201d250.");
+    EXPECT_EQ(bar(300, 310), "-2.300d310.");
+    EXPECT_EQ(bar(50, 100), "-2.50d100.");
+    Parts->Editor->Positions.SetEndSelect(50500);
+    Parts->Editor->Positions.SetStartSelect(50100);
+    EXPECT_FALSE(Has(Shown(), 0x94D30E)) << "narrower than a column";
+}
+
+TEST_F(PictureTest, ShowsSoundInAllColumnsOfAWideControl) {
+    constexpr int kWide = 3840;
+    Image image(static_cast<std::size_t>(kWide) * 300);
+    platform::PixelTarget target({image.data(), kWide, 300, kWide});
+    const view::Rectangle bounds{0, 0, kWide, 300};
+    const auto rowHas = [&](int x, std::uint32_t color) {
+        for (std::size_t y = 9; y < 272; ++y)
+            if (image[y * kWide + static_cast<std::size_t>(x)] == color) return true;
+        return false;
+    };
+    Parts->ScaleX->put_Grid(0);
+    Parts->ScaleY->put_Grid(0);
+    // Peaks, a curve and a spectrum.
+    OpenFrames(Samples(20000, 16000));
+    Parts->Editor->View.Paint(target, bounds);
+    EXPECT_TRUE(rowHas(2900, kDigital));
+    EXPECT_TRUE(rowHas(3700, kDigital));
+    Parts->Editor->Zooming.ZoomTo(0, 400);
+    Parts->Editor->View.Paint(target, bounds);
+    bool curve = false;  // between two points
+    for (int x = 3700; x < 3712; ++x)
+        curve = curve || rowHas(x, kAnalog);
+    EXPECT_TRUE(curve);
+    Parts->Editor->View.SetTypeView(TypeViewConstants::SPECTRAL);
+    Parts->Editor->View.Paint(target, bounds);
+    EXPECT_NE(image[140 * kWide + 3700], 0u) << "silence has a shade too";
 }
 
 TEST_F(PictureTest, WritesItsLastFrameAsABitmap) {

@@ -76,6 +76,7 @@ TEST_F(Scale, LimitsWhatIsWrittenAndShowsItAtOnce) {
         {false, &IMavrin2Scale::get_Grid, &IMavrin2Scale::put_Grid, -1, -1},
         {false, &IMavrin2Scale::get_Orientation, &IMavrin2Scale::put_Orientation, 2, 2},
         {false, &IMavrin2Scale::get_Orientation, &IMavrin2Scale::put_Orientation, 2, 2, false},
+        {false, &IMavrin2Scale::get_Orientation, &IMavrin2Scale::put_Orientation, 9, 2},
         {false, &IMavrin2Scale::get_Orientation, &IMavrin2Scale::put_Orientation, -3, 1},
         {false, &IMavrin2Scale::get_Visible, &IMavrin2Scale::put_Visible, 0, 0},
         {true, &IMavrin2Scale::get_Visible, &IMavrin2Scale::put_Visible, 0, 0},

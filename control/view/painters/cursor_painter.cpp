@@ -38,9 +38,9 @@ void CursorPainter::DrawInBar(Surface& surface) const {
     const std::int32_t end = columnOf(document.Level().EndSelect);
     surface.Fill({start, 2, end, bottom}, ToPixel(scene_.Colors.DarkSelectShade));
     const std::int32_t left = std::max(start, thumb_.Left);
-    const std::int32_t right = std::min(end, thumb_.Left + thumb_.Width);
-    if (left <= right)
-        surface.Fill({left, 2, right + 1, bottom}, ToPixel(scene_.Colors.LightSelectShade));
+    const std::int32_t right = std::min(end, thumb_.Left + thumb_.Width + 1);
+    if (left < right)
+        surface.Fill({left, 2, right, bottom}, ToPixel(scene_.Colors.LightSelectShade));
 }
 
 // Triangles that point into the selection.
