@@ -22,7 +22,7 @@ Runs a Lua 5.4 script with Lua's standard library, the arguments in `arg` and th
   mavrin2.put(object, "Name", index, v)   write an indexed property
   mavrin2.const.NAME             a constant of an enumeration
   mavrin2.connect(object, {Event = function(...) end})   handle events until close() of the result
-  mavrin2.pump(milliseconds)     wait, delivering events
+  mavrin2.pump(milliseconds)     wait, delivering events and painting windows
   mavrin2.members(object)        list the properties, methods and events of an object
   mavrin2.window(object, width, height)   show a control in a window without a screen; the result has
       resize(width, height), pixel(x, y), save("FILE.png") and close()

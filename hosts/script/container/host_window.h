@@ -28,9 +28,11 @@ public:
     HostWindow& operator=(const HostWindow&) = delete;
     ~HostWindow() { Close(); }
 
+    // False once the control has left.
+    bool IsOpen() const { return object_.Get() != nullptr; }
     void Resize(int width, int height);
-    // What is to be seen now, until the next call of anything here. Throws CallError when drawing
-    // fails or the window is closed.
+    // Paints what is invalid and returns the content, valid until the next call of anything here.
+    // Throws CallError when drawing fails or the window is closed.
     platform::Pixels Update();
     // The control leaves; harmless a second time.
     void Close();

@@ -66,6 +66,13 @@ void LuaHost::CloseWindow(HostWindow* window) {
     windows_.erase(found);
 }
 
+void LuaHost::PaintWindows() {
+    // Handlers of the script may open and close windows meanwhile.
+    const auto windows = windows_;
+    for (const auto& window : windows)
+        if (window->IsOpen()) window->Update();
+}
+
 const KnownType& LuaHost::TypeOf(IDispatch& object) {
     automation::ComPtr<ITypeInfo> information = TypeInformationOf(object);
     if (!information) return untyped_;

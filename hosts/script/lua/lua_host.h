@@ -36,6 +36,8 @@ public:
     // The script's windows; all close when the script ends.
     HostWindow* AddWindow(std::shared_ptr<HostWindow> window);
     void CloseWindow(HostWindow* window);
+    // Paints what is invalid in each. Throws CallError when a control cannot draw.
+    void PaintWindows();
 
     // A number for a new connection.
     lua_Integer NewNumber() { return ++lastNumber_; }

@@ -40,10 +40,15 @@ int Pump(lua_State* lua) {
     luaL_argcheck(lua, !std::isnan(asked), 1, "a number of milliseconds expected, got NaN");
     const lua_Number wanted = std::clamp<lua_Number>(asked, 0, 1e12);
     const auto end = Clock::now() + milliseconds(static_cast<std::int64_t>(wanted));
+    LuaHost& host = LuaHost::Of(lua);
+    // As in any message loop, windows are painted after the messages that wait.
+    queue->Pump(milliseconds(0));
+    host.PaintWindows();
     milliseconds left{};
     do {
         left = std::chrono::ceil<milliseconds>(end - Clock::now());
         queue->Pump(std::clamp(left, milliseconds(0), kLongestWait));
+        host.PaintWindows();
         if (platform::Interrupted()) return luaL_error(lua, "interrupted");
     } while (left > kLongestWait);
     return 0;

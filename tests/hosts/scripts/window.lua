@@ -81,6 +81,41 @@ for i = 1, 100 do
     collectgarbage()
 end
 
+-- Painted when the loop runs, as any window: from then on the view has columns, and a change of it
+-- is an event.
+for _, active in ipairs {true, false} do
+    local painted = mavrin2.create()
+    painted:Open(sound)
+    local moved = 0
+    mavrin2.connect(painted, {ChangePosition = function() moved = moved + 1 end})
+    local lazy <close> = mavrin2.window(painted, 300, 120, {active = active})
+    painted:Refresh()
+    assert(moved == 0, "nothing is painted before the loop runs")
+    mavrin2.pump(0)
+    assert(moved == 1)
+    painted:Refresh()
+    assert(moved == 2)
+    lazy:resize(200, 100)
+    mavrin2.pump(1)
+    assert(moved == 3, "painted at its new size")
+    mavrin2.pump(1)
+    assert(moved == 3, "once")
+end
+
+-- A handler resizes the window that is just drawing, and the next one closes it.
+do
+    local resized = mavrin2.create()
+    resized:Open(sound)
+    local shrinking = mavrin2.window(resized, 300, 120)
+    local width = 290
+    mavrin2.connect(resized, {ChangePosition = function()
+        width = width - 10
+        if width > 250 then shrinking:resize(width, 80) else shrinking:close() end
+    end})
+    for _ = 1, 5 do mavrin2.pump(0) end
+    refuses("the window is closed", shrinking.pixel, shrinking, 0, 0)
+end
+
 -- The handler closes the window that is just drawing.
 local last = mavrin2.window(editor, 200, 80)
 mavrin2.connect(editor, {ChangePosition = function() last:close() end})
