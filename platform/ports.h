@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 
+#include "platform/clipboard.h"
 #include "platform/error_dialog.h"
 #include "platform/files.h"
 #include "platform/instance_lock.h"
@@ -20,6 +21,7 @@ struct Ports {
     std::function<std::unique_ptr<InstanceLock>()> NewInstanceLock;
     std::shared_ptr<FontLoader> Fonts;
     SystemColors Colors;
+    std::shared_ptr<SoundClipboard> Clipboard;
 };
 
 // The adapters of the running system.

@@ -107,13 +107,6 @@ private:
     std::shared_ptr<Holder> holder_;
 };
 
-// The system creates it for a user who logs in; any other one is not for us.
-bool IsRuntimeFolder(const std::filesystem::path& path) {
-    struct stat status = {};
-    return ::lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
-           status.st_uid == ::geteuid() && (status.st_mode & 07777) == S_IRWXU;
-}
-
 }  // namespace
 
 std::vector<std::filesystem::path> InstanceLockFiles() {
@@ -121,7 +114,7 @@ std::vector<std::filesystem::path> InstanceLockFiles() {
     if (const auto folder = PrivateFolderIn("/tmp"); !folder.empty())
         files.push_back(folder / "instances.lock");
     const auto runtime = std::filesystem::path("/run/user") / std::to_string(::geteuid());
-    if (IsRuntimeFolder(runtime)) files.push_back(runtime / "mavrin2-instances.lock");
+    if (IsPrivateFolder(runtime)) files.push_back(runtime / "mavrin2-instances.lock");
     return files;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "platform/linux/clipboard.h"
 #include "platform/linux/file_system.h"
 #include "platform/linux/fonts.h"
 #include "platform/linux/instance_lock.h"
@@ -28,6 +29,7 @@ Ports SystemPorts() {
     ports.Fonts = LinuxFonts();
     // What a plain desktop has.
     ports.Colors = {.ButtonFace = 0xC8D0D4, .Highlight = 0xFFFFFF, .Shadow = 0x808080};
+    ports.Clipboard = LinuxClipboard(ClipboardFiles());
     return ports;
 }
 

@@ -65,4 +65,10 @@ std::filesystem::path PrivateFolderIn(const std::filesystem::path& shared) {
     return OldestOfOurs(shared, name + "-");
 }
 
+bool IsPrivateFolder(const std::filesystem::path& path) {
+    struct stat status = {};
+    return ::lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
+           status.st_uid == ::geteuid() && (status.st_mode & 07777) == S_IRWXU;
+}
+
 }  // namespace mavrin2::platform

@@ -10,4 +10,8 @@ namespace mavrin2::platform {
 // ours whose name begins so, and a new one gets a random ending. Empty if `shared` takes no folder.
 std::filesystem::path PrivateFolderIn(const std::filesystem::path& shared);
 
+// Whether the path is that of a folder which belongs to this user and which only this user can
+// enter, as the system creates one in /run/user for a user who logs in.
+bool IsPrivateFolder(const std::filesystem::path& path);
+
 }  // namespace mavrin2::platform

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "platform/memory/fixed_fonts.h"
+#include "platform/memory/memory_clipboard.h"
 #include "platform/memory/memory_file_system.h"
 #include "platform/memory/memory_instance_locks.h"
 #include "platform/memory/recording_error_dialog.h"
@@ -17,9 +18,11 @@ struct MemoryPorts {
     MemoryInstanceLocks Locks;
     std::shared_ptr<FixedFonts> Fonts = std::make_shared<FixedFonts>();
     SystemColors Colors = {.ButtonFace = 0xC8D0D4, .Highlight = 0xFFFFFF, .Shadow = 0x808080};
+    std::shared_ptr<MemoryClipboard> Clipboard = std::make_shared<MemoryClipboard>();
 
     Ports AsPorts() const {
-        return {Files, Errors, [locks = Locks]() mutable { return locks.New(); }, Fonts, Colors};
+        return {Files, Errors, [locks = Locks]() mutable { return locks.New(); },
+                Fonts, Colors, Clipboard};
     }
 };
 

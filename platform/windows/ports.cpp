@@ -1,6 +1,7 @@
 #include "platform/ports.h"
 
 #include "platform/automation.h"
+#include "platform/windows/clipboard.h"
 #include "platform/windows/file_system.h"
 #include "platform/windows/fonts.h"
 #include "platform/windows/instance_lock.h"
@@ -28,6 +29,7 @@ Ports SystemPorts() {
     ports.Colors = {.ButtonFace = ::GetSysColor(COLOR_3DFACE),
                     .Highlight = ::GetSysColor(COLOR_3DHIGHLIGHT),
                     .Shadow = ::GetSysColor(COLOR_APPWORKSPACE)};
+    ports.Clipboard = WindowsClipboard();
     return ports;
 }
 
