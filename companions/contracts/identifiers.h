@@ -20,8 +20,17 @@ inline constexpr CLSID CLSID_KovDusoro2 = ContractId(0x0101);
 inline constexpr IID IID_IDusoro2 = ContractId(0x0102);
 inline constexpr GUID LIBID_KovDusoro2 = ContractId(0x0103);
 
-// 0x02xx are KovVelto's, 0x03xx KovRimbal2's, 0x04xx KovKestrin's, 0x05xx KovPindle's.
+// 0x02xx are KovVelto's, 0x03xx KovRimbal2's, 0x04xx KovKestrin's.
 inline constexpr IID DIID_IKestrin2Events = ContractId(0x0403);
+
+inline constexpr CLSID CLSID_KovPindle = ContractId(0x0501);
+inline constexpr IID IID_IPindleCD2 = ContractId(0x0502);
+inline constexpr IID DIID_IPindleCD2Events = ContractId(0x0503);
+inline constexpr GUID LIBID_KovPindle = ContractId(0x0504);
+
+inline constexpr CLSID CLSID_KovOntiva = ContractId(0x0601);
+inline constexpr IID IID_IOntiva = ContractId(0x0602);
+inline constexpr GUID LIBID_KovOntiva = ContractId(0x0604);
 
 inline constexpr GUID ID_ErrorConstants = ContractId(0x0801);
 inline constexpr GUID ID_FormatTypeConstants = ContractId(0x0802);

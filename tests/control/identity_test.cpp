@@ -3,6 +3,8 @@
 #include <set>
 
 #include "automation/text.h"
+#include "companions/contracts/ontiva.h"
+#include "companions/contracts/pindle.h"
 #include "control/interfaces/events.h"
 #include "control/interfaces/library.h"
 #include "tests/automation/late_call.h"
@@ -70,7 +72,21 @@ TEST(Descriptions, KeepTheIdentifiersAndSlotsOfWhatHasArrived) {
          "ReadBlock=5@11 SetPcmFormat=8@14 SetFormatVOX=17@23 GetLength=27@33 "
          "GetSourceFrequency=28@34 GetFormatText=29@35 GetBitsPerSample=30@36 "
          "GetErrorCode=31@37 GetChannels=32@38 GetFrequency=33@39 GetFormatKind=34@40 "
-         "SetWmaMode=35@41"}};
+         "SetWmaMode=35@41"},
+        {&DescriptionOf<contracts::IOntiva>(),
+         "ReadInfo=1@7 WriteInfo=2@8 GenreToString=3@9 Mp3TagInfoVersion=4@10,11 InfoSwitch=5@12 "
+         "Album=6@13,14 Artist=7@15,16 Comments=8@17,18 Copyright=9@19,20 Genre=10@21,22 "
+         "Title=11@23,24 Year=12@25,26 URL=13@27,28 Track=14@29,30 EncodedBy=15@31,32 "
+         "Composer=16@33,34 GenreS=17@35,36 OriginalArtist=18@37,38 InfoAddMarker=19@39 "
+         "InfoRemoveMarker=20@40 InfoMarkerCount=21@41 InfoMarkerNum=22@42 "
+         "InfoMarkerPosition=23@43 InfoMarkerLength=24@44 InfoMarkerLabel=25@45 "
+         "InfoMarkerNote=26@46 InfoMarkerText=27@47 InfoMarkerCountry=28@48 "
+         "InfoMarkerLanguage=29@49 InfoMarkerDialect=30@50 InfoMarkerCodePage=31@51"},
+        {&DescriptionOf<contracts::IPindleCD2>(),
+         "GrabberInit=1@7 GrabberClose=2@8 OpenDrive=3@9 DriveCount=4@10 DriveNum=5@11 "
+         "DriveName=6@12 ReadMode=7@13 TrackIndex=8@14 TrackSizeFactor1=9@15 TrackInfo3=10@16 "
+         "TrackSizeFactor2=11@17 StartReading=12@18 PrepareTrack=13@19 StopReading=14@20 "
+         "ReadBlock=15@21"}};
     for (const auto& [description, members] : kept)
         EXPECT_EQ(MembersOf(*description), members) << description->Name;
 }
@@ -87,7 +103,8 @@ TEST(Descriptions, GiveEveryIdentifierOnce) {
         return seen.insert(std::string(reinterpret_cast<const char*>(&id), sizeof id)).second;
     };
     // The companion's library shares its enumerations with the control's.
-    for (const auto* library : {&interfaces::ControlLibrary(), &contracts::DusoroLibrary()}) {
+    for (const auto* library : {&interfaces::ControlLibrary(), &contracts::DusoroLibrary(),
+                                &contracts::OntivaLibrary(), &contracts::PindleLibrary()}) {
         EXPECT_TRUE(fresh(library->Id));
         for (const auto& one : library->Classes)
             EXPECT_TRUE(fresh(one.Id)) << one.Name;
