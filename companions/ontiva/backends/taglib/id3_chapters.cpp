@@ -15,9 +15,8 @@ namespace {
 
 namespace id3 = TagLib::ID3v2;
 
-// Elements are named by texts that end with a zero.
 TagLib::ByteVector ElementName(const char* kind, std::size_t index) {
-    return ToVector(kind + std::to_string(index) + '\0');
+    return ToVector(kind + std::to_string(index));
 }
 
 unsigned int Time(std::int64_t milliseconds) {

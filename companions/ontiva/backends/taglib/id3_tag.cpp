@@ -122,7 +122,7 @@ Id3Content ReadId3Tag(std::string_view bytes, std::int32_t rate) {
 std::string RenderId3Tag(std::string_view present, const SoundInfo& info, std::int32_t rate) {
     Id3Frames frames(present);
     if (!frames.Complete) throw NotWritable("the ID3v2 tag has parts that would be lost");
-    const int version = info.TagVersion == 4 ? 4 : 3;
+    const int version = info.WantedVersion;
     id3::Tag& tag = frames.Tag;
     tag.setProperties(ToProperties(Merge(ToFields(tag.properties()), info.Texts)));
     if (!info.Pictures.empty()) SetPictures(tag, info.Pictures);
