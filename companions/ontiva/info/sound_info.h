@@ -38,8 +38,10 @@ struct SoundInfo {
     // that hold ID3v2 tags.
     std::vector<std::string> Frames;
     std::vector<Marker> Markers;  // in list order
-    // The second number of the ID3v2 tag that was read or is wanted, 1 for ID3v1 alone, 0 for none.
+    // The second number of the ID3v2 tag that was read, 1 for ID3v1 alone, 0 for none.
     std::int16_t TagVersion = 0;
+    // That of ID3v2 tags to be written, 3 or 4.
+    std::int16_t WantedVersion = 3;
 
     // Whether a file would hold anything for it.
     bool Empty() const {
