@@ -94,6 +94,10 @@ struct ClassDescription {
     const InterfaceDescription& (*Default)();
     const InterfaceDescription& (*Source)() = nullptr;  // the events it raises
     bool Control = false;
+    // How it is registered, where the module's class table does not say so itself.
+    const char* VersionedProgId = nullptr;
+    const char* ProgId = nullptr;
+    bool Programmable = false;
 };
 
 struct LibraryDescription {

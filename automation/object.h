@@ -62,6 +62,8 @@ private:
 template <class Derived, class Primary>
 class AutomationObject : public Primary {
 public:
+    using PrimaryInterface = Primary;
+
     explicit AutomationObject(IUnknown* outer)
         : inner_(*this),
           identity_(outer ? outer : &inner_),

@@ -12,9 +12,47 @@
 
 namespace mavrin2::interfaces {
 
+namespace {
+
+using automation::ClassDescription;
+using automation::DescriptionOf;
+using automation::EnumerationOf;
+
+// A class that is named after its interface.
+#define SUB_OBJECT(name)                                                                 \
+    ClassDescription {                                                                   \
+        .Name = #name, .Id = CLSID_##name, .Help = #name " Class",                       \
+        .Default = &DescriptionOf<I##name>, .VersionedProgId = "KovMavrin2." #name ".1", \
+        .ProgId = "KovMavrin2." #name                                                    \
+    }
+
+// In the published order.
+const std::vector<ClassDescription>& Classes() {
+    static const std::vector<ClassDescription> classes{
+        {"Mavrin2", CLSID_Mavrin2, "KovMavrin2 Class", &DescriptionOf<IMavrin2>, &ControlEvents,
+         true, "KovMavrin2.Mavrin2.2", "KovMavrin2.Mavrin2", true},
+        SUB_OBJECT(Mavrin2Channel),
+        SUB_OBJECT(Mavrin2Colors),
+        SUB_OBJECT(Mavrin2FileInfo),
+        SUB_OBJECT(Mavrin2Position),
+        SUB_OBJECT(Mavrin2Scale),
+    };
+    return classes;
+}
+
+#undef SUB_OBJECT
+
+std::vector<const automation::InterfaceDescription& (*)()> Interfaces() {
+    std::vector<const automation::InterfaceDescription& (*)()> interfaces;
+    for (const ClassDescription& one : Classes())
+        interfaces.push_back(one.Default);
+    interfaces.push_back(&ControlEvents);
+    return interfaces;
+}
+
+}  // namespace
+
 const automation::LibraryDescription& ControlLibrary() {
-    using automation::DescriptionOf;
-    using automation::EnumerationOf;
     static const automation::LibraryDescription library{
         "KovMAVRIN2Lib",
         LIBID_KovMAVRIN2Lib,
@@ -24,21 +62,8 @@ const automation::LibraryDescription& ControlLibrary() {
         {&EnumerationOf<FrequencyConstants>, &EnumerationOf<ChannelsConstants>,
          &EnumerationOf<TypeViewConstants>, &EnumerationOf<FormatTypeConstants>,
          &EnumerationOf<ErrorConstants>},
-        {&DescriptionOf<IMavrin2>, &DescriptionOf<IMavrin2Channel>, &DescriptionOf<IMavrin2Colors>,
-         &DescriptionOf<IMavrin2FileInfo>, &DescriptionOf<IMavrin2Position>,
-         &DescriptionOf<IMavrin2Scale>, &ControlEvents},
-        {{"Mavrin2", CLSID_Mavrin2, "KovMavrin2 Class", &DescriptionOf<IMavrin2>, &ControlEvents,
-          true},
-         {"Mavrin2Channel", CLSID_Mavrin2Channel, "Mavrin2Channel Class",
-          &DescriptionOf<IMavrin2Channel>},
-         {"Mavrin2Colors", CLSID_Mavrin2Colors, "Mavrin2Colors Class",
-          &DescriptionOf<IMavrin2Colors>},
-         {"Mavrin2FileInfo", CLSID_Mavrin2FileInfo, "Mavrin2FileInfo Class",
-          &DescriptionOf<IMavrin2FileInfo>},
-         {"Mavrin2Position", CLSID_Mavrin2Position, "Mavrin2Position Class",
-          &DescriptionOf<IMavrin2Position>},
-         {"Mavrin2Scale", CLSID_Mavrin2Scale, "Mavrin2Scale Class",
-          &DescriptionOf<IMavrin2Scale>}}};
+        Interfaces(),
+        Classes()};
     return library;
 }
 

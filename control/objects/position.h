@@ -7,6 +7,7 @@
 #include "control/editor/undo_history.h"
 #include "control/interfaces/position.h"
 #include "control/objects/attachment.h"
+#include "platform/ports.h"
 
 namespace mavrin2::objects {
 
@@ -16,6 +17,8 @@ class CMavrin2Position final
 public:
     CMavrin2Position(IUnknown* outer, std::shared_ptr<platform::FileSystem> files)
         : AutomationObject(outer), history_(std::move(files)) {}
+    CMavrin2Position(IUnknown* outer, const platform::Ports& ports)
+        : CMavrin2Position(outer, ports.Files) {}
     ~CMavrin2Position() = default;
 
     editor::UndoHistory& History() { return history_; }

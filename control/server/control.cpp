@@ -5,7 +5,6 @@
 #include "automation/text.h"
 #include "control/interfaces/events.h"
 #include "control/interfaces/library.h"
-#include "control/server/construction_steps.h"
 #include "control/server/error_report.h"
 
 namespace mavrin2::server {
@@ -22,7 +21,7 @@ CMavrin2::CMavrin2(IUnknown* outer, ControlEnvironment environment)
       parts_(std::move(environment), Identity(), connectionPoints_.At(0)) {}
 
 HRESULT CMavrin2::FinalConstruct() {
-    return RunConstructionSteps(parts_);
+    return parts_.Construct();
 }
 
 void CMavrin2::FinalRelease() {

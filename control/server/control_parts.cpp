@@ -1,6 +1,137 @@
 #include "control/server/control_parts.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+#include "automation/guarded.h"
+
 namespace mavrin2::server {
+namespace {
+
+using automation::ComPtr;
+
+using Act = void (*)(ControlParts& parts);
+
+// A row of the table of parts.
+struct Part {
+    const char* Failure;  // what the user is told when it cannot be made
+    int Released;         // its place in the order of the control's end
+    HRESULT (*Make)(ControlParts& parts);
+    Act Release;
+    // Of a sub-object only, to and from the part of the editor that it shows.
+    Act Attach = nullptr;
+    Act Detach = nullptr;
+    // For the class object of a sub-object's class.
+    const automation::InterfaceDescription& (*Interface)() = nullptr;
+    Creator Create = nullptr;
+};
+
+template <class Object>
+constexpr bool kNeedsPorts = std::is_constructible_v<Object, IUnknown*, const platform::Ports&>;
+
+template <class Object>
+HRESULT CreateObject(IUnknown* outer, REFIID iid, void** object) {
+    return automation::Guarded([&] {
+        if constexpr (kNeedsPorts<Object>)
+            return Object::Create(outer, iid, object, platform::SystemPorts());
+        else
+            return Object::Create(outer, iid, object);
+    });
+}
+
+template <class Object>
+Object ObjectIn(ComPtr<Object> ControlParts::*);
+template <class Wrapper, class Interface>
+Interface InterfaceTaken(void (Wrapper::*)(ComPtr<Interface>));
+template <class Wrapper>
+Wrapper WrapperIn(Wrapper ControlParts::*);
+
+// A sub-object, kept in the member that `Place` names.
+template <auto Place>
+constexpr Part SubObject(const char* failure, int released, Act attach) {
+    using Object = decltype(ObjectIn(Place));
+    return {failure,
+            released,
+            [](ControlParts& parts) {
+                if constexpr (kNeedsPorts<Object>)
+                    parts.*Place = Object::Make(parts.Environment.Ports);
+                else
+                    parts.*Place = Object::Make();
+                return S_OK;
+            },
+            [](ControlParts& parts) { (parts.*Place).Reset(); },
+            attach,
+            [](ControlParts& parts) {
+                if (parts.*Place) (parts.*Place)->Detach();
+            },
+            &automation::DescriptionOf<typename Object::PrimaryInterface>,
+            &CreateObject<Object>};
+}
+
+// A companion, called through the member that `Place` names.
+template <auto Place, const CLSID& Id>
+constexpr Part Companion(const char* failure, int released) {
+    using Wrapper = decltype(WrapperIn(Place));
+    using Interface = decltype(InterfaceTaken(&Wrapper::Attach));
+    return {failure, released,
+            [](ControlParts& parts) {
+                ComPtr<Interface> companion;
+                const HRESULT status = parts.Environment.CreateCompanion(
+                    Id, automation::IidOf<Interface>(), companion.PutVoid());
+                if (SUCCEEDED(status)) (parts.*Place).Attach(std::move(companion));
+                return status;
+            },
+            [](ControlParts& parts) { (parts.*Place).Release(); }};
+}
+
+// In the order of being made.
+constexpr Part kParts[] = {
+    // Users know the text of the first row as it is.
+    SubObject<&ControlParts::ScaleX>("MavrinScale is not registered.", 1,
+                                     [](ControlParts& parts) {
+                                         parts.ScaleX->Attach(parts.Editor->View, parts.Identity);
+                                         parts.Style.ScaleXObject =
+                                             parts.ScaleX.As<interfaces::IMavrin2Scale>();
+                                     }),
+    SubObject<&ControlParts::ScaleY>("Mavrin2Scale is not registered.", 2,
+                                     [](ControlParts& parts) {
+                                         parts.ScaleY->Attach(parts.Editor->View, parts.Identity);
+                                         parts.Style.ScaleYObject =
+                                             parts.ScaleY.As<interfaces::IMavrin2Scale>();
+                                     }),
+    SubObject<&ControlParts::Colors>("Mavrin2Colors is not registered.", 3,
+                                     [](ControlParts& parts) {
+                                         parts.Colors->Attach(parts.Editor->View, parts.Identity);
+                                         parts.Style.ColorsObject =
+                                             parts.Colors.As<interfaces::IMavrin2Colors>();
+                                     }),
+    SubObject<&ControlParts::FileInfo>(
+        "Mavrin2FileInfo is not registered.", 4,
+        [](ControlParts& parts) { parts.FileInfo->Attach(parts.State.Format, parts.Identity); }),
+    SubObject<&ControlParts::Position>("Mavrin2Position is not registered.", 5,
+                                       [](ControlParts& parts) {
+                                           parts.Position->Attach(parts.Editor->Positions,
+                                                                  parts.Identity);
+                                       }),
+    SubObject<&ControlParts::Channels>("Mavrin2Channels is not registered.", 10,
+                                       [](ControlParts& parts) {
+                                           parts.Channels->Attach(parts.Editor->Channels,
+                                                                  parts.Identity);
+                                       }),
+    Companion<&ControlParts::Dusoro, contracts::CLSID_KovDusoro2>("KovDusoro2 is not registered.",
+                                                                  15),
+};
+
+// The rows in the order of the control's end.
+constexpr auto kReleased = [] {
+    std::array<const Part*, std::size(kParts)> order{};
+    std::ranges::transform(kParts, order.begin(), [](const Part& part) { return &part; });
+    std::ranges::sort(order, {}, &Part::Released);
+    return order;
+}();
+
+}  // namespace
 
 ControlEnvironment SystemEnvironment() {
     return {platform::SystemPorts(), [](REFCLSID id, REFIID iid, void** object) {
@@ -17,23 +148,62 @@ ControlParts::ControlParts(ControlEnvironment environment, IUnknown* identity,
       Temporary(Environment.Ports, State.Settings),
       Container(identity) {}
 
+HRESULT ControlParts::Construct() {
+    return automation::Guarded([&]() -> HRESULT {
+        if (const HRESULT status = MakeParts(); FAILED(status)) return status;
+        Wire();
+        SendInitialSettings();
+        Temporary.CleanTempFiles();
+        return S_OK;
+    });
+}
+
+HRESULT ControlParts::MakeParts() {
+    for (const Part& part : kParts) {
+        const HRESULT status = automation::Guarded([&] { return part.Make(*this); });
+        if (SUCCEEDED(status)) continue;
+        Environment.Ports.Errors->Show("KovMavrin", part.Failure);
+        return status;
+    }
+    return S_OK;
+}
+
+void ControlParts::Wire() {
+    Editor = std::make_unique<DocumentEditor>(EditorDependencies{Environment.Ports, Temporary,
+                                                                 Position->History(), State, Dusoro,
+                                                                 Events, Style, Container});
+    for (const Part& part : kParts)
+        if (part.Attach) part.Attach(*this);
+    Container.Attach(
+        [&view = Editor->View](platform::DrawingTarget& target, const view::Rectangle& bounds) {
+            view.Paint(target, bounds);
+        });
+}
+
+void ControlParts::SendInitialSettings() {
+    constexpr std::int32_t kVoxFrequency = 8000;
+    Dusoro.SetFormatVOX(kVoxFrequency);
+    Editor->View.TakeSettings();
+    State.Channels.Recount(State.Format.Channels);
+}
+
 void ControlParts::Teardown() {
     Container.Detach();
     if (Position) Position->History().FreeChain();
-    // All are detached before any is let go of.
-    const auto detach = [](const auto&... objects) {
-        ((objects ? objects->Detach() : void()), ...);
-    };
-    detach(ScaleX, ScaleY, Colors, FileInfo, Position, Channels);
+    // All are detached before any is released.
+    for (const Part* part : kReleased)
+        if (part->Detach) part->Detach(*this);
     Editor.reset();
     Style.Release();
-    ScaleX.Reset();
-    ScaleY.Reset();
-    Colors.Reset();
-    FileInfo.Reset();
-    Position.Reset();
-    Channels.Reset();
-    Dusoro.Release();
+    for (const Part* part : kReleased)
+        part->Release(*this);
+}
+
+Creator CreatorOf(const automation::InterfaceDescription& description) {
+    const auto* found = std::ranges::find_if(kParts, [&](const Part& part) {
+        return part.Interface && &part.Interface() == &description;
+    });
+    return found == std::end(kParts) ? nullptr : found->Create;
 }
 
 }  // namespace mavrin2::server

@@ -27,8 +27,8 @@ struct ControlEnvironment {
 // The running system and its component registry.
 ControlEnvironment SystemEnvironment();
 
-// Everything that one control is made of, in the order of being made. The construction steps fill
-// it; until they have all run, later parts are empty.
+// Everything that one control is made of. A new sub-object or companion is a member here and a row
+// in the table of control_parts.cpp, which makes, attaches, detaches and releases it.
 class ControlParts {
 public:
     // `identity` is the control as others see it, not counted; events go to `hosts`.
@@ -37,7 +37,10 @@ public:
     ControlParts(const ControlParts&) = delete;
     ControlParts& operator=(const ControlParts&) = delete;
 
-    // Lets go of everything, in the stated order of a control's end. Sub-objects that a host still
+    // Makes the parts in their fixed order, stopping at the first that cannot be made: the user is
+    // told in a message box, and the result is that part's failure.
+    HRESULT Construct();
+    // Releases everything, in the fixed order of a control's end. Sub-objects that a host still
     // holds live on, detached.
     void Teardown();
 
@@ -57,7 +60,17 @@ public:
     automation::ComPtr<objects::CMavrin2Position> Position;
     automation::ComPtr<objects::CMavrin2Channel> Channels;
     editor::SoundFileCompanion Dusoro;
-    std::unique_ptr<DocumentEditor> Editor;
+    std::unique_ptr<DocumentEditor> Editor;  // null until all parts are made
+
+private:
+    HRESULT MakeParts();
+    void Wire();
+    void SendInitialSettings();
 };
+
+// How the class whose interface this is makes an object, alone or aggregated; null when it is not a
+// class of sub-objects.
+using Creator = HRESULT (*)(IUnknown* outer, REFIID iid, void** object);
+Creator CreatorOf(const automation::InterfaceDescription& description);
 
 }  // namespace mavrin2::server

@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "control/objects/private_interfaces.h"
-#include "control/server/construction_steps.h"
+#include "control/server/control_parts.h"
 #include "platform/pixel_target.h"
 #include "tests/control/control_test.h"
 #include "tests/support/com_fakes.h"
@@ -65,7 +65,7 @@ protected:
         environment.Ports.Fonts = Fonts;
         Parts =
             std::make_unique<server::ControlParts>(std::move(environment), &host_, points_.At(0));
-        EXPECT_EQ(server::RunConstructionSteps(*Parts), S_OK);
+        EXPECT_EQ(Parts->Construct(), S_OK);
         static_cast<IViewObject*>(Parts->Container.Find(IID_IViewObject))
             ->SetAdvise(DVASPECT_CONTENT, 0, &sink_);
         Shown();
