@@ -1,23 +1,49 @@
 #include "control/objects/colors.h"
 
 namespace mavrin2::objects {
+namespace {
+
+template <class Value, class Field>
+HRESULT Read(Value* target, Field field) {
+    if (!target) return E_POINTER;
+    *target = static_cast<Value>(field);
+    return S_OK;
+}
+
+}  // namespace
 
 CMavrin2Colors::CMavrin2Colors(IUnknown* outer, std::uint32_t buttonFace)
     : AutomationObject(outer), settings_(Identity()) {
     settings_.Values.Scales = buttonFace;
 }
 
-HRESULT CMavrin2Colors::Show(FollowUp followUp) {
+#define DEFINE(type, name, change)                               \
+    STDMETHODIMP CMavrin2Colors::get_##name(type* Value) {       \
+        return Read(Value, settings_.Values.name);               \
+    }                                                            \
+    STDMETHODIMP CMavrin2Colors::put_##name(type Value) {        \
+        settings_.Values.Set(&view::ColorSettings::name, Value); \
+        return Show(Change::change);                             \
+    }
+#define DEFINE_COLOR(name, id, initial, change, help) DEFINE(OLE_COLOR, name, change)
+#define DEFINE_HUE(name, id, initial, change, help) DEFINE(LONG, name, change)
+MAVRIN2_COLORS(DEFINE_COLOR)
+MAVRIN2_HUES(DEFINE_HUE)
+#undef DEFINE_COLOR
+#undef DEFINE_HUE
+#undef DEFINE
+
+HRESULT CMavrin2Colors::Show(Change change) {
     return view_.Do([&](view::ViewOperations& view) {
-        switch (followUp) {
-            case FollowUp::RebuildPens:
+        switch (change) {
+            case Change::RebuildPens:
                 view.RebuildPens();
                 return;
-            case FollowUp::RenderBackground:
+            case Change::RenderBackground:
                 view.RenderBackground();
                 view.Redraw();
                 return;
-            case FollowUp::Redraw:
+            case Change::Redraw:
                 view.Redraw();
                 return;
         }

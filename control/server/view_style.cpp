@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "control/objects/private_interfaces.h"
-#include "control/view/hls.h"
 #include "platform/font_object.h"
 
 namespace mavrin2::server {
@@ -25,38 +24,19 @@ automation::ComPtr<Private> Own(const automation::ComPtr<Public>& object) {
     return own;
 }
 
-// Of an object that somebody else has made.
+// The colours of an object that is not the control's own.
 view::ColorSettings ReadColors(IMavrin2Colors& object) {
     view::ColorSettings settings;
     const auto read = [&]<class Value, class Field>(
                           HRESULT (STDMETHODCALLTYPE IMavrin2Colors::*getter)(Value*),
-                          Field& field) {
+                          Field view::ColorSettings::*field) {
         Value value{};
-        if (SUCCEEDED((object.*getter)(&value))) field = static_cast<Field>(value);
+        if (SUCCEEDED((object.*getter)(&value))) settings.Set(field, static_cast<Field>(value));
     };
-    read(&IMavrin2Colors::get_Font, settings.Font);
-    read(&IMavrin2Colors::get_SelectDigitalWaveform, settings.SelectDigitalWaveform);
-    read(&IMavrin2Colors::get_SelectCenterLine, settings.SelectCenterLine);
-    read(&IMavrin2Colors::get_SelectBackground, settings.SelectBackground);
-    read(&IMavrin2Colors::get_SelectAnalogWaveform, settings.SelectAnalogWaveform);
-    read(&IMavrin2Colors::get_Scales, settings.Scales);
-    read(&IMavrin2Colors::get_PlayCursor, settings.PlayCursor);
-    read(&IMavrin2Colors::get_Grid, settings.Grid);
-    read(&IMavrin2Colors::get_DigitalWaveform, settings.DigitalWaveform);
-    read(&IMavrin2Colors::get_Cursor, settings.Cursor);
-    read(&IMavrin2Colors::get_CenterLine, settings.CenterLine);
-    read(&IMavrin2Colors::get_Boundary, settings.Boundary);
-    read(&IMavrin2Colors::get_Background, settings.Background);
-    read(&IMavrin2Colors::get_AnalogWaveform, settings.AnalogWaveform);
-    read(&IMavrin2Colors::get_CueMarker, settings.CueMarker);
-    read(&IMavrin2Colors::get_RangeMarker, settings.RangeMarker);
-    read(&IMavrin2Colors::get_RangeMarkerBackground, settings.RangeMarkerBackground);
-    read(&IMavrin2Colors::get_SpectralLow, settings.SpectralLow);
-    read(&IMavrin2Colors::get_SpectralHigh, settings.SpectralHigh);
-    read(&IMavrin2Colors::get_SpectralSelectLow, settings.SpectralSelectLow);
-    read(&IMavrin2Colors::get_SpectralSelectHigh, settings.SpectralSelectHigh);
-    settings.DarkSelectShade = view::Darker(settings.DigitalWaveform, 40);
-    settings.LightSelectShade = view::Darker(settings.DigitalWaveform, 20);
+#define READ(name, ...) read(&IMavrin2Colors::get_##name, &view::ColorSettings::name);
+    MAVRIN2_COLORS(READ)
+    MAVRIN2_HUES(READ)
+#undef READ
     return settings;
 }
 

@@ -2,36 +2,33 @@
 
 #include <cstdint>
 
+#include "control/interfaces/color_table.h"
+#include "control/view/hls.h"
 #include "platform/text.h"
 
 namespace mavrin2::view {
 
 // Colours of the picture, 0x00BBGGRR, and four places on the colour ramp of the spectral picture.
 struct ColorSettings {
-    std::uint32_t Background = 0x000000;
-    std::uint32_t CueMarker = 0x7D7DFF;
-    std::uint32_t RangeMarker = 0xFFBC24;
-    std::uint32_t Font = 0x000000;
-    std::uint32_t Grid = 0x4F2C04;
-    std::uint32_t Scales = 0xC8D0D4;  // the system's button face, set when the settings are made
-    std::uint32_t Cursor = 0x00FFFF;
-    std::uint32_t Boundary = 0x9F876F;
-    std::uint32_t PlayCursor = 0xDCDCDC;
-    std::uint32_t AnalogWaveform = 0x567E00;
-    std::uint32_t DigitalWaveform = 0xABF01C;
-    std::uint32_t CenterLine = 0x2626A4;
-    std::uint32_t SelectBackground = 0xFFFFFF;
-    std::uint32_t SelectAnalogWaveform = 0xAC0000;
-    std::uint32_t SelectDigitalWaveform = 0x604720;
-    std::uint32_t SelectCenterLine = 0x2626A4;
-    std::uint32_t RangeMarkerBackground = 0x414141;
-    // The selection in the overview bar: darker shades of DigitalWaveform.
+#define COLOR_FIELD(name, id, initial, ...) std::uint32_t name = initial;
+#define HUE_FIELD(name, id, initial, ...) std::int32_t name = initial;
+    MAVRIN2_COLORS(COLOR_FIELD)
+    MAVRIN2_HUES(HUE_FIELD)
+#undef COLOR_FIELD
+#undef HUE_FIELD
+    // The selection in the overview bar: darker shades of DigitalWaveform, once that has been set.
     std::uint32_t DarkSelectShade = 0x77AB0C;
     std::uint32_t LightSelectShade = 0x94D30E;
-    std::int32_t SpectralLow = 35;
-    std::int32_t SpectralHigh = 135;
-    std::int32_t SpectralSelectLow = 100;
-    std::int32_t SpectralSelectHigh = 200;
+
+    void Set(std::uint32_t ColorSettings::*color, std::uint32_t value) {
+        this->*color = value;
+        if (color != &ColorSettings::DigitalWaveform) return;
+        DarkSelectShade = Darker(value, 40);
+        LightSelectShade = Darker(value, 20);
+    }
+    void Set(std::int32_t ColorSettings::*hue, std::int32_t value) {
+        this->*hue = value;
+    }
 };
 
 // One scale. Flags are 0 or what the host has written.
