@@ -20,8 +20,12 @@ inline constexpr CLSID CLSID_KovDusoro2 = ContractId(0x0101);
 inline constexpr IID IID_IDusoro2 = ContractId(0x0102);
 inline constexpr GUID LIBID_KovDusoro2 = ContractId(0x0103);
 
-// 0x02xx are KovVelto's, 0x03xx KovRimbal2's, 0x04xx KovKestrin's.
+// 0x02xx are KovVelto's, 0x03xx KovRimbal2's.
+
+inline constexpr CLSID CLSID_KovKestrin = ContractId(0x0401);
+inline constexpr IID IID_IKestrin2 = ContractId(0x0402);
 inline constexpr IID DIID_IKestrin2Events = ContractId(0x0403);
+inline constexpr GUID LIBID_KovKestrin = ContractId(0x0404);
 
 inline constexpr CLSID CLSID_KovPindle = ContractId(0x0501);
 inline constexpr IID IID_IPindleCD2 = ContractId(0x0502);
