@@ -32,9 +32,5 @@ if(components)
       COMMAND \"\${root}/bin/mavrin2-register\"
               --registry \"\${root}/lib/mavrin2-components\" \${modules}
       COMMAND_ERROR_IS_FATAL ANY)
-    file(REMOVE \"\${root}/lib/mavrin2-components.lock\")
-    # What is not kept relative, such as a toolbox picture, is meant for the final place.
-    file(READ \"\${root}/lib/mavrin2-components\" entries)
-    string(REPLACE \"\${root}/\" \"\${CMAKE_INSTALL_PREFIX}/\" entries \"\${entries}\")
-    file(WRITE \"\${root}/lib/mavrin2-components\" \"\${entries}\")")
+    file(REMOVE \"\${root}/lib/mavrin2-components.lock\")")
 endif()

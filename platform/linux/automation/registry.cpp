@@ -3,6 +3,7 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <new>
 #include <system_error>
@@ -55,38 +56,50 @@ std::vector<RegistryFile> Files() {
     return files;
 }
 
-// The default value below a class that names its module. Kept relative to the registry's folder
-// where it lies below that, so that both can be moved together.
-bool IsModulePath(std::string_view key, std::string_view name) {
-    constexpr std::string_view last = "\\inprocserver32";
-    if (!name.empty() || key.size() < last.size()) return false;
-    const std::string_view end = key.substr(key.size() - last.size());
-    for (std::size_t i = 0; i < last.size(); ++i) {
-        const char c = end[i] >= 'A' && end[i] <= 'Z' ? static_cast<char>(end[i] | 0x20) : end[i];
-        if (c != last[i]) return false;
-    }
-    return true;
+bool EndsInStep(std::string_view key, std::string_view lowerStep) {
+    if (key.size() < lowerStep.size()) return false;
+    return std::ranges::equal(
+        key.substr(key.size() - lowerStep.size()), lowerStep, [](char a, char b) {
+            return (a >= 'A' && a <= 'Z' ? static_cast<char>(a | 0x20) : a) == b;
+        });
 }
 
-std::string Stored(const std::string& modulePath, const std::filesystem::path& registry) {
-    const std::filesystem::path path(modulePath);
-    if (!path.is_absolute()) return modulePath;
+// How much of a value is the path of a module: all of a class's module, and what precedes the comma
+// of its toolbox picture ("path, number"); nothing of other values.
+std::size_t ModulePathLength(std::string_view key, std::string_view name, std::string_view value) {
+    if (!name.empty()) return 0;
+    if (EndsInStep(key, "\\inprocserver32")) return value.size();
+    const std::size_t comma = value.rfind(',');
+    return EndsInStep(key, "\\toolboxbitmap32") && comma != std::string_view::npos ? comma : 0;
+}
+
+// Module paths are kept relative to the registry's folder where they are below it, so that both can
+// be moved together.
+std::string Stored(const std::filesystem::path& module, const std::filesystem::path& registry) {
+    if (!module.is_absolute()) return module.string();
     std::error_code error;
     // Either may have been reached through a link.
     const auto folder = std::filesystem::weakly_canonical(registry.parent_path(), error);
-    if (error) return modulePath;
-    const auto module = std::filesystem::weakly_canonical(path.parent_path(), error);
-    if (error) return modulePath;
-    const auto relative = module.lexically_relative(folder) / path.filename();
-    if (relative.empty() || *relative.begin() == "..") return modulePath;
+    if (error) return module.string();
+    const auto parent = std::filesystem::weakly_canonical(module.parent_path(), error);
+    if (error) return module.string();
+    const auto relative = parent.lexically_relative(folder) / module.filename();
+    if (relative.empty() || *relative.begin() == "..") return module.string();
     return relative.lexically_normal().string();
 }
 
-std::string Resolved(const std::string& modulePath, const std::filesystem::path& registry) {
-    if (modulePath.empty()) return modulePath;
-    const std::filesystem::path path(modulePath);
-    return path.is_absolute() ? modulePath
-                              : (registry.parent_path() / path).lexically_normal().string();
+std::string Resolved(const std::filesystem::path& module, const std::filesystem::path& registry) {
+    return module.is_absolute() ? module.string()
+                                : (registry.parent_path() / module).lexically_normal().string();
+}
+
+// The value with the module path in it, if there is one, as `change` makes it.
+template <typename Change>
+std::string WithModulePath(std::string_view key, std::string_view name, std::string value,
+                           const Change& change) {
+    const std::size_t length = ModulePathLength(key, name, value);
+    if (length != 0) value.replace(0, length, change(value.substr(0, length)));
+    return value;
 }
 
 HRESULT Make(const RegistryChange& change, RegistryText& text,
@@ -103,8 +116,9 @@ HRESULT Make(const RegistryChange& change, RegistryText& text,
             return S_OK;
         case RegistryChange::Kind::SetValue: {
             const std::string name = ToUtf8(change.Name);
-            const std::string value = ToUtf8(change.Value);
-            text.SetValue(key, name, IsModulePath(key, name) ? Stored(value, registry) : value);
+            text.SetValue(key, name,
+                          WithModulePath(key, name, ToUtf8(change.Value),
+                                         [&](const auto& path) { return Stored(path, registry); }));
             return S_OK;
         }
     }
@@ -138,10 +152,11 @@ public:
             const auto text = file.Read();
             // A user's key hides the system's of that name, whatever values either has.
             if (!text || !text->HasKey(keyText)) continue;
-            auto value = text->Value(keyText, nameText);
+            const auto value = text->Value(keyText, nameText);
             if (!value) return std::nullopt;
-            if (IsModulePath(keyText, nameText)) value = Resolved(*value, file.Path());
-            return FromUtf8(*value);
+            return FromUtf8(WithModulePath(keyText, nameText, *value, [&](const auto& path) {
+                return Resolved(path, file.Path());
+            }));
         }
         return std::nullopt;
     }

@@ -70,6 +70,7 @@ TEST_F(RegistryFile, KeepsModulesThatLieBelowItByTheirWayFromThere) {
     const std::filesystem::path module = folder_.Path() / "lib" / "sub" / "libx.so";
     ASSERT_EQ(Set(u"CLSID\\{A}\\InprocServer32", module.u16string()), S_OK);
     ASSERT_EQ(Set(u"CLSID\\{B}\\InprocServer32", u"/elsewhere/liby.so"), S_OK);
+    ASSERT_EQ(Set(u"CLSID\\{A}\\ToolboxBitmap32", module.u16string() + u", 101"), S_OK);
     ASSERT_EQ(Set(u"CLSID\\{A}\\Other", module.u16string()), S_OK);
     EXPECT_EQ(Get(u"CLSID\\{A}\\InprocServer32"), module.u16string());
 
@@ -77,6 +78,8 @@ TEST_F(RegistryFile, KeepsModulesThatLieBelowItByTheirWayFromThere) {
     const std::filesystem::path moved = folder_.Path() / "moved";
     const EnvironmentVariable variable("MAVRIN2_REGISTRY", (moved / "components").string());
     EXPECT_EQ(Get(u"CLSID\\{A}\\InprocServer32"), (moved / "sub" / "libx.so").u16string());
+    EXPECT_EQ(Get(u"CLSID\\{A}\\ToolboxBitmap32"),
+              (moved / "sub" / "libx.so").u16string() + u", 101");
     EXPECT_EQ(Get(u"CLSID\\{B}\\InprocServer32"), u"/elsewhere/liby.so");
     EXPECT_EQ(Get(u"CLSID\\{A}\\Other"), module.u16string()) << "no module's path";
 }
