@@ -1,15 +1,17 @@
 // mavrin2-register: enters components into a component registry, or removes them from it, by the
 // entry point that every component exports for that purpose.
 
-#include <dlfcn.h>
-
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <vector>
+
+#include "platform/environment.h"
+#include "platform/module_loader.h"
 
 namespace {
 
@@ -73,20 +75,20 @@ bool CallEntryPoint(const std::filesystem::path& module, const char* entryPoint)
     std::error_code error;
     // Absolute, because the component writes down the path by which it was loaded.
     const std::filesystem::path path = std::filesystem::absolute(module, error);
-    // Never unloaded: components keep process-wide state until the end.
-    void* const library = error ? nullptr : ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) {
-        std::fprintf(stderr, "mavrin2-register: %s\n",
-                     error ? error.message().c_str() : ::dlerror());
+    std::string reason = error.message();
+    const auto loaded =
+        error ? nullptr : mavrin2::platform::SystemModuleLoader()->Load(path, reason);
+    if (!loaded) {
+        std::fprintf(stderr, "mavrin2-register: %s\n", reason.c_str());
         return false;
     }
-    using EntryPoint = std::int32_t (*)();
-    const auto call = reinterpret_cast<EntryPoint>(::dlsym(library, entryPoint));
-    if (call == nullptr) {
+    const auto function = loaded->Find(entryPoint);
+    if (!function) {
         std::fprintf(stderr, "mavrin2-register: %s does not export %s\n", module.c_str(),
                      entryPoint);
         return false;
     }
+    const auto call = reinterpret_cast<std::int32_t (*)()>(function);
     const std::int32_t status = call();
     if (status < 0) {
         std::fprintf(stderr, "mavrin2-register: %s of %s failed with status 0x%08X\n", entryPoint,
@@ -99,7 +101,7 @@ bool CallEntryPoint(const std::filesystem::path& module, const char* entryPoint)
 int Run(const Request& request) {
     if (!request.Registry.empty()) {
         const auto registry = std::filesystem::absolute(request.Registry);
-        ::setenv("MAVRIN2_REGISTRY", registry.c_str(), 1);
+        mavrin2::platform::SetEnvironmentVariable("MAVRIN2_REGISTRY", registry.string());
     }
     const char* const entryPoint = request.Unregister ? "DllUnregisterServer" : "DllRegisterServer";
     for (const auto& module : request.Modules) {

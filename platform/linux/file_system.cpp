@@ -15,7 +15,7 @@
 #include <string>
 #include <system_error>
 
-#include "platform/linux/file.h"
+#include "platform/linux/base/file.h"
 #include "platform/linux/temporary_folder.h"
 
 namespace mavrin2::platform {

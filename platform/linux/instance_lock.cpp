@@ -9,7 +9,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/linux/descriptor.h"
+#include "platform/linux/base/descriptor.h"
 #include "platform/linux/private_folder.h"
 
 namespace mavrin2::platform {

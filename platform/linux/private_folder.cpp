@@ -11,7 +11,7 @@
 #include <string>
 #include <tuple>
 
-#include "platform/linux/descriptor.h"
+#include "platform/linux/base/descriptor.h"
 
 namespace mavrin2::platform {
 namespace {

@@ -1,7 +1,5 @@
 #include "companions/dusoro/sound/backend_loader.h"
 
-#include <dlfcn.h>
-
 namespace mavrin2::dusoro {
 
 const Decoder* BackendLoader::DecoderFor(DecoderKind kind) const {
@@ -15,11 +13,11 @@ const Decoder* BackendLoader::DecoderFor(DecoderKind kind) const {
     }
 }
 
-void* BackendLoader::Symbol(const char* module, const char* entry) const {
-    // A second call finds the module by its name and loads nothing.
-    const auto path = folder_ / (std::string("libmavrin2-dusoro-") + module + ".so");
-    void* handle = dlopen(path.c_str(), RTLD_LAZY | RTLD_LOCAL | RTLD_NODELETE);
-    return handle ? dlsym(handle, entry) : nullptr;
+platform::Module::Function BackendLoader::Entry(const char* name, const char* entry) const {
+    std::string reason;  // a missing library makes its formats unsupported, nothing else
+    const auto module =
+        modules_->Load(folder_ / (std::string("libmavrin2-dusoro-") + name + ".so"), reason);
+    return module ? module->Find(entry) : nullptr;
 }
 
 }  // namespace mavrin2::dusoro

@@ -1,19 +1,22 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string>
 
 #include "companions/dusoro/sound/backend.h"
 #include "companions/dusoro/sound/reading_plan.h"
+#include "platform/module_loader.h"
 
 namespace mavrin2::dusoro {
 
-// The modules around the sound libraries, each loaded when it is first needed and never unloaded:
-// libraries of this size take milliseconds to load, and several leave threads' keys behind.
+// The modules around the sound libraries, each loaded when it is first needed, since libraries of
+// this size take milliseconds to load.
 class BackendLoader {
 public:
-    // `folder` holds the modules.
-    explicit BackendLoader(std::filesystem::path folder) : folder_(std::move(folder)) {}
+    // `folder`, an absolute path, holds the modules.
+    BackendLoader(std::shared_ptr<platform::ModuleLoader> modules, std::filesystem::path folder)
+        : modules_(std::move(modules)), folder_(std::move(folder)) {}
 
     // Null when a module or its library is missing.
     const Decoder* DecoderFor(DecoderKind kind) const;
@@ -24,11 +27,12 @@ public:
 private:
     template <class Offered>
     const Offered* Find(const char* module, const char* entry) const {
-        void* function = Symbol(module, entry);
+        const auto function = Entry(module, entry);
         return function ? reinterpret_cast<const Offered* (*)()>(function)() : nullptr;
     }
-    void* Symbol(const char* module, const char* entry) const;
+    platform::Module::Function Entry(const char* module, const char* entry) const;
 
+    std::shared_ptr<platform::ModuleLoader> modules_;
     std::filesystem::path folder_;
 };
 

@@ -20,7 +20,8 @@ public:
     // `files` is where sounds are read from; `backendFolder` holds the modules around the
     // libraries.
     SoundFiles(std::shared_ptr<platform::FileSystem> files, std::filesystem::path backendFolder)
-        : inputs_(std::move(files)), backends_(std::move(backendFolder)) {}
+        : inputs_(std::move(files)),
+          backends_(platform::SystemModuleLoader(), std::move(backendFolder)) {}
 
     // A reader at the file's own rate, mono or stereo.
     Outcome<std::unique_ptr<SoundReader>> Open(const std::filesystem::path& path,

@@ -1,7 +1,5 @@
 // Finding classes in the component registry and loading the modules that hold them.
 
-#include <dlfcn.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <map>
@@ -15,6 +13,7 @@
 #include "platform/linux/automation/identifier_text.h"
 #include "platform/linux/automation/status.h"
 #include "platform/linux/automation/text_encoding.h"
+#include "platform/module_loader.h"
 
 namespace mavrin2::platform::automation {
 namespace {
@@ -33,13 +32,11 @@ public:
         }
         std::error_code ignored;
         if (!std::filesystem::exists(path, ignored)) return CO_E_DLLNOTFOUND;
-        void* const module = ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-        if (module == nullptr) return CO_E_ERRORINDLL;
-        getter = reinterpret_cast<ClassObjectGetter>(::dlsym(module, "DllGetClassObject"));
-        if (getter == nullptr) {
-            ::dlclose(module);
-            return CO_E_ERRORINDLL;
-        }
+        std::string reason;
+        const auto module = loader_->Load(path, reason);
+        if (!module) return CO_E_ERRORINDLL;
+        getter = reinterpret_cast<ClassObjectGetter>(module->Find("DllGetClassObject"));
+        if (!getter) return CO_E_ERRORINDLL;
         getters_.emplace(path, getter);
         return S_OK;
     }
@@ -47,6 +44,7 @@ public:
 private:
     // Recursive: a module that is being loaded may create objects of another.
     std::recursive_mutex guard_;
+    std::shared_ptr<ModuleLoader> loader_ = SystemModuleLoader();
     std::map<std::string, ClassObjectGetter> getters_;
 };
 

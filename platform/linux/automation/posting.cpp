@@ -11,7 +11,7 @@
 #include <system_error>
 
 #include "platform/linux/automation/types.h"
-#include "platform/linux/descriptor.h"
+#include "platform/linux/base/descriptor.h"
 
 namespace mavrin2::platform {
 namespace {

@@ -11,7 +11,7 @@
 #include <optional>
 #include <system_error>
 
-#include "platform/linux/descriptor.h"
+#include "platform/linux/base/descriptor.h"
 
 namespace mavrin2::platform::automation {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/files.h"
-#include "platform/linux/descriptor.h"
+#include "platform/linux/base/descriptor.h"
 
 namespace mavrin2::platform {
 

@@ -1,4 +1,4 @@
-#include "platform/linux/file.h"
+#include "platform/linux/base/file.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
