@@ -2,8 +2,10 @@
 
 #include "automation/module.h"
 #include "companions/dusoro/file_companion.h"
+#include "platform/module_loader.h"
 #include "platform/module_path.h"
 #include "platform/ports.h"
+#include "platform/replacement_file.h"
 
 namespace mavrin2 {
 namespace {
@@ -17,7 +19,9 @@ std::filesystem::path BackendFolder() {
 HRESULT CreateFileCompanion(IUnknown* outer, REFIID iid, void** object) {
     return automation::Guarded([&] {
         return dusoro::FileCompanion::Create(
-            outer, iid, object, dusoro::SoundFiles(platform::SystemPorts().Files, BackendFolder()));
+            outer, iid, object,
+            dusoro::SoundFiles(platform::SystemPorts().Files, platform::SystemReplacementFiles(),
+                               {platform::SystemModuleLoader(), BackendFolder()}));
     });
 }
 

@@ -190,6 +190,22 @@ int MemoryFileSystem::Calls(Operation operation) const {
     return controls_->Plans[operation].Calls;
 }
 
+std::error_code MemoryFileSystem::Rename(const std::filesystem::path& from,
+                                         const std::filesystem::path& to) {
+    const auto file = files_.find(Normal(from));
+    if (file == files_.end()) return std::make_error_code(std::errc::no_such_file_or_directory);
+    const auto target = Normal(to);
+    if (!controls_->Begin(Operation::Rename) || IsRefused(target))
+        return std::make_error_code(std::errc::permission_denied);
+    files_[target] = std::move(file->second);
+    files_.erase(file);
+    return {};
+}
+
+void MemoryFileSystem::Drop(const std::filesystem::path& path) {
+    files_.erase(Normal(path));
+}
+
 bool MemoryFileSystem::IsRefused(const std::filesystem::path& path) const {
     return IsSameOrBelowAny(path, refused_);
 }

@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "platform/files.h"
@@ -27,7 +28,8 @@ public:
         Read,
         Write,
         Length,
-        Remove
+        Remove,
+        Rename  // only what replaces files does
     };
 
     // Has the folders `/` and `/tmp/private/`, the folder of temporary files.
@@ -69,6 +71,12 @@ public:
     // How often an operation was called, failures included.
     int Calls(Operation operation) const;
 
+    // For those that replace files. Takes the name of a file for another, also while it is open.
+    std::error_code Rename(const std::filesystem::path& from, const std::filesystem::path& to);
+    // Removes a file, if there is one; never fails.
+    void Drop(const std::filesystem::path& path);
+    bool IsRefused(const std::filesystem::path& path) const;
+
     std::unique_ptr<File> OpenForReading(const std::filesystem::path& path) override;
     std::unique_ptr<File> OpenForUpdate(const std::filesystem::path& path) override;
     std::unique_ptr<File> Create(const std::filesystem::path& path) override;
@@ -88,7 +96,6 @@ private:
     struct Controls;
     using Content = std::vector<std::byte>;
 
-    bool IsRefused(const std::filesystem::path& path) const;
     std::unique_ptr<File> Open(const std::filesystem::path& path, bool writable);
 
     std::shared_ptr<Controls> controls_;

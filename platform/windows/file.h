@@ -16,6 +16,8 @@ public:
     bool Write(std::int64_t offset, std::span<const std::byte> source) override;
     std::optional<std::int64_t> Length() override;
 
+    const Handle& Native() const { return handle_; }
+
 private:
     Handle handle_;
 };

@@ -32,7 +32,7 @@ TEST_P(DamagedFilesTest, DoNoHarm) {
     ReadAll(Data("tone.m4a"));  // with all libraries loaded
     const long before = PeakKilobytes();
     const auto memory = std::make_shared<platform::MemoryFileSystem>();
-    const SoundFiles files(memory, BACKEND_FOLDER);
+    const SoundFiles files = FilesOf(memory);
     int opened = 0;
     Samples block(std::size_t{2} * 65536);
     const int variants = std::filesystem::exists(Data(name)) ? 200 : 600;

@@ -51,7 +51,7 @@ protected:
     }
 
     automation::ComPtr<FileCompanion> companion_ =
-        FileCompanion::Make(SoundFiles(platform::SystemPorts().Files, BACKEND_FOLDER));
+        FileCompanion::Make(FilesOf(platform::SystemPorts().Files));
 };
 
 using I = contracts::IDusoro2;

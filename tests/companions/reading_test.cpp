@@ -327,7 +327,7 @@ TEST_F(ReadingTest, EndsWhereTheDiskFails) {
     const PcmFormat format{44100, 2};
     const Samples noise = Noise(600'000, 8000);
     const auto memory = std::make_shared<platform::MemoryFileSystem>();
-    const SoundFiles files(memory, BACKEND_FOLDER);
+    const SoundFiles files = FilesOf(memory);
     for (const char* name : {"a.wav", "a.flac", "a.ogg", "a.mp3"}) {
         ASSERT_TRUE(Save(In(name), format, noise));
         memory->AddFile("/a", ReadBytes(In(name)));

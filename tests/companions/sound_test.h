@@ -12,7 +12,9 @@
 #include <vector>
 
 #include "companions/dusoro/sound/sound_files.h"
+#include "platform/module_loader.h"
 #include "platform/ports.h"
+#include "platform/replacement_file.h"
 #include "tests/support/scratch_folder.h"
 
 namespace mavrin2::dusoro {
@@ -123,7 +125,13 @@ protected:
         return writer && writer->Write(samples) && writer->Finish();
     }
 
-    SoundFiles files_{platform::SystemPorts().Files, BACKEND_FOLDER};
+    static SoundFiles FilesOf(std::shared_ptr<platform::FileSystem> inputs,
+                              std::filesystem::path backends = BACKEND_FOLDER) {
+        return SoundFiles(std::move(inputs), platform::SystemReplacementFiles(),
+                          {platform::SystemModuleLoader(), std::move(backends)});
+    }
+
+    SoundFiles files_ = FilesOf(platform::SystemPorts().Files);
 
 private:
     tests::ScratchFolder folder_;

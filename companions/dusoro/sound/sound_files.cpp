@@ -4,7 +4,6 @@
 
 #include "companions/dusoro/sound/converting_reader.h"
 #include "companions/dusoro/sound/converting_writer.h"
-#include "companions/dusoro/sound/output_file.h"
 #include "companions/dusoro/sound/reading_plan.h"
 
 namespace mavrin2::dusoro {
@@ -13,7 +12,8 @@ namespace {
 // An encoder's output together with the file that it goes to.
 class SavedSound final : public SoundWriter {
 public:
-    SavedSound(std::unique_ptr<OutputFile> file, std::unique_ptr<SoundWriter> encoder)
+    SavedSound(std::unique_ptr<platform::ReplacementFile> file,
+               std::unique_ptr<SoundWriter> encoder)
         : file_(std::move(file)), encoder_(std::move(encoder)) {}
 
     const OutputDescription& Description() const override { return encoder_->Description(); }
@@ -26,7 +26,7 @@ public:
 
     bool Finish() override {
         if (empty_ && !Description().PlainPcm) WriteSilentFrame();
-        return !failed_ && encoder_->Finish() && file_->Commit();
+        return !failed_ && encoder_->Finish() && !file_->Commit();
     }
 
 private:
@@ -36,7 +36,7 @@ private:
         Write(std::span(kSilence).first(static_cast<std::size_t>(Description().Carried.Channels)));
     }
 
-    std::unique_ptr<OutputFile> file_;
+    std::unique_ptr<platform::ReplacementFile> file_;
     std::unique_ptr<SoundWriter> encoder_;  // goes before the file it writes to
     bool empty_ = true;
     bool failed_ = false;
@@ -80,7 +80,8 @@ Outcome<std::unique_ptr<SoundWriter>> SoundFiles::Create(const std::filesystem::
         plan.Result.Kind == Container::Mp3 ? backends_.Lame() : backends_.SndfileEncoder();
     if (!encoder) return SoundError::FormatNotSupported;
 
-    auto file = OutputFile::Create(path);
+    std::error_code reason;
+    auto file = outputs_->Create(path, reason);
     if (!file) return SoundError::FileAccess;
     auto created = encoder->Create(*file, plan.Result);
     if (!created) return created.Error;

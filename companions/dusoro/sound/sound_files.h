@@ -11,17 +11,18 @@
 #include "companions/dusoro/sound/sound_reader.h"
 #include "companions/dusoro/sound/sound_writer.h"
 #include "platform/files.h"
+#include "platform/replacement_file.h"
 
 namespace mavrin2::dusoro {
 
 // Opens and creates sound files of every kind, with the library that each needs.
 class SoundFiles {
 public:
-    // `files` is where sounds are read from; `backendFolder` holds the modules around the
-    // libraries.
-    SoundFiles(std::shared_ptr<platform::FileSystem> files, std::filesystem::path backendFolder)
-        : inputs_(std::move(files)),
-          backends_(platform::SystemModuleLoader(), std::move(backendFolder)) {}
+    SoundFiles(std::shared_ptr<platform::FileSystem> inputs,
+               std::shared_ptr<platform::ReplacementFiles> outputs, BackendLoader backends)
+        : inputs_(std::move(inputs)),
+          outputs_(std::move(outputs)),
+          backends_(std::move(backends)) {}
 
     // A reader at the file's own rate, mono or stereo.
     Outcome<std::unique_ptr<SoundReader>> Open(const std::filesystem::path& path,
@@ -42,6 +43,7 @@ private:
     std::unique_ptr<FormatConverter> Converter(PcmFormat from, PcmFormat to) const;
 
     std::shared_ptr<platform::FileSystem> inputs_;
+    std::shared_ptr<platform::ReplacementFiles> outputs_;
     BackendLoader backends_;
 };
 

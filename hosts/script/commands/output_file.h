@@ -1,30 +1,27 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
+
+#include "platform/replacement_file.h"
 
 namespace mavrin2::script {
 
-// A file that takes the place of another one only when it is complete. Until then it lies beside
-// it under a name of its own, with the same extension; it is removed unless it is committed.
+// The file that a command writes. It takes its name, and the place of an older file, only when it
+// is complete; what is not committed is removed. Everything throws Failure.
 class OutputFile {
 public:
-    // Throws Failure when `target` is no place for a file.
     explicit OutputFile(const std::filesystem::path& target);
-    OutputFile(const OutputFile&) = delete;
-    OutputFile& operator=(const OutputFile&) = delete;
-    ~OutputFile();
 
-    // Where to write; an empty file at first.
-    const std::filesystem::path& Path() const { return path_; }
+    // Where to write: a file of that name in a folder of its own, not there at first.
+    const std::filesystem::path& Path() const { return staged_->Path(); }
 
-    // Throws Failure; an older file at the target is untouched then.
+    // An older file at the target is untouched if this fails.
     void Commit();
 
 private:
-    std::filesystem::path given_;   // as the user wrote it
-    std::filesystem::path target_;  // what it stands for
-    std::filesystem::path path_;
-    bool committed_ = false;
+    std::filesystem::path target_;
+    std::unique_ptr<platform::StagedFile> staged_;
 };
 
 }  // namespace mavrin2::script

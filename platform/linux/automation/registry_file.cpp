@@ -12,6 +12,8 @@
 #include <system_error>
 
 #include "platform/linux/base/descriptor.h"
+#include "platform/linux/base/last_error.h"
+#include "platform/replacement_file.h"
 
 namespace mavrin2::platform::automation {
 namespace {
@@ -76,19 +78,11 @@ std::optional<std::string> ReadAll(int file, off_t size) {
     return text;
 }
 
-bool WriteAll(int file, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t count = ::write(file, text.data(), text.size());
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return false;
-        text.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return ::fsync(file) == 0;
-}
-
-HRESULT WriteFailure(int error) {
-    return error == EACCES || error == EPERM || error == EROFS ? E_ACCESSDENIED
-                                                               : REGDB_E_WRITEREGDB;
+HRESULT WriteFailure(const std::error_code& error) {
+    return error == std::errc::permission_denied || error == std::errc::operation_not_permitted ||
+                   error == std::errc::read_only_file_system
+               ? E_ACCESSDENIED
+               : REGDB_E_WRITEREGDB;
 }
 
 std::filesystem::path Beside(const std::filesystem::path& path, const char* suffix) {
@@ -106,24 +100,12 @@ Descriptor LockBeside(const std::filesystem::path& path) {
 }
 
 HRESULT Replace(const std::filesystem::path& path, const std::string& text) {
-    const std::filesystem::path fresh = Beside(path, ".new");
-    // What a crash has left; nobody else is here, for the lock is held.
-    ::unlink(fresh.c_str());
-    {
-        const Descriptor file(
-            ::open(fresh.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0666));
-        if (!file) return WriteFailure(errno);
-        if (!WriteAll(file.Get(), text)) {
-            ::unlink(fresh.c_str());
-            return REGDB_E_WRITEREGDB;
-        }
-    }
-    if (::rename(fresh.c_str(), path.c_str()) != 0) {
-        const int error = errno;
-        ::unlink(fresh.c_str());
-        return WriteFailure(error);
-    }
-    return S_OK;
+    std::error_code error;
+    const auto file = SystemReplacementFiles()->Create(path, error);
+    if (!file) return WriteFailure(error);
+    file->Write(0, std::as_bytes(std::span(text)));
+    error = file->Commit();
+    return error ? WriteFailure(error) : S_OK;
 }
 
 }  // namespace
@@ -154,7 +136,7 @@ HRESULT RegistryFile::Update(const std::function<HRESULT(RegistryText&)>& change
     // When this fails, so does making the lock file.
     std::filesystem::create_directories(path_.parent_path(), ignored);
     const Descriptor lock = LockBeside(path_);
-    if (!lock) return WriteFailure(errno);
+    if (!lock) return WriteFailure(LastError());
 
     const auto present = Read();
     // Unreadable is not empty: what stands there must not be lost.
