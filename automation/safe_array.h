@@ -42,6 +42,8 @@ public:
         Reset();
         return &array_;
     }
+    // For a callee that changes the array or puts another one in its place.
+    SAFEARRAY** Address() { return &array_; }
     [[nodiscard]] SAFEARRAY* Detach() { return std::exchange(array_, nullptr); }
     void Reset() {
         if (SAFEARRAY* old = std::exchange(array_, nullptr)) SafeArrayDestroy(old);

@@ -13,7 +13,6 @@ struct ChannelSwitches {
 
     // Of the document's channels; see Recount.
     std::int16_t OperationCount = 1;
-    std::int16_t TransformPass = 0;  // which channel a transform is at
     std::int16_t VisibleCount = 1;
     std::array<std::int16_t, Most> Operation = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
     std::array<std::int16_t, Most> Visible = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1};

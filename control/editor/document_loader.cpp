@@ -63,6 +63,7 @@ bool DocumentLoader::TakeFormat() {
     expected_ = Bytes(std::int64_t{companion_.GetLength()} * 2 * channels);
     const bool plain = companion_.IsPlainPcm();
     format.FormatDescription = companion_.GetFormatText();
+    presentation_.Rate.SetSampleRate(frequency);
     if (!plain) format.BitsPerSample = 16;
     return true;
 }

@@ -33,6 +33,7 @@ ErrorConstants DocumentOpening::New(std::int32_t frequency, std::int32_t channel
         return ErrorConstants::FILEACCESS;
     }
     ticket.Moved();
+    presentation_.Rate.SetSampleRate(frequency);
     document_.Channels.Recount(channels);
     document_.Format.FormatDescription = PcmDescription(frequency, channels);
     presentation_.View.FormatChanged();

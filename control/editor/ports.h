@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 
 #include "control/signal/quantity.h"
@@ -59,6 +60,15 @@ public:
 
     virtual void RenderBackground() {}
     virtual void Redraw() {}
+};
+
+// Works at the document's sample rate.
+class RateObserver {
+public:
+    virtual ~RateObserver() = default;
+
+    // In hertz; before the samples of a new document arrive, and when they are converted.
+    virtual void SetSampleRate(std::int32_t frequency) = 0;
 };
 
 // Sees samples as they are written to a work file, which saves reading them again.

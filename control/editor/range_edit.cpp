@@ -67,7 +67,7 @@ bool RangeEdit::Open() {
 
 bool RangeEdit::ReportBlock(int percent) {
     operation_.Events.BlockOperation(percent);
-    return ticket_.IsCurrent() && !operation_.Status.Idle();
+    return IsRunning();
 }
 
 bool RangeEdit::CommitEdit() {

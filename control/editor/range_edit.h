@@ -42,6 +42,10 @@ public:
     void SetEnd(Bytes end) { region_.End = end; }
     const EditRegion& Region() const { return region_; }
 
+    // Whether no other operation has taken its place.
+    bool IsCurrent() const { return ticket_.IsCurrent(); }
+    // Whether it has not been cancelled either.
+    bool IsRunning() const { return IsCurrent() && !operation_.Status.Idle(); }
     // Raises BlockOperation. False when the edit was cancelled or another operation has taken its
     // place; after a cancellation CommitEdit keeps what was written.
     bool ReportBlock(int percent);

@@ -42,6 +42,7 @@ struct Presentation {
     DocumentView& View;
     ViewRange& Range;
     BlockObserver& Observer;
+    RateObserver& Rate;
 };
 
 // The test that every changing operation begins with: a document is open and nothing is running.

@@ -6,6 +6,7 @@ namespace mavrin2::automation {
 
 using interfaces::ChannelsConstants;
 using interfaces::FrequencyConstants;
+using interfaces::TrimConstants;
 using interfaces::TypeViewConstants;
 
 #define MEMBER(enumeration, name) \
@@ -33,6 +34,17 @@ const EnumerationDescription& EnumerationOf<ChannelsConstants>() {
         interfaces::ID_ChannelsConstants,
         "Channels of a sound",
         {MEMBER(ChannelsConstants, MONO), MEMBER(ChannelsConstants, STEREO)}};
+    return description;
+}
+
+template <>
+const EnumerationDescription& EnumerationOf<TrimConstants>() {
+    static const EnumerationDescription description{
+        "TrimConstants",
+        interfaces::ID_TrimConstants,
+        "Ends of the selection",
+        {MEMBER(TrimConstants, TRIM_LEFT), MEMBER(TrimConstants, TRIM_RIGHT),
+         MEMBER(TrimConstants, TRIM_BOTH)}};
     return description;
 }
 

@@ -28,6 +28,9 @@ enum class FrequencyConstants : std::int32_t {
 
 enum class ChannelsConstants : std::int32_t { MONO = 1, STEREO = 2 };
 
+// Which ends of the selection Trim works on.
+enum class TrimConstants : std::int32_t { TRIM_LEFT = 0, TRIM_RIGHT = 1, TRIM_BOTH = 2 };
+
 // What the lanes of the picture show.
 enum class TypeViewConstants : std::int32_t { WAVEFORM = 0, SPECTRAL = 1, EXPANDED = 2 };
 
@@ -38,6 +41,8 @@ template <>
 const EnumerationDescription& EnumerationOf<interfaces::FrequencyConstants>();
 template <>
 const EnumerationDescription& EnumerationOf<interfaces::ChannelsConstants>();
+template <>
+const EnumerationDescription& EnumerationOf<interfaces::TrimConstants>();
 template <>
 const EnumerationDescription& EnumerationOf<interfaces::TypeViewConstants>();
 }  // namespace mavrin2::automation

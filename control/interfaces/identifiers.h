@@ -33,10 +33,13 @@ inline constexpr CLSID CLSID_Mavrin2Position = ControlId(0x0901);
 inline constexpr IID IID_IMavrin2Position = ControlId(0x0902);
 inline constexpr CLSID CLSID_Mavrin2Scale = ControlId(0x0B01);
 inline constexpr IID IID_IMavrin2Scale = ControlId(0x0B02);
+inline constexpr CLSID CLSID_Mavrin2Transform = ControlId(0x0D01);
+inline constexpr IID IID_IMavrin2Transform = ControlId(0x0D02);
 
 inline constexpr GUID ID_FrequencyConstants = ControlId(0x2001);
 inline constexpr GUID ID_ChannelsConstants = ControlId(0x2002);
 inline constexpr GUID ID_TypeViewConstants = ControlId(0x2003);
+inline constexpr GUID ID_TrimConstants = ControlId(0x2004);
 
 // Dispatch identifiers were planned for all members at once, so that none changes when a member
 // arrives. A member to come of an interface that is there already is reserved in its virtual
@@ -48,6 +51,5 @@ inline constexpr GUID ID_TypeViewConstants = ControlId(0x2003);
 //   IMavrin2LameEnc      methods 1 … 3, properties 10 … 27, 29 … 32
 //   IMavrin2Markers      methods 1, 2, properties 5, 6, 9, 10, 13 … 16
 //   IMavrin2Recorder     Accu 1 … 5, filters 10 … 15, gain control 20 … 23
-//   IMavrin2Transform    operations 1 … 33 from Resample to FIRFilter, smoothing 40, 41
 
 }  // namespace mavrin2::interfaces

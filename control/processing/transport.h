@@ -2,19 +2,25 @@
 
 #include "control/editor/operation.h"
 #include "control/editor/ports.h"
+#include "control/processing/transform_companion.h"
 
 namespace mavrin2::processing {
 
-// Starts and stops what goes on in the control. There are no devices and no transforms to stop yet:
-// what runs is a block loop, which ends at its next look at the status.
+// Starts and stops what is running in the control. A block loop ends when it next checks the
+// status; the transform companion is told to end early.
 class Transport final : public editor::Activity {
 public:
-    explicit Transport(editor::OperationStatus& status) : status_(status) {}
+    Transport(editor::OperationStatus& status, TransformCompanion& transforms)
+        : status_(status), transforms_(transforms) {}
 
-    void Stop() override { status_.Stop(); }
+    void Stop() override {
+        transforms_.Abort();
+        status_.Stop();
+    }
 
 private:
     editor::OperationStatus& status_;
+    TransformCompanion& transforms_;
 };
 
 }  // namespace mavrin2::processing
