@@ -9,6 +9,7 @@
 #include "control/interfaces/mavrin2.h"
 #include "control/interfaces/position.h"
 #include "control/interfaces/scale.h"
+#include "control/interfaces/transform.h"
 
 namespace mavrin2::interfaces {
 
@@ -19,11 +20,11 @@ using automation::DescriptionOf;
 using automation::EnumerationOf;
 
 // A class that is named after its interface.
-#define SUB_OBJECT(name)                                                                 \
+#define SUB_OBJECT(name, programmable)                                                   \
     ClassDescription {                                                                   \
         .Name = #name, .Id = CLSID_##name, .Help = #name " Class",                       \
         .Default = &DescriptionOf<I##name>, .VersionedProgId = "KovMavrin2." #name ".1", \
-        .ProgId = "KovMavrin2." #name                                                    \
+        .ProgId = "KovMavrin2." #name, .Programmable = programmable                      \
     }
 
 // In the published order.
@@ -31,11 +32,12 @@ const std::vector<ClassDescription>& Classes() {
     static const std::vector<ClassDescription> classes{
         {"Mavrin2", CLSID_Mavrin2, "KovMavrin2 Class", &DescriptionOf<IMavrin2>, &ControlEvents,
          true, "KovMavrin2.Mavrin2.2", "KovMavrin2.Mavrin2", true},
-        SUB_OBJECT(Mavrin2Channel),
-        SUB_OBJECT(Mavrin2Colors),
-        SUB_OBJECT(Mavrin2FileInfo),
-        SUB_OBJECT(Mavrin2Position),
-        SUB_OBJECT(Mavrin2Scale),
+        SUB_OBJECT(Mavrin2Channel, false),
+        SUB_OBJECT(Mavrin2Colors, false),
+        SUB_OBJECT(Mavrin2FileInfo, false),
+        SUB_OBJECT(Mavrin2Position, false),
+        SUB_OBJECT(Mavrin2Scale, false),
+        SUB_OBJECT(Mavrin2Transform, true),
     };
     return classes;
 }
@@ -60,8 +62,8 @@ const automation::LibraryDescription& ControlLibrary() {
         0,
         "KovMavrin 2.0 Type Library",
         {&EnumerationOf<FrequencyConstants>, &EnumerationOf<ChannelsConstants>,
-         &EnumerationOf<TypeViewConstants>, &EnumerationOf<FormatTypeConstants>,
-         &EnumerationOf<ErrorConstants>},
+         &EnumerationOf<TypeViewConstants>, &EnumerationOf<TrimConstants>,
+         &EnumerationOf<FormatTypeConstants>, &EnumerationOf<ErrorConstants>},
         Interfaces(),
         Classes()};
     return library;

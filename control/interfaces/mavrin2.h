@@ -8,6 +8,7 @@
 #include "control/interfaces/identifiers.h"
 #include "control/interfaces/position.h"
 #include "control/interfaces/scale.h"
+#include "control/interfaces/transform.h"
 
 namespace mavrin2::interfaces {
 
@@ -92,7 +93,7 @@ struct IMavrin2 : public IDispatch {
     MAVRIN2_RESERVED(get_DeviceInput, 113)
     MAVRIN2_RESERVED(get_DeviceOutput, 114)
     MAVRIN2_RESERVED(get_Recorder, 115)
-    MAVRIN2_RESERVED(get_Transform, 116)
+    virtual HRESULT STDMETHODCALLTYPE get_Transform(IMavrin2Transform** Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_Position(IMavrin2Position** Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_Channels(IMavrin2Channel** Value) = 0;
     MAVRIN2_RESERVED(get_Markers, 119)

@@ -238,6 +238,10 @@ STDMETHODIMP CMavrin2::get_FileInfo(interfaces::IMavrin2FileInfo** Value) {
     return GetPart(Value, parts_.FileInfo);
 }
 
+STDMETHODIMP CMavrin2::get_Transform(interfaces::IMavrin2Transform** Value) {
+    return GetPart(Value, parts_.Transform);
+}
+
 STDMETHODIMP CMavrin2::get_Position(interfaces::IMavrin2Position** Value) {
     return GetPart(Value, parts_.Position);
 }

@@ -57,6 +57,7 @@ public:
     STDMETHODIMP get_Colors(interfaces::IMavrin2Colors** Value) override;
     STDMETHODIMP put_Colors(interfaces::IMavrin2Colors* Value) override;
     STDMETHODIMP get_FileInfo(interfaces::IMavrin2FileInfo** Value) override;
+    STDMETHODIMP get_Transform(interfaces::IMavrin2Transform** Value) override;
     STDMETHODIMP get_Position(interfaces::IMavrin2Position** Value) override;
     STDMETHODIMP get_Channels(interfaces::IMavrin2Channel** Value) override;
     STDMETHODIMP get_TypeBorder(SHORT* Value) override;

@@ -119,8 +119,15 @@ constexpr Part kParts[] = {
                                            parts.Channels->Attach(parts.Editor->Channels,
                                                                   parts.Identity);
                                        }),
+    SubObject<&ControlParts::Transform>("Mavrin2Transform is not registered.", 11,
+                                        [](ControlParts& parts) {
+                                            parts.Transform->Attach(parts.Editor->Transforms,
+                                                                    parts.Identity);
+                                        }),
     Companion<&ControlParts::Dusoro, contracts::CLSID_KovDusoro2>("KovDusoro2 is not registered.",
                                                                   15),
+    Companion<&ControlParts::Kestrin, contracts::CLSID_KovKestrin>("KovKestrin is not registered.",
+                                                                   14),
 };
 
 // The rows in the order of the control's end.
@@ -146,7 +153,8 @@ ControlParts::ControlParts(ControlEnvironment environment, IUnknown* identity,
       Identity(identity),
       Events(hosts),
       Temporary(Environment.Ports, State.Settings),
-      Container(identity) {}
+      Container(identity),
+      Kestrin(Events) {}
 
 HRESULT ControlParts::Construct() {
     return automation::Guarded([&]() -> HRESULT {
@@ -169,9 +177,9 @@ HRESULT ControlParts::MakeParts() {
 }
 
 void ControlParts::Wire() {
-    Editor = std::make_unique<DocumentEditor>(EditorDependencies{Environment.Ports, Temporary,
-                                                                 Position->History(), State, Dusoro,
-                                                                 Events, Style, Container});
+    Editor = std::make_unique<DocumentEditor>(
+        EditorDependencies{Environment.Ports, Temporary, Position->History(), State, Dusoro,
+                           Kestrin, Events, Style, Container});
     for (const Part& part : kParts)
         if (part.Attach) part.Attach(*this);
     Container.Attach(
@@ -183,12 +191,15 @@ void ControlParts::Wire() {
 void ControlParts::SendInitialSettings() {
     constexpr std::int32_t kVoxFrequency = 8000;
     Dusoro.SetFormatVOX(kVoxFrequency);
+    Kestrin.SetSmoothing(false);
+    Kestrin.SetSmoothTime(State.Settings.SmoothTime);
     Editor->View.TakeSettings();
     State.Channels.Recount(State.Format.Channels);
 }
 
 void ControlParts::Teardown() {
     Container.Detach();
+    Kestrin.Disconnect();
     if (Position) Position->History().FreeChain();
     // All are detached before any is released.
     for (const Part* part : kReleased)

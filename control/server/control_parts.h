@@ -9,6 +9,8 @@
 #include "control/objects/file_info.h"
 #include "control/objects/position.h"
 #include "control/objects/scale.h"
+#include "control/objects/transform.h"
+#include "control/processing/transform_companion.h"
 #include "control/server/container/container_front.h"
 #include "control/server/document_editor.h"
 #include "control/server/event_source.h"
@@ -59,7 +61,9 @@ public:
     automation::ComPtr<objects::CMavrin2FileInfo> FileInfo;
     automation::ComPtr<objects::CMavrin2Position> Position;
     automation::ComPtr<objects::CMavrin2Channel> Channels;
+    automation::ComPtr<objects::CMavrin2Transform> Transform;
     editor::SoundFileCompanion Dusoro;
+    processing::TransformCompanion Kestrin;
     std::unique_ptr<DocumentEditor> Editor;  // null until all parts are made
 
 private:

@@ -11,8 +11,8 @@ DocumentEditor::DocumentEditor(const EditorDependencies& dependencies)
                 document_, operation_, dependencies.State.Play, dependencies.Style,
                 dependencies.Display}),
       range_(document_.History, document_.Format, picture_, operation_.Events),
-      presentation_{picture_, range_, picture_.Observer()},
-      Transport(operation_.Status),
+      presentation_{picture_, range_, picture_.Observer(), dependencies.Transforms},
+      Transport(operation_.Status, dependencies.Transforms),
       Opening(document_, operation_, storage_, presentation_, dependencies.Companion, Transport),
       Saver(document_, operation_, storage_.Files, picture_, dependencies.Companion),
       Edits(document_, operation_, storage_, presentation_),
@@ -20,6 +20,8 @@ DocumentEditor::DocumentEditor(const EditorDependencies& dependencies)
       Positions(document_, operation_.Status, presentation_, Transport),
       View(picture_, operation_.Status, range_, storage_.Files),
       Zooming(picture_, document_, operation_, range_),
-      Channels{document_.Channels, document_.Format, View} {}
+      Channels{document_.Channels, document_.Format, View},
+      Pipeline(document_, operation_, storage_, presentation_, dependencies.Transforms),
+      Transforms{Pipeline, dependencies.Transforms, dependencies.State.Settings} {}
 
 }  // namespace mavrin2::server

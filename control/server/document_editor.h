@@ -8,6 +8,9 @@
 #include "control/editor/services.h"
 #include "control/editor/undo_redo.h"
 #include "control/objects/channel.h"
+#include "control/objects/transform.h"
+#include "control/processing/transform_companion.h"
+#include "control/processing/transform_pipeline.h"
 #include "control/processing/transport.h"
 #include "control/view/picture.h"
 #include "control/view/view_operations.h"
@@ -34,6 +37,7 @@ struct EditorDependencies {
     editor::UndoHistory& History;
     ControlState& State;
     editor::SoundFileCompanion& Companion;
+    processing::TransformCompanion& Transforms;
     editor::EditorEvents& Events;
     view::Style& Style;
     view::Display& Display;
@@ -64,6 +68,8 @@ public:
     view::ViewOperations View;
     view::Zoom Zooming;
     objects::CMavrin2Channel::Parts Channels;
+    processing::TransformPipeline Pipeline;
+    objects::CMavrin2Transform::Parts Transforms;
 };
 
 }  // namespace mavrin2::server
