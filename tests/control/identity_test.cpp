@@ -47,7 +47,8 @@ TEST(Descriptions, KeepTheIdentifiersAndSlotsOfWhatHasArrived) {
          "TempDirectory=103@41,42 TempFileName=104@43,44 FileBufferSize=105@45,46 "
          "UndoRedoCount=106@47,48 UndoEnabled=107@49 RedoEnabled=108@50 "
          "ScaleX=109@51,52 ScaleY=110@53,54 Colors=111@55,56 FileInfo=112@57 "
-         "Position=117@62 Channels=118@63 TypeBorder=124@72,73 TypeView=125@74,75"},
+         "Transform=116@61 Position=117@62 Channels=118@63 TypeBorder=124@72,73 "
+         "TypeView=125@74,75"},
         {&interfaces::ControlEvents(), "BlockOperation=6 ChangePosition=7 EndOperation=11"},
         {&DescriptionOf<interfaces::IMavrin2Channel>(),
          "Count=1@7 Num=2@8,9 Visible=3@10,11 Operation=4@12,13"},
@@ -67,6 +68,15 @@ TEST(Descriptions, KeepTheIdentifiersAndSlotsOfWhatHasArrived) {
          "CurrentPosition=10@21,22"},
         {&DescriptionOf<interfaces::IMavrin2Scale>(),
          "Font=1@7,8,9 Type=2@10,11 Visible=3@12,13 Grid=4@14,15 Orientation=5@16,17"},
+        {&DescriptionOf<interfaces::IMavrin2Transform>(),
+         "Resample=1@7 PitchShift=2@8 TimeStretch=3@9 AddNoise=4@10 Trim=5@11 "
+         "DeleteSilence=6@12 InsertSilence=7@13 MixStereoChannels=8@14 Silence=9@15 "
+         "Reverse=10@16 Invert=11@17 Amplify=12@18 Fade=13@19 Normalize=14@20 "
+         "Vibrato=15@21 Envelope=16@22 Compressor=17@23 Expander=18@24 Delay=19@25 "
+         "Flanger=20@26 Chorus=21@27 Phaser=22@28 Reverb=23@29 LowPassFilter=24@30 "
+         "HighPassFilter=25@31 BandPassFilter=26@32 NotchFilter=27@33 PeakEQFilter=28@34 "
+         "Equalizer=29@35 LowShelfFilter=30@36 HighShelfFilter=31@37 FFTFilter=32@38 "
+         "FIRFilter=33@39 SmoothEnabled=40@40,41 SmoothTime=41@42,43"},
         {&DescriptionOf<contracts::IDusoro2>(),
          "OpenSoundFile=1@7 CloseFile=2@8 CreateSoundFile=3@9 WriteBlock=4@10 "
          "ReadBlock=5@11 SetPcmFormat=8@14 SetFormatVOX=17@23 GetLength=27@33 "

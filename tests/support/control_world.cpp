@@ -45,9 +45,11 @@ std::vector<std::byte> WorkFileOf(std::uint32_t frequency, std::uint16_t channel
 
 server::ControlEnvironment ControlWorld::Environment() const {
     return {System.AsPorts(),
-            [companion = Dusoro, status = CompanionStatus](REFCLSID id, REFIID iid,
-                                                           void** object) -> HRESULT {
+            [companion = Dusoro, status = CompanionStatus, transforms = Kestrin](
+                REFCLSID id, REFIID iid, void** object) -> HRESULT {
                 *object = nullptr;
+                if (IsEqualGUID(id, contracts::CLSID_KovKestrin))
+                    return transforms->QueryInterface(iid, object);
                 if (!IsEqualGUID(id, contracts::CLSID_KovDusoro2)) return REGDB_E_CLASSNOTREG;
                 return FAILED(status) ? status : companion->QueryInterface(iid, object);
             }};

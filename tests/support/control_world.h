@@ -11,6 +11,7 @@
 #include "platform/memory/memory_ports.h"
 #include "tests/support/event_recorder.h"
 #include "tests/support/fake_dusoro.h"
+#include "tests/support/fake_kestrin.h"
 
 namespace mavrin2::tests {
 
@@ -39,7 +40,8 @@ Value Got(Interface& object, HRESULT (STDMETHODCALLTYPE Interface::*getter)(Valu
 struct ControlWorld {
     platform::MemoryPorts System;
     automation::ComPtr<FakeDusoro> Dusoro = FakeDusoro::Make();
-    HRESULT CompanionStatus = S_OK;  // of creating the companion
+    HRESULT CompanionStatus = S_OK;  // of creating the file companion
+    automation::ComPtr<FakeKestrin> Kestrin = FakeKestrin::Make();
     automation::ComPtr<EventRecorder> Events = automation::MakeCounted<EventRecorder>();
 
     automation::ComPtr<interfaces::IMavrin2> Control;
