@@ -1,5 +1,6 @@
 #include "automation/type_records.h"
 
+#include <cstddef>
 #include <new>
 #include <vector>
 
