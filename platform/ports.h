@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 
+#include "platform/block_memory.h"
 #include "platform/clipboard.h"
 #include "platform/error_dialog.h"
 #include "platform/files.h"
@@ -22,6 +23,7 @@ struct Ports {
     std::shared_ptr<FontLoader> Fonts;
     SystemColors Colors;
     std::shared_ptr<SoundClipboard> Clipboard;
+    std::shared_ptr<BlockMemory> Memory = HeapBlockMemory();
 };
 
 // The adapters of the running system.

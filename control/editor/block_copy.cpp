@@ -21,7 +21,7 @@ int PercentRead(const WaveStream& source) {
 }
 
 CopyEnd CopyBlocks(WaveStream& source, WaveStream& target, std::int64_t end, std::uint32_t block,
-                   CopyBuffer& buffer, const std::function<bool()>& goOn) {
+                   BlockBuffer& buffer, const std::function<bool()>& goOn) {
     for (;;) {
         const std::int64_t left = std::max<std::int64_t>(end - target.Length(), 0);
         const auto copied = source.CopyTo(

@@ -25,6 +25,6 @@ enum class CopyEnd {
 // Copies from `source` to `target`, each from where it stands, until `target` is `end` bytes long.
 // After each block `goOn` is asked.
 CopyEnd CopyBlocks(WaveStream& source, WaveStream& target, std::int64_t end, std::uint32_t block,
-                   CopyBuffer& buffer, const std::function<bool()>& goOn);
+                   BlockBuffer& buffer, const std::function<bool()>& goOn);
 
 }  // namespace mavrin2::editor

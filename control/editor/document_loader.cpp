@@ -38,13 +38,7 @@ void DocumentLoader::LoadThroughCompanion(const std::filesystem::path& path,
 }
 
 bool DocumentLoader::OpenSource(const std::filesystem::path& path, FormatTypeConstants type) {
-    try {
-        companion_.OpenSoundFile(path, type);
-        companion_.GetErrorCode(operation_.Status.LastError);
-    } catch (...) {
-        // Anybody may have written the companion: whatever escapes from it ends here.
-        operation_.Status.LastError = ErrorConstants::FORMATNOTSUPPORT;
-    }
+    operation_.Status.LastError = companion_.TryOpen(path, type);
     return operation_.Status.LastError == ErrorConstants::NOERRORS;
 }
 
@@ -78,7 +72,8 @@ bool DocumentLoader::ReadBlocks() {
     document_.Channels.Recount(document_.Format.Channels);
     presentation_.View.FormatChanged();
     while (!operation_.Status.Idle()) {
-        const auto block = companion_.ReadBlock(FramesPerBlock(document_.Format.Frequency));
+        SoundFileCompanion::Samples block;
+        companion_.ReadBlock(FramesPerBlock(document_.Format.Frequency), block);
         const automation::ArrayView<std::int16_t> samples(block.Get());
         if (samples.Elements().size() < 2) break;
         if (!target_.Stream().Write(std::as_bytes(samples.Elements()))) return FailFileAccess();

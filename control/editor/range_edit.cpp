@@ -28,6 +28,7 @@ RangeEdit::RangeEdit(const Document& document, const Operation& operation, const
       status_(operation.Status, ticket_),
       source_(storage.Files),
       target_(storage),
+      buffer_(storage.Memory),
       region_(region),
       newLength_(newLength),
       selection_{document.History.Current()->Level().StartSelect,
@@ -39,16 +40,13 @@ RangeEdit::~RangeEdit() {
 
 bool RangeEdit::BeginEdit() {
     status_.Set(value_);
-    if (!Open()) {
-        AbandonEdit(ErrorConstants::FILEACCESS);
-        return false;
-    }
+    if (!Open()) return AbandonEdit(ErrorConstants::FILEACCESS);
+    if (!buffer_.Take()) return AbandonEdit(ErrorConstants::MEMORY);
     const std::int64_t head = region_.Start.Count();
     const CopyEnd end =
         CopyBlocks(source_, Target(), head, BlockSize(storage_.Settings, source_, head), buffer_,
                    [this] { return ReportBlock(PercentRead(source_)); });
-    if (end != CopyEnd::Complete) AbandonEdit(ErrorOf(end));
-    return end == CopyEnd::Complete;
+    return end == CopyEnd::Complete || AbandonEdit(ErrorOf(end));
 }
 
 bool RangeEdit::Open() {
@@ -74,7 +72,7 @@ bool RangeEdit::CommitEdit() {
     status_.Set(value_);
     const DocumentState* old = document_.History.Current();
     if (!ticket_.IsCurrent()) return FailCommit();
-    const Carried carried{old->Level(), old->Selected != 0, old->ZoomIndex > 0};
+    const Carried carried{old->Level(), old->Selected || selectResult_, old->ZoomIndex > 0};
     const Stretch stretch{region_.Start, region_.End, region_.Start, Bytes(Target().Length())};
     const CopyEnd end = CopyTail();
     if (end != CopyEnd::Complete) return FailCommit(ErrorOf(end));
@@ -82,6 +80,7 @@ bool RangeEdit::CommitEdit() {
     if (!target_.PushTo(document_.History, document_.Format))
         return FailCommit(ErrorConstants::FILEACCESS);
     ticket_.Moved();
+    if (selectResult_) document_.History.Current()->Prev->Selected = 1;
     EndObservation(true);
     status_.End();
 
@@ -148,12 +147,13 @@ void RangeEdit::Discard() {
     target_.Discard();
 }
 
-void RangeEdit::AbandonEdit(ErrorConstants error) {
+bool RangeEdit::AbandonEdit(ErrorConstants error) {
     Discard();
-    if (!ticket_.IsCurrent()) return;
+    if (!ticket_.IsCurrent()) return false;
     status_.End();
     if (error != ErrorConstants::NOERRORS) operation_.Status.LastError = error;
     operation_.Events.EndOperation();
+    return false;
 }
 
 bool RangeEdit::FailCommit(ErrorConstants error) {

@@ -41,6 +41,8 @@ public:
     // For a replacement that uses up more of the old sound than was known beforehand.
     void SetEnd(Bytes end) { region_.End = end; }
     const EditRegion& Region() const { return region_; }
+    // What was written is selected afterwards, and its place in the old version too.
+    void SelectResult() { selectResult_ = true; }
 
     // Whether no other operation has taken its place.
     bool IsCurrent() const { return ticket_.IsCurrent(); }
@@ -54,8 +56,8 @@ public:
     // and events as they follow. False when the edit has ended without a new version.
     bool CommitEdit();
 
-    // Ends the edit without a new version, with an error unless it was cancelled.
-    void AbandonEdit(ErrorConstants error = ErrorConstants::NOERRORS);
+    // Ends the edit without a new version, with an error unless it was cancelled. Always false.
+    bool AbandonEdit(ErrorConstants error = ErrorConstants::NOERRORS);
 
 private:
     // Where old and new version differ: [OldStart, OldEnd) was left out, [NewStart, NewEnd) written
@@ -89,10 +91,11 @@ private:
     StatusGuard status_;
     WaveStream source_;
     NewWorkFile target_;
-    CopyBuffer buffer_;
+    BlockBuffer buffer_;
     EditRegion region_;
     std::optional<Bytes> newLength_;
     EditRegion selection_;  // as it was at the beginning
+    bool selectResult_ = false;
     bool observed_ = false;
 };
 

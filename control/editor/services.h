@@ -8,6 +8,7 @@
 #include "control/editor/temporary_files.h"
 #include "control/editor/undo_history.h"
 #include "control/editor/view_range.h"
+#include "platform/block_memory.h"
 #include "platform/files.h"
 
 // What the operations on a document work with, in groups of references to parts that belong to the
@@ -30,9 +31,10 @@ struct Operation {
     EditorEvents& Events;
 };
 
-// Where work files are.
+// Where sound is kept: in work files, and a block of it in memory.
 struct Storage {
     platform::FileSystem& Files;
+    platform::BlockMemory& Memory;
     TemporaryFiles& Temporary;
     const EditSettings& Settings;
 };

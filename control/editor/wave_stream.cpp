@@ -88,9 +88,7 @@ bool WaveStream::Open(const std::filesystem::path& path, Mode mode) {
 }
 
 bool WaveStream::OpenWhole(const std::filesystem::path& path, signal::Bytes length) {
-    if (!Open(path, Mode::Read)) return false;
-    const auto fileLength = file_->Length();
-    if (length_ == length.Count() && fileLength && *fileLength >= dataStart_ + length.Count())
+    if (Open(path, Mode::Read) && length_ == length.Count() && Available() == length.Count())
         return true;
     Close();
     return false;
@@ -178,8 +176,10 @@ bool WaveStream::Create(const std::filesystem::path& path, std::int32_t frequenc
         .Put(FourCc("data"))
         .Put(std::uint32_t{0});
     file_ = files_.Create(path);
-    if (!file_ || !file_->Write(0, header)) {
+    if (!file_) return false;
+    if (!file_->Write(0, header)) {
         file_.reset();
+        files_.Remove(path);
         return false;
     }
     mode_ = Mode::Created;
@@ -196,6 +196,12 @@ std::optional<std::uint32_t> WaveStream::Read(std::span<std::byte> target) {
     if (!read) return std::nullopt;
     position_ += static_cast<std::uint32_t>(*read);
     return static_cast<std::uint32_t>(*read);
+}
+
+std::optional<std::int64_t> WaveStream::Available() const {
+    const auto fileLength = file_->Length();
+    if (!fileLength) return std::nullopt;
+    return std::clamp<std::int64_t>(*fileLength - dataStart_, 0, length_);
 }
 
 std::optional<std::uint32_t> WaveStream::ReadWhole(std::span<std::byte> target) {
@@ -224,11 +230,10 @@ bool WaveStream::Write(std::span<const std::byte> source) {
 }
 
 std::optional<std::uint32_t> WaveStream::CopyTo(WaveStream& target, std::uint32_t count,
-                                                CopyBuffer& buffer) {
+                                                BlockBuffer& buffer) {
     std::uint32_t copied = 0;
     while (copied < count) {
-        const auto piece =
-            buffer.PieceFor(std::int64_t{target.dataStart_} + target.position_, count - copied);
+        const auto piece = buffer.PieceFor(target.FileOffset(), count - copied);
         if (piece.empty()) return std::nullopt;
         const auto read = ReadWhole(piece);
         if (!read || !target.Write(piece.first(*read))) return std::nullopt;

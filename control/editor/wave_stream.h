@@ -6,7 +6,7 @@
 #include <optional>
 #include <span>
 
-#include "control/editor/copy_buffer.h"
+#include "control/editor/block_buffer.h"
 #include "control/editor/ports.h"
 #include "platform/files.h"
 
@@ -60,7 +60,7 @@ public:
     // Reads up to `count` bytes and writes them to `target`: the bytes copied, 0 at the end;
     // nothing when reading or writing failed or there is no memory.
     std::optional<std::uint32_t> CopyTo(WaveStream& target, std::uint32_t count,
-                                        CopyBuffer& buffer);
+                                        BlockBuffer& buffer);
     bool Seek(std::int64_t position);
 
     // Shows it every block that is written; null for nobody. Has to live as long.
@@ -71,7 +71,12 @@ public:
 
     const std::filesystem::path& Path() const { return path_; }
     std::uint32_t DataPos() const { return position_; }
+    // The same from the start of the file.
+    std::int64_t FileOffset() const { return std::int64_t{dataStart_} + position_; }
     std::uint32_t Length() const { return length_; }
+    // The samples' bytes that the file really has, no more than Length(); nothing when that is not
+    // known.
+    std::optional<std::int64_t> Available() const;
     const WaveFormat& Format() const { return format_; }
 
 private:

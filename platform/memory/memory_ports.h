@@ -7,6 +7,7 @@
 #include "platform/memory/memory_file_system.h"
 #include "platform/memory/memory_instance_locks.h"
 #include "platform/memory/recording_error_dialog.h"
+#include "platform/memory/refusing_memory.h"
 #include "platform/ports.h"
 
 namespace mavrin2::platform {
@@ -17,12 +18,13 @@ struct MemoryPorts {
     std::shared_ptr<RecordingErrorDialog> Errors = std::make_shared<RecordingErrorDialog>();
     MemoryInstanceLocks Locks;
     std::shared_ptr<FixedFonts> Fonts = std::make_shared<FixedFonts>();
+    std::shared_ptr<RefusingMemory> Memory = std::make_shared<RefusingMemory>();
     SystemColors Colors = {.ButtonFace = 0xC8D0D4, .Highlight = 0xFFFFFF, .Shadow = 0x808080};
     std::shared_ptr<MemoryClipboard> Clipboard = std::make_shared<MemoryClipboard>();
 
     Ports AsPorts() const {
-        return {Files, Errors, [locks = Locks]() mutable { return locks.New(); },
-                Fonts, Colors, Clipboard};
+        return {Files,     Errors, [locks = Locks]() mutable { return locks.New(); }, Fonts, Colors,
+                Clipboard, Memory};
     }
 };
 
