@@ -16,8 +16,14 @@ enum class StatusConstants : std::int16_t {
     Opening = 3,
     Saving = 4,
     Paused = 5,
+    CopyingBlock = 6,  // out of the document, into an array or the clip file
     BuildingOverview = 7,
     DeleteSelect = 8,
+    Paste = 9,
+    PasteFromFile = 10,
+    Mix = 11,
+    MixFromFile = 12,
+    ConvertSampleType = 20,
     // The operations of the Transform object.
     Resample = 30,
     PitchShift = 31,

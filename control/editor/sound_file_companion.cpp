@@ -21,6 +21,19 @@ void SoundFileCompanion::OpenSoundFile(const std::filesystem::path& path,
     companion_->OpenSoundFile(PathText(path).Get(), static_cast<LONG>(type), 1);
 }
 
+ErrorConstants SoundFileCompanion::TryOpen(const std::filesystem::path& path,
+                                           FormatTypeConstants type) {
+    ErrorConstants error = ErrorConstants::NOERRORS;
+    try {
+        OpenSoundFile(path, type);
+        GetErrorCode(error);
+    } catch (...) {
+        // Anybody may have written the companion: whatever escapes from it ends here.
+        error = ErrorConstants::FORMATNOTSUPPORT;
+    }
+    return error;
+}
+
 void SoundFileCompanion::CreateSoundFile(const std::filesystem::path& path,
                                          FormatTypeConstants type) {
     ++session_;
@@ -36,10 +49,8 @@ bool SoundFileCompanion::WriteBlock(const Samples& samples) {
     return SUCCEEDED(companion_->WriteBlock(samples.Get()));
 }
 
-SoundFileCompanion::Samples SoundFileCompanion::ReadBlock(std::int32_t frames) {
-    Samples samples;
-    companion_->ReadBlock(frames, samples.Put());
-    return samples;
+bool SoundFileCompanion::ReadBlock(std::int32_t frames, Samples& samples) {
+    return SUCCEEDED(companion_->ReadBlock(frames, samples.Put()));
 }
 
 void SoundFileCompanion::SetPcmFormat(std::int32_t frequency, std::int32_t channels) {

@@ -24,12 +24,14 @@ public:
     void Release() { companion_.Reset(); }
 
     void OpenSoundFile(const std::filesystem::path& path, FormatTypeConstants type);
+    // The same, and the code of its outcome; FORMATNOTSUPPORT for an exception of the companion's.
+    ErrorConstants TryOpen(const std::filesystem::path& path, FormatTypeConstants type);
     void CreateSoundFile(const std::filesystem::path& path, FormatTypeConstants type);
     // False when the output file could not be completed, or nothing was open for writing.
     bool CloseFile();
     bool WriteBlock(const Samples& samples);
-    // At most `frames` frames; no array when the companion gave none.
-    Samples ReadBlock(std::int32_t frames);
+    // At most `frames` frames; no array when the companion gave none. False when it failed.
+    bool ReadBlock(std::int32_t frames, Samples& samples);
     void SetPcmFormat(std::int32_t frequency, std::int32_t channels);
     void SetFormatVOX(std::int32_t frequency);
     void SetWmaMode(bool on);
