@@ -8,7 +8,9 @@ namespace mavrin2::automation {
 template <>
 const InterfaceDescription& DescriptionOf<interfaces::IMavrin2>() {
     using I = interfaces::IMavrin2;
+    using interfaces::ChannelsConstants;
     using interfaces::FormatTypeConstants;
+    using interfaces::FrequencyConstants;
     static const InterfaceDescription description =
         InterfaceBuilder<I>("IMavrin2", "The sound editor control", &interfaces::ControlLibrary)
             .Method<&I::New>(1, "New", "An empty document: hertz, channels (1 or 2)",
@@ -23,9 +25,33 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2>() {
             .Method<&I::Redo>(6, "Redo", "Takes an undone change back")
             .Method<&I::BeginOperations>(7, "BeginOperations", "Starts a batch of changes")
             .Method<&I::EndOperations>(8, "EndOperations", "Ends the batch and draws it")
-            .Reserved(6)
+            .Method<&I::Copy>(9, "Copy", "Writes the selection to the file TempFileName")
+            .Method<&I::Cut>(10, "Cut", "Copies the selection and deletes it")
+            .Method<&I::Paste>(11, "Paste",
+                               "Replaces the selection by the sound of TempFileName, or inserts it")
+            .Method<&I::PasteFromFile>(12, "PasteFromFile", "Pastes a sound file of any format",
+                                       In("fileName"))
+            .Method<&I::Mix>(13, "Mix",
+                             "Mixes the sound of TempFileName into the document; levels in percent",
+                             In("AmplifySelect"), In("AmplifyPaste"))
+            .Method<&I::MixFromFile>(14, "MixFromFile",
+                                     "Mixes a sound file of any format; levels in percent",
+                                     In("AmplifySelect"), In("fileNamePaste"), In("AmplifyPaste"))
             .Method<&I::DeleteSelect>(15, "DeleteSelect", "Deletes the selection")
-            .Reserved(6)
+            .Reserved(2)
+            .Method<&I::GetAudioArray>(18, "GetAudioArray",
+                                       "Interleaved samples of that many frames from the "
+                                       "selection's start, fewer at the end",
+                                       In("nSamples"), Result("Array").ArrayOf(VT_I2))
+            .Method<&I::PutAudioArray>(19, "PutAudioArray",
+                                       "Replaces the selection by interleaved samples, or inserts "
+                                       "them",
+                                       In("Array").ArrayOf(VT_I2))
+            .Method<&I::ConvertSampleType>(20, "ConvertSampleType",
+                                           "Changes rate (hertz) and channels (1 or 2)",
+                                           In("Frequency").Default(FrequencyConstants::FQ_44_KHZ),
+                                           In("Channels").Default(ChannelsConstants::STEREO))
+            .Reserved(1)
             .Method<&I::Stop>(22, "Stop", "Cancels the running operation")
             .Reserved(3)
             .Method<&I::ZoomIn>(26, "ZoomIn", "Shows the selection")

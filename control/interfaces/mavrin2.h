@@ -33,18 +33,32 @@ struct IMavrin2 : public IDispatch {
     // What is changed in between is one step of Undo and is drawn once.
     virtual HRESULT STDMETHODCALLTYPE BeginOperations() = 0;
     virtual HRESULT STDMETHODCALLTYPE EndOperations() = 0;
-    MAVRIN2_RESERVED(Copy, 9)
-    MAVRIN2_RESERVED(Cut, 10)
-    MAVRIN2_RESERVED(Paste, 11)
-    MAVRIN2_RESERVED(PasteFromFile, 12)
-    MAVRIN2_RESERVED(Mix, 13)
-    MAVRIN2_RESERVED(MixFromFile, 14)
+    // Writes the selection to the file TempFileName.
+    virtual HRESULT STDMETHODCALLTYPE Copy() = 0;
+    virtual HRESULT STDMETHODCALLTYPE Cut() = 0;
+    // Puts the sound of TempFileName in the place of the selection, or inserts it at the current
+    // position, converted to the document's rate and channels.
+    virtual HRESULT STDMETHODCALLTYPE Paste() = 0;
+    // The same with a sound file of any format.
+    virtual HRESULT STDMETHODCALLTYPE PasteFromFile(BSTR fileName) = 0;
+    // Mixes the sound of TempFileName into the document from the selection's start on, until one of
+    // them ends. Levels in percent.
+    virtual HRESULT STDMETHODCALLTYPE Mix(FLOAT AmplifySelect, FLOAT AmplifyPaste) = 0;
+    virtual HRESULT STDMETHODCALLTYPE MixFromFile(FLOAT AmplifySelect, BSTR fileNamePaste,
+                                                  FLOAT AmplifyPaste) = 0;
     virtual HRESULT STDMETHODCALLTYPE DeleteSelect() = 0;
     MAVRIN2_RESERVED(CopyToClipboard, 16)
     MAVRIN2_RESERVED(PasteFromClipboard, 17)
-    MAVRIN2_RESERVED(GetAudioArray, 18)
-    MAVRIN2_RESERVED(PutAudioArray, 19)
-    MAVRIN2_RESERVED(ConvertSampleType, 20)
+    // At most `nSamples` frames from the selection's start, as 16-bit samples, interleaved; fewer
+    // at the end of the document. The array becomes the caller's; null when there is nothing to
+    // read.
+    virtual HRESULT STDMETHODCALLTYPE GetAudioArray(LONG nSamples, SAFEARRAY** Array) = 0;
+    // Puts the samples in the place of the selection, or inserts them at its start. The array is
+    // read and stays the caller's.
+    virtual HRESULT STDMETHODCALLTYPE PutAudioArray(SAFEARRAY** Array) = 0;
+    // Changes the document's rate (hertz) and channels (1 or 2).
+    virtual HRESULT STDMETHODCALLTYPE ConvertSampleType(FrequencyConstants Frequency,
+                                                        ChannelsConstants Channels) = 0;
     MAVRIN2_RESERVED(Play, 21)
     // Cancels the running operation.
     virtual HRESULT STDMETHODCALLTYPE Stop() = 0;

@@ -84,31 +84,32 @@ void TransformPipeline::Run(StatusConstants status, BlockKind blocks, const Proc
     operation_.Status.LastError = ErrorConstants::NOERRORS;
 
     const EditRegion region = SelectedRegion();
-    const Bytes length = region.End - region.Start;
-    const Bytes selected = state.Level().EndSelect - region.Start;
-    const Bytes total = state.TotalBytes;
-    RangeEdit edit(document_, operation_, storage_, presentation_, status, region, length);
-    if (!edit.BeginEdit()) return;
-    {
-        const bool mono = document_.Format.Channels == 1;
-        const bool onePass = blocks == BlockKind::Whole || mono;
-        TransformProgress::Passes passes(companion_.Progress(), edit, region.Start, selected, total,
-                                         onePass ? 1 : document_.Channels.OperationCount);
-        const Smoothing smoothing(companion_, storage_.Settings.SmoothEnabled != 0);
-        try {
-            TransformRegion samples(length, blocks != BlockKind::Whole && !mono,
-                                    edit.Source().Format().BytesPerSecond);
-            if (!samples.Load(edit.Source())) return edit.AbandonEdit(ErrorConstants::FILEACCESS);
-            const HRESULT status = ProcessBlocks(samples, blocks, process, passes, edit);
-            if (!edit.IsRunning()) return edit.AbandonEdit();
-            if (FAILED(status)) return edit.AbandonEdit(ErrorOf(status));
-            if (!samples.IsValid()) return edit.AbandonEdit(ErrorConstants::UNEXPECTED);
-            if (!samples.Write(edit.Target())) return edit.AbandonEdit(ErrorConstants::FILEACCESS);
-        } catch (const std::bad_alloc&) {
-            return edit.AbandonEdit(ErrorConstants::MEMORY);
-        }
+    RangeEdit edit(document_, operation_, storage_, presentation_, status, region,
+                   region.End - region.Start);
+    if (edit.BeginEdit() && WriteProcessed(edit, blocks, process)) edit.CommitEdit();
+}
+
+bool TransformPipeline::WriteProcessed(RangeEdit& edit, BlockKind blocks, const Process& process) {
+    const editor::DocumentState& state = *document_.History.Current();
+    const Bytes start = edit.Region().Start;
+    const Bytes length = edit.Region().End - start;
+    const bool split = blocks != BlockKind::Whole && document_.Format.Channels == 2;
+    TransformProgress::Passes passes(companion_.Progress(), edit, start,
+                                     state.Level().EndSelect - start, state.TotalBytes,
+                                     split ? document_.Channels.OperationCount : 1);
+    const Smoothing smoothing(companion_, storage_.Settings.SmoothEnabled != 0);
+    try {
+        TransformRegion samples(length, split, edit.Source().Format().BytesPerSecond);
+        if (!samples.Load(edit.Source())) return edit.AbandonEdit(ErrorConstants::FILEACCESS);
+        const HRESULT status = ProcessBlocks(samples, blocks, process, passes, edit);
+        if (!edit.IsRunning()) return edit.AbandonEdit();
+        if (FAILED(status)) return edit.AbandonEdit(ErrorOf(status));
+        if (!samples.IsValid()) return edit.AbandonEdit(ErrorConstants::UNEXPECTED);
+        if (!samples.Write(edit.Target())) return edit.AbandonEdit(ErrorConstants::FILEACCESS);
+    } catch (const std::bad_alloc&) {
+        return edit.AbandonEdit(ErrorConstants::MEMORY);
     }
-    edit.CommitEdit();
+    return true;
 }
 
 HRESULT TransformPipeline::ProcessBlocks(TransformRegion& region, BlockKind blocks,
@@ -148,8 +149,10 @@ void TransformPipeline::InsertSilence(std::int32_t milliseconds) {
         static_cast<std::size_t>(std::min<std::int64_t>(length, 1 << 20)));
     for (std::int64_t left = length; left > 0;) {
         const auto count = std::min<std::size_t>(zeros.size(), static_cast<std::size_t>(left));
-        if (!edit.Target().Write(std::span(zeros).first(count)))
-            return edit.AbandonEdit(ErrorConstants::FILEACCESS);
+        if (!edit.Target().Write(std::span(zeros).first(count))) {
+            edit.AbandonEdit(ErrorConstants::FILEACCESS);
+            return;
+        }
         left -= static_cast<std::int64_t>(count);
     }
     if (!edit.CommitEdit() || !edit.IsCurrent()) return;

@@ -54,6 +54,8 @@ private:
 
     void Run(editor::StatusConstants status, BlockKind blocks, const Process& process);
     editor::EditRegion SelectedRegion() const;
+    // False when the edit has been abandoned.
+    bool WriteProcessed(editor::RangeEdit& edit, BlockKind blocks, const Process& process);
     HRESULT ProcessBlocks(TransformRegion& region, BlockKind blocks, const Process& process,
                           TransformProgress::Passes& passes, const editor::RangeEdit& edit);
 

@@ -111,6 +111,53 @@ STDMETHODIMP CMavrin2::EndOperations() {
     return Run([](DocumentEditor& editor) { editor.UndoRedo.EndOperations(); });
 }
 
+STDMETHODIMP CMavrin2::Copy() {
+    return Run([](DocumentEditor& editor) { editor.Edits.Copy(); });
+}
+
+STDMETHODIMP CMavrin2::Cut() {
+    return Run([](DocumentEditor& editor) { editor.Edits.Cut(); });
+}
+
+STDMETHODIMP CMavrin2::Paste() {
+    return Run([](DocumentEditor& editor) { editor.Edits.Paste(); });
+}
+
+STDMETHODIMP CMavrin2::PasteFromFile(BSTR fileName) {
+    return Run(
+        [&](DocumentEditor& editor) { editor.Edits.PasteFromFile(ToPath(Bstr::View(fileName))); });
+}
+
+STDMETHODIMP CMavrin2::Mix(FLOAT AmplifySelect, FLOAT AmplifyPaste) {
+    return Run([&](DocumentEditor& editor) { editor.Edits.Mix(AmplifySelect, AmplifyPaste); });
+}
+
+STDMETHODIMP CMavrin2::MixFromFile(FLOAT AmplifySelect, BSTR fileNamePaste, FLOAT AmplifyPaste) {
+    return Run([&](DocumentEditor& editor) {
+        editor.Edits.MixFromFile(AmplifySelect, ToPath(Bstr::View(fileNamePaste)), AmplifyPaste);
+    });
+}
+
+STDMETHODIMP CMavrin2::GetAudioArray(LONG nSamples, SAFEARRAY** Array) {
+    if (!Array) return E_POINTER;
+    *Array = nullptr;
+    return Run(
+        [&](DocumentEditor& editor) { *Array = editor.Arrays.GetAudioArray(nSamples).Detach(); });
+}
+
+STDMETHODIMP CMavrin2::PutAudioArray(SAFEARRAY** Array) {
+    if (!Array) return E_POINTER;
+    return Run([&](DocumentEditor& editor) { editor.Arrays.PutAudioArray(*Array); });
+}
+
+STDMETHODIMP CMavrin2::ConvertSampleType(interfaces::FrequencyConstants Frequency,
+                                         interfaces::ChannelsConstants Channels) {
+    return Run([&](DocumentEditor& editor) {
+        editor.Conversion.ConvertSampleType(static_cast<std::int32_t>(Frequency),
+                                            static_cast<std::int32_t>(Channels));
+    });
+}
+
 STDMETHODIMP CMavrin2::DeleteSelect() {
     return Run([](DocumentEditor& editor) { editor.Edits.DeleteSelect(); });
 }

@@ -29,7 +29,17 @@ public:
     STDMETHODIMP Redo() override;
     STDMETHODIMP BeginOperations() override;
     STDMETHODIMP EndOperations() override;
+    STDMETHODIMP Copy() override;
+    STDMETHODIMP Cut() override;
+    STDMETHODIMP Paste() override;
+    STDMETHODIMP PasteFromFile(BSTR fileName) override;
+    STDMETHODIMP Mix(FLOAT AmplifySelect, FLOAT AmplifyPaste) override;
+    STDMETHODIMP MixFromFile(FLOAT AmplifySelect, BSTR fileNamePaste, FLOAT AmplifyPaste) override;
     STDMETHODIMP DeleteSelect() override;
+    STDMETHODIMP GetAudioArray(LONG nSamples, SAFEARRAY** Array) override;
+    STDMETHODIMP PutAudioArray(SAFEARRAY** Array) override;
+    STDMETHODIMP ConvertSampleType(interfaces::FrequencyConstants Frequency,
+                                   interfaces::ChannelsConstants Channels) override;
     STDMETHODIMP Stop() override;
     STDMETHODIMP ZoomIn() override;
     STDMETHODIMP ZoomOut() override;

@@ -44,8 +44,6 @@ template <class Object>
 Object ObjectIn(ComPtr<Object> ControlParts::*);
 template <class Wrapper, class Interface>
 Interface InterfaceTaken(void (Wrapper::*)(ComPtr<Interface>));
-template <class Wrapper>
-Wrapper WrapperIn(Wrapper ControlParts::*);
 
 // A sub-object, kept in the member that `Place` names.
 template <auto Place>
@@ -69,19 +67,22 @@ constexpr Part SubObject(const char* failure, int released, Act attach) {
             &CreateObject<Object>};
 }
 
+// A new instance of a companion, for `wrapper` to call.
+template <class Wrapper>
+HRESULT NewCompanion(const ControlParts& parts, const CLSID& id, Wrapper& wrapper) {
+    using Interface = decltype(InterfaceTaken(&Wrapper::Attach));
+    ComPtr<Interface> companion;
+    const HRESULT status =
+        parts.Environment.CreateCompanion(id, automation::IidOf<Interface>(), companion.PutVoid());
+    if (SUCCEEDED(status)) wrapper.Attach(std::move(companion));
+    return status;
+}
+
 // A companion, called through the member that `Place` names.
 template <auto Place, const CLSID& Id>
 constexpr Part Companion(const char* failure, int released) {
-    using Wrapper = decltype(WrapperIn(Place));
-    using Interface = decltype(InterfaceTaken(&Wrapper::Attach));
     return {failure, released,
-            [](ControlParts& parts) {
-                ComPtr<Interface> companion;
-                const HRESULT status = parts.Environment.CreateCompanion(
-                    Id, automation::IidOf<Interface>(), companion.PutVoid());
-                if (SUCCEEDED(status)) (parts.*Place).Attach(std::move(companion));
-                return status;
-            },
+            [](ControlParts& parts) { return NewCompanion(parts, Id, parts.*Place); },
             [](ControlParts& parts) { (parts.*Place).Release(); }};
 }
 
@@ -177,9 +178,12 @@ HRESULT ControlParts::MakeParts() {
 }
 
 void ControlParts::Wire() {
-    Editor = std::make_unique<DocumentEditor>(
-        EditorDependencies{Environment.Ports, Temporary, Position->History(), State, Dusoro,
-                           Kestrin, Events, Style, Container});
+    Editor = std::make_unique<DocumentEditor>(EditorDependencies{
+        Environment.Ports, Temporary, Position->History(), State, Dusoro, Kestrin,
+        [this](editor::SoundFileCompanion& companion) {
+            return SUCCEEDED(NewCompanion(*this, contracts::CLSID_KovDusoro2, companion));
+        },
+        Events, Style, Container});
     for (const Part& part : kParts)
         if (part.Attach) part.Attach(*this);
     Container.Attach(

@@ -3,8 +3,10 @@
 #include "control/editor/document_opening.h"
 #include "control/editor/document_saver.h"
 #include "control/editor/edit_operations.h"
+#include "control/editor/format_conversion.h"
 #include "control/editor/play_state.h"
 #include "control/editor/positions.h"
+#include "control/editor/sample_arrays.h"
 #include "control/editor/services.h"
 #include "control/editor/undo_redo.h"
 #include "control/objects/channel.h"
@@ -38,6 +40,7 @@ struct EditorDependencies {
     ControlState& State;
     editor::SoundFileCompanion& Companion;
     processing::TransformCompanion& Transforms;
+    editor::EditOperations::CompanionSource NewCompanion;
     editor::EditorEvents& Events;
     view::Style& Style;
     view::Display& Display;
@@ -63,6 +66,8 @@ public:
     editor::DocumentOpening Opening;
     editor::DocumentSaver Saver;
     editor::EditOperations Edits;
+    editor::SampleArrays Arrays;
+    editor::FormatConversion Conversion;
     editor::UndoRedo UndoRedo;
     editor::Positions Positions;
     view::ViewOperations View;
