@@ -13,12 +13,14 @@ constexpr std::int64_t kSpaceStep = 97;  // bytes
 
 struct Fault {
     const char* Name;
-    std::optional<Call> Failing;  // nothing: the disk is full
+    std::optional<Call> Failing;
+    bool NoMemory = false;  // otherwise, without a failing call, the disk is full
 };
 
 constexpr Fault kFaults[] = {
-    {"Create", Call::Create}, {"Write", Call::Write},   {"Open", Call::Open},
-    {"Read", Call::Read},     {"Length", Call::Length}, {"FullDisk", std::nullopt},
+    {"Create", Call::Create},       {"Write", Call::Write},   {"Open", Call::Open},
+    {"Read", Call::Read},           {"Length", Call::Length}, {"FullDisk", std::nullopt},
+    {"Memory", std::nullopt, true},
 };
 
 struct Operation {
@@ -27,6 +29,7 @@ struct Operation {
     // What else is expected after a failure.
     void (*Check)(ControlWorld& world, HRESULT status);
     std::int64_t NewFile;  // bytes that the operation writes
+    LONG ClipRate = 0;     // of the clip file; 0 for none
 };
 
 class Sweep : public testing::TestWithParam<std::tuple<int, int>> {};
@@ -37,12 +40,12 @@ std::string Everything(ControlWorld& world) {
     for (const std::int16_t sample : world.DocumentSamples())
         all += " " + std::to_string(sample);
     for (const auto& path : world.System.Files->Files())
-        all += " " + path.string();
+        if (path != ControlWorld::ClipFile) all += " " + path.string();
     return all;
 }
 
 // A document with an older and a newer version, and the state of it all.
-std::string Prepare(ControlWorld& world) {
+std::string Prepare(ControlWorld& world, const Operation& operation) {
     world.Start();
     world.OpenSound(Ramp(1000));
     for (int edit = 0; edit < 2; ++edit) {
@@ -51,15 +54,19 @@ std::string Prepare(ControlWorld& world) {
     }
     world.Control->Undo();
     world.Select(500, 600);
+    if (operation.ClipRate > 0)
+        world.SetClip(static_cast<std::uint32_t>(operation.ClipRate), 1, Ramp(250));
+    world.Private->Source.Samples = Ramp(2100);
     world.Dusoro->State = Output::None;
     world.Dusoro->OpenCode = -12;
     world.Dusoro->Calls.clear();
     return Everything(world);
 }
 
-void CheckDelete(ControlWorld& world, HRESULT status) {
+void CheckEdit(ControlWorld& world, HRESULT status) {
     EXPECT_EQ(status, S_OK);
-    EXPECT_TRUE(world.Events->Take().ends_with("end"));
+    // Without a clip nothing begins.
+    EXPECT_EQ(world.Events->Take().ends_with("end"), world.LastError() != 0);
 }
 
 void CheckSave(ControlWorld& world, HRESULT status) {
@@ -85,6 +92,11 @@ void CheckNew(ControlWorld& world, HRESULT status) {
               interfaces::ChannelsConstants::STEREO);
 }
 
+void CheckCopy(ControlWorld& world, HRESULT status) {
+    CheckEdit(world, status);
+    EXPECT_FALSE(world.System.Files->Exists(ControlWorld::ClipFile)) << "neither all nor a part";
+}
+
 const Operation kOperations[] = {
     {"New",
      [](ControlWorld& world) {
@@ -100,14 +112,39 @@ const Operation kOperations[] = {
      },
      CheckOpen, 58 + 2000},
     {"Save", [](ControlWorld& world) { return world.Save(); }, CheckSave, 0},
-    {"DeleteSelect", [](ControlWorld& world) { return world.Control->DeleteSelect(); }, CheckDelete,
+    {"DeleteSelect", [](ControlWorld& world) { return world.Control->DeleteSelect(); }, CheckEdit,
      58 + 1600},
+    {"Copy", [](ControlWorld& world) { return world.Control->Copy(); }, CheckCopy, 58 + 200},
+    {"Cut", [](ControlWorld& world) { return world.Control->Cut(); }, CheckEdit, 58 + 200},
+    {"Paste", [](ControlWorld& world) { return world.Control->Paste(); }, CheckEdit, 58 + 2100,
+     1000},
+    {"PasteConverted", [](ControlWorld& world) { return world.Control->Paste(); }, CheckEdit,
+     58 + 2600, 500},
+    {"PasteFromFile", [](ControlWorld& world) { return world.PasteFromFile(); }, CheckEdit,
+     58 + 5800},
+    {"Mix", [](ControlWorld& world) { return world.Control->Mix(50, 50); }, CheckEdit, 58 + 1800,
+     500},
+    {"MixFromFile", [](ControlWorld& world) { return world.MixFromFile(50, 50); }, CheckEdit,
+     58 + 1800},
+    {"PutAudioArray", [](ControlWorld& world) { return world.PutAudioArray(Ramp(50)); }, CheckEdit,
+     58 + 1700},
+    {"ConvertSampleType",
+     [](ControlWorld& world) {
+         return world.Control->ConvertSampleType(interfaces::FrequencyConstants{500},
+                                                 interfaces::ChannelsConstants::STEREO);
+     },
+     CheckEdit, 58 + 1800},
 };
 
 int CallsOf(const Operation& operation, const Fault& fault) {
-    if (!fault.Failing) return static_cast<int>((operation.NewFile + kSpaceStep - 1) / kSpaceStep);
     ControlWorld world;
-    Prepare(world);
+    Prepare(world, operation);
+    if (fault.NoMemory) {
+        const int taken = world.System.Memory->Calls();
+        EXPECT_EQ(operation.Run(world), S_OK);
+        return world.System.Memory->Calls() - taken;
+    }
+    if (!fault.Failing) return static_cast<int>((operation.NewFile + kSpaceStep - 1) / kSpaceStep);
     const int before = world.System.Files->Calls(*fault.Failing);
     EXPECT_EQ(operation.Run(world), S_OK);
     return world.System.Files->Calls(*fault.Failing) - before;
@@ -120,8 +157,10 @@ TEST_P(Sweep, LeavesEverythingAsItWas) {
     for (int n = 1; n <= calls; ++n) {
         SCOPED_TRACE(n);
         ControlWorld world;
-        const std::string before = Prepare(world);
-        if (fault.Failing)
+        const std::string before = Prepare(world, operation);
+        if (fault.NoMemory)
+            world.System.Memory->RefuseNth(n);
+        else if (fault.Failing)
             world.System.Files->FailNth(*fault.Failing, n);
         else
             world.System.Files->SetFreeSpace((n - 1) * kSpaceStep);
@@ -130,7 +169,10 @@ TEST_P(Sweep, LeavesEverythingAsItWas) {
         world.System.Files->SetFreeSpace({});
 
         operation.Check(world, status);
-        EXPECT_EQ(world.LastError(), -18);
+        if (operation.ClipRate == 0 || world.LastError() != 0) {
+            EXPECT_EQ(world.LastError(), fault.NoMemory ? -11 : -18);
+        }
+        EXPECT_EQ(world.System.Memory->Held(), 0);
         EXPECT_EQ(world.Status(), 0);
         EXPECT_EQ(world.System.Files->OpenFiles(), 0);
         if (world.History().Current()) {
@@ -139,7 +181,7 @@ TEST_P(Sweep, LeavesEverythingAsItWas) {
         EXPECT_EQ(operation.Run(world), S_OK) << "the next time it works";
         EXPECT_NE(world.History().Current(), nullptr);
         world.End();
-        EXPECT_TRUE(world.System.Files->Files().empty());
+        EXPECT_TRUE(world.TempFiles().empty());
     }
 }
 
@@ -161,11 +203,11 @@ TEST(WorkFile, ThatHasVanishedOrShrunkStopsEditsAndSaves) {
                          {"the header only", 58},  {"the last sample is gone", 58 + 1798},
                          {"half of it", 58 + 900}, {"the file", SIZE_MAX}};
     for (const Operation& operation : kOperations) {
-        if (operation.Run != kOperations[2].Run && operation.Run != kOperations[3].Run) continue;
+        if (operation.Check == CheckNew || operation.Check == CheckOpen) continue;
         for (const auto& damage : damages) {
             SCOPED_TRACE(std::string(operation.Name) + ": " + damage.What);
             ControlWorld world;
-            const std::string before = Prepare(world);
+            const std::string before = Prepare(world, operation);
             platform::MemoryFileSystem& files = *world.System.Files;
             const auto path = world.WorkFile();
             const auto bytes = *files.Bytes(path);

@@ -32,6 +32,7 @@ TEST_F(Lifetime, DoesNotBeginWithoutItsCompanion) {
     EXPECT_EQ(TempFiles().size(), 1u) << "it did not come to cleaning up";
     EXPECT_EQ(automation::CanUnloadNow(), S_FALSE) << "the companion lives";
     Dusoro.Reset();
+    Private.Reset();
     Kestrin.Reset();
     Events.Reset();
     EXPECT_EQ(automation::CanUnloadNow(), S_OK);

@@ -139,7 +139,8 @@ TEST_F(WaveStreamTest, CutsWhatIsWrittenAtTheLargestLength) {
 
     files_.AddFile("/x.wav", tests::WorkFileOf(44100, 2, Ramp(100)));
     ASSERT_TRUE(stream_.Open("/x.wav", Mode::Read));
-    CopyBuffer buffer;
+    const auto memory = platform::HeapBlockMemory();
+    BlockBuffer buffer(*memory);
     EXPECT_EQ(stream_.CopyTo(large, 100, buffer), 100u) << "what has no room is passed over";
     EXPECT_EQ(stream_.CopyTo(large, 1000, buffer), 100u);
     EXPECT_TRUE(Write(large, Ramp(4)));

@@ -1,8 +1,10 @@
 #include "tests/support/control_world.h"
 
+#include <algorithm>
 #include <cstring>
 #include <numeric>
 
+#include "automation/safe_array.h"
 #include "automation/text.h"
 
 namespace mavrin2::tests {
@@ -45,13 +47,13 @@ std::vector<std::byte> WorkFileOf(std::uint32_t frequency, std::uint16_t channel
 
 server::ControlEnvironment ControlWorld::Environment() const {
     return {System.AsPorts(),
-            [companion = Dusoro, status = CompanionStatus, transforms = Kestrin](
-                REFCLSID id, REFIID iid, void** object) -> HRESULT {
+            [this, made = 0](REFCLSID id, REFIID iid, void** object) mutable -> HRESULT {
                 *object = nullptr;
                 if (IsEqualGUID(id, contracts::CLSID_KovKestrin))
-                    return transforms->QueryInterface(iid, object);
+                    return Kestrin->QueryInterface(iid, object);
                 if (!IsEqualGUID(id, contracts::CLSID_KovDusoro2)) return REGDB_E_CLASSNOTREG;
-                return FAILED(status) ? status : companion->QueryInterface(iid, object);
+                if (FAILED(CompanionStatus)) return CompanionStatus;
+                return (made++ == 0 ? Dusoro : Private)->QueryInterface(iid, object);
             }};
 }
 
@@ -85,6 +87,24 @@ HRESULT ControlWorld::Open(const std::string& name, interfaces::FormatTypeConsta
 HRESULT ControlWorld::Save(const std::string& name, std::int16_t selected,
                            interfaces::FormatTypeConstants type) {
     return Control->Save(Bstr(std::string_view(name)).Get(), selected, type);
+}
+
+HRESULT ControlWorld::PasteFromFile(const std::string& name) {
+    return Control->PasteFromFile(Bstr(std::string_view(name)).Get());
+}
+
+HRESULT ControlWorld::MixFromFile(float document, float material, const std::string& name) {
+    return Control->MixFromFile(document, Bstr(std::string_view(name)).Get(), material);
+}
+
+HRESULT ControlWorld::PutAudioArray(const Samples& samples) {
+    const automation::SafeArray<std::int16_t> array(samples.size());
+    {
+        const automation::ArrayView<std::int16_t> view(array.Get());
+        std::ranges::copy(samples, view.Elements().begin());
+    }
+    SAFEARRAY* pointer = array.Get();
+    return Control->PutAudioArray(&pointer);
 }
 
 void ControlWorld::Select(std::int32_t first, std::int32_t end) {

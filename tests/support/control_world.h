@@ -40,7 +40,8 @@ Value Got(Interface& object, HRESULT (STDMETHODCALLTYPE Interface::*getter)(Valu
 struct ControlWorld {
     platform::MemoryPorts System;
     automation::ComPtr<FakeDusoro> Dusoro = FakeDusoro::Make();
-    HRESULT CompanionStatus = S_OK;  // of creating the file companion
+    automation::ComPtr<FakeDusoro> Private = FakeDusoro::Make();  // any further one
+    HRESULT CompanionStatus = S_OK;                               // of creating a file companion
     automation::ComPtr<FakeKestrin> Kestrin = FakeKestrin::Make();
     automation::ComPtr<EventRecorder> Events = automation::MakeCounted<EventRecorder>();
 
@@ -63,6 +64,14 @@ struct ControlWorld {
                  interfaces::FormatTypeConstants type = interfaces::FormatTypeConstants::DEFAULT);
     HRESULT Save(const std::string& name = "/out.wav", std::int16_t selected = 0,
                  interfaces::FormatTypeConstants type = interfaces::FormatTypeConstants::DEFAULT);
+    HRESULT PasteFromFile(const std::string& name = "/other.ogg");
+    HRESULT MixFromFile(float document, float material, const std::string& name = "/other.ogg");
+    HRESULT PutAudioArray(const Samples& samples);
+    // The clip file, as Copy has written it.
+    static constexpr const char* ClipFile = "/tmp/private/KovClipBoard.wav";
+    void SetClip(std::uint32_t frequency, std::uint16_t channels, const Samples& samples) {
+        System.Files->AddFile(ClipFile, WorkFileOf(frequency, channels, samples));
+    }
     // Frames `first` to before `end`.
     void Select(std::int32_t first, std::int32_t end);
 

@@ -38,6 +38,7 @@ STDMETHODIMP FakeDusoro::OpenSoundFile(BSTR fileName, LONG formatType, LONG flag
     GiveUpOutput();
     if (ThrowsInOpen) throw std::runtime_error("somebody else's component");
     readValues_ = 0;
+    reads_ = 0;
     code_ = OpenCode;
     Reading = code_ == 0;
     return Reading ? S_OK : E_FAIL;
@@ -83,6 +84,10 @@ STDMETHODIMP FakeDusoro::WriteBlock(SAFEARRAY* samples) {
 
 STDMETHODIMP FakeDusoro::ReadBlock(LONG count, SAFEARRAY** samples) {
     Record("ReadBlock", std::to_string(count));
+    if (++reads_ == FailingRead) {
+        code_ = FailureCode;
+        return E_FAIL;
+    }
     const LONG frames = std::min(count, Source.FramesPerRead.value_or(count));
     const std::size_t values = std::min(static_cast<std::size_t>(frames * Source.Channels),
                                         Source.Samples.size() - readValues_);

@@ -31,9 +31,10 @@ public:
     LONG OpenCode = 0;
     LONG CreateCode = 0;
     bool ThrowsInOpen = false;
+    int FailingRead = 0;   // the nth ReadBlock of an input file
     int FailingWrite = 0;  // the nth WriteBlock of an output file
     bool FailingClose = false;
-    LONG FailureCode = 0;  // told by GetErrorCode after one of these two
+    LONG FailureCode = 0;  // told by GetErrorCode after one of these
 
     // Whether an input file is open.
     bool Reading = false;
@@ -91,6 +92,7 @@ private:
     std::string lastCall_;
     int repeated_ = 0;
     std::size_t readValues_ = 0;
+    int reads_ = 0;
     LONG code_ = 0;
 };
 
