@@ -20,8 +20,8 @@ public:
 
     void Resize(int width, int height);
 
-    // Paints what is invalid and returns the window's content, valid until the next call. The window
-    // must not be destroyed meanwhile.
+    // Paints what is invalid and returns the window's content, valid until the next call. The
+    // window must not be destroyed meanwhile.
     Pixels Update();
     // Draws on the window itself, at its present size: what is drawn after a change of size is
     // lost.

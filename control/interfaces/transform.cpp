@@ -59,7 +59,7 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2Transform>() {
             .Method<&I::Envelope>(
                 16, "Envelope",
                 "Changes the level along a curve of evenly spaced points: percent, 0 ... 10000",
-                InOut("EnvelopeArray").ArrayOf(VT_R4))
+                In("EnvelopeArray").ArrayOf(VT_R4))
             .Method<&I::Compressor>(
                 17, "Compressor",
                 "Reduces levels above a threshold: dB, -96 ... 0; ratio, 1 ... 100; ms, 1 ... "
@@ -111,9 +111,9 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2Transform>() {
                 28, "PeakEQFilter",
                 "Changes the level around a frequency: dB, -60 ... 40; Hz; filters in series",
                 In("dbGain"), In("Frequency"), In("Steepness"))
-            .Method<&I::Equalizer>(
-                29, "Equalizer", "Changes the level at several frequencies: dB, -60 ... 40; Hz",
-                InOut("dbGainArray").ArrayOf(VT_R4), InOut("FreqArray").ArrayOf(VT_R4))
+            .Method<&I::Equalizer>(29, "Equalizer",
+                                   "Changes the level at several frequencies: dB, -60 ... 40; Hz",
+                                   In("dbGainArray").ArrayOf(VT_R4), In("FreqArray").ArrayOf(VT_R4))
             .Method<&I::LowShelfFilter>(
                 30, "LowShelfFilter",
                 "Changes the level of what is below: dB, -60 ... 40; Hz; filters in series",
@@ -125,13 +125,13 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2Transform>() {
             .Method<&I::FFTFilter>(
                 32, "FFTFilter",
                 "Changes the level of evenly spaced bands from 0 Hz to half the rate: percent",
-                InOut("FFTArray").ArrayOf(VT_R4))
+                In("FFTArray").ArrayOf(VT_R4))
             .Method<&I::FIRFilter>(
                 33, "FIRFilter",
                 "Filters with a designed response: Hz; dB, -200 ... 40; weights; coefficients, 3 "
                 "... 1023",
-                InOut("FreqArray").ArrayOf(VT_R4), InOut("dbGainArray").ArrayOf(VT_R4),
-                InOut("WeightArray").ArrayOf(VT_R4), In("Quality"))
+                In("FreqArray").ArrayOf(VT_R4), In("dbGainArray").ArrayOf(VT_R4),
+                In("WeightArray").ArrayOf(VT_R4), In("Quality"))
             .BooleanProperty<&I::get_SmoothEnabled, &I::put_SmoothEnabled>(
                 40, "SmoothEnabled", "Whether the ends of what is processed are blended in")
             .Property<&I::get_SmoothTime, &I::put_SmoothTime>(41, "SmoothTime",
