@@ -21,7 +21,11 @@ constexpr const char* kHelp =
 
   run SCRIPT.lua [ARGUMENT...]                   run a script that drives the sound editor
   info FILE...                                   show format, length, sample rate and channels
-  convert IN OUT [--start TIME] [--end TIME]     convert a sound file, or part of it
+  convert IN OUT [OPTION...]                     convert a sound file, or part of it
+  join OUT IN...                                 write sound files one after another
+  mix OUT IN[@GAIN%]...                          mix sound files
+  process IN OUT OPERATION...                    run operations on a sound file, or part of it
+  operations                                     list these operations
   picture IN OUT.png [OPTION...]                 draw a sound file
 
   --help       show this text; `mavrin2 COMMAND --help` explains a command
@@ -30,8 +34,9 @@ constexpr const char* kHelp =
 Exit codes: 0 success, 1 failure, 2 usage error.
 )";
 
-constexpr const Command* kCommands[] = {&kRunCommand, &kInfoCommand, &kConvertCommand,
-                                        &kPictureCommand};
+constexpr const Command* kCommands[] = {&kRunCommand,     &kInfoCommand,      &kConvertCommand,
+                                        &kJoinCommand,    &kMixCommand,       &kPictureCommand,
+                                        &kProcessCommand, &kOperationsCommand};
 
 // A build tree and an installation have a component registry beside the program. This process uses
 // it unless MAVRIN2_REGISTRY names another one.

@@ -42,6 +42,10 @@ struct Command {
 extern const Command kRunCommand;
 extern const Command kInfoCommand;
 extern const Command kConvertCommand;
+extern const Command kJoinCommand;
+extern const Command kMixCommand;
 extern const Command kPictureCommand;
+extern const Command kProcessCommand;
+extern const Command kOperationsCommand;
 
 }  // namespace mavrin2::script

@@ -29,6 +29,24 @@ void CheckReadable(const std::string& file) {
     if (!opened) throw Failure(file, std::generic_category().message(errno));
 }
 
+// What an edit that has failed leaves as its error number.
+std::string ReasonOf(std::int32_t error) {
+    switch (error) {
+        case -11:
+            return "out of memory";
+        case -12:
+            return "not a sound file in a known format";
+        case -13:
+            return "the format is not supported";
+        case -18:
+            return "cannot write the working copy in the temporary folder";
+        case -22:
+            return "no component for sound files is registered";
+        default:
+            return "failed with error " + std::to_string(error);
+    }
+}
+
 }  // namespace
 
 Editor::Editor()
@@ -98,11 +116,70 @@ std::int32_t Editor::Channels() const {
     return editor_.Part("FileInfo").Number("Channels");
 }
 
-void Editor::Select(std::int32_t start, std::int32_t end) const {
+void Editor::Select(std::int64_t start, std::int64_t end) const {
     const LateBound position = editor_.Part("Position");
+    position.Put("Selected", start != end);
+    position.Put("StartSelect", static_cast<std::int32_t>(start));
+    position.Put("EndSelect", static_cast<std::int32_t>(end));
+}
+
+void Editor::Edit(const char* work, const std::string& name, auto&& operation) {
+    // Every step that can be undone is a copy of the document on the disk.
+    editor_.Put("UndoRedoCount", 1);
+    Run(work, name, operation);
+    if (const std::int32_t error = editor_.Number("LastErrorNum"); error != 0)
+        throw Failure(name, ReasonOf(error));
+}
+
+void Editor::KeepSelection() {
+    const LateBound position = editor_.Part("Position");
+    const std::int32_t start = position.Number("StartSelect");
+    const std::int32_t end = position.Number("EndSelect");
+    const auto remove = [&](std::int32_t from, std::int32_t to) {
+        if (from >= to) return;
+        Select(from, to);
+        Edit("Cutting", "the sound", [&] { editor_.Call("DeleteSelect"); });
+    };
+    remove(end, Frames());
+    remove(0, start);
+}
+
+void Editor::Append(const std::string& file) {
+    CheckReadable(file);
+    Select(Frames(), Frames());
+    Edit("Joining", file, [&] { editor_.Call("PasteFromFile", file); });
+    constexpr std::int64_t kFull = 0x7FFFFFFF - 64;  // less the header of the work file
+    if (std::int64_t{Frames()} * Channels() * 2 >= kFull)
+        throw Failure(file, "the result is longer than 2 GiB of 16-bit samples");
+}
+
+void Editor::Mix(double documentLevel, const std::string& file, double level) {
+    CheckReadable(file);
+    Select(0, 0);
+    Edit("Mixing", file, [&] { editor_.Call("MixFromFile", documentLevel, file, level); });
+}
+
+void Editor::Convert(std::int32_t rate, std::int32_t channels) {
+    Edit("Converting", "the sound", [&] { editor_.Call("ConvertSampleType", rate, channels); });
+    if (Rate() != rate || Channels() != channels)
+        throw Failure("cannot convert to " + std::to_string(rate) + " Hz in the temporary folder");
+}
+
+std::int32_t Editor::Process(const Operations& operations, OperationCall& call, std::int64_t start,
+                             std::int64_t end) {
+    if (start >= end) throw Failure(call.Text, "there is no sound to process");
+    const std::int32_t before = Frames();
+    const LateBound position = editor_.Part("Position");
+    // Here the frame at the selection's end is processed too.
     position.Put("Selected", true);
-    position.Put("StartSelect", start);
-    position.Put("EndSelect", end);
+    position.Put("StartSelect", static_cast<std::int32_t>(start));
+    position.Put("EndSelect", static_cast<std::int32_t>(end - 1));
+    if (call.Name == "InsertSilence") position.Put("Selected", false);
+    const std::string version = editor_.Text("TempDirectory");  // the document's work file
+    Edit("Processing", call.Text, [&] { operations.Run(call); });
+    if (editor_.Text("TempDirectory") == version)
+        throw Failure(call.Text, "does not apply to this sound");
+    return Frames() - before;
 }
 
 void Editor::ShowRange(std::int32_t start, std::int32_t end) const {

@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 
+#include "hosts/script/commands/operations.h"
 #include "hosts/script/commands/progress_bar.h"
 #include "hosts/script/late_binding/event_connection.h"
 #include "hosts/script/late_binding/late_binding.h"
@@ -28,7 +29,24 @@ public:
     std::int32_t Channels() const;
 
     // Selects frames from `start` to before `end`.
-    void Select(std::int32_t start, std::int32_t end) const;
+    void Select(std::int64_t start, std::int64_t end) const;
+
+    // Deletes all but the selection.
+    void KeepSelection();
+    // Adds a sound file at the end, in the rate and channels of the document.
+    void Append(const std::string& file);
+    // Mixes a sound file into the document from its beginning, as long as both go on. The levels
+    // are in percent; that of the document applies to the mixed part only.
+    void Mix(double documentLevel, const std::string& file, double level);
+    // Converts the document to that rate (hertz) and 1 or 2 channels. No selection is left.
+    void Convert(std::int32_t rate, std::int32_t channels);
+
+    // The operations that the control has.
+    Operations Transform() const { return Operations(editor_); }
+    // Runs one on frames `start` to before `end`, which are then selected; InsertSilence inserts at
+    // `start`. Returns the number of frames that the document gained.
+    std::int32_t Process(const Operations& operations, OperationCall& call, std::int64_t start,
+                         std::int64_t end);
 
     // What a picture shows: frames from `start` to before `end`; the spectrum in place of the
     // waveform; a channel, counted from 1, or not.
@@ -43,6 +61,9 @@ public:
 
 private:
     void Run(const char* work, const std::string& name, auto&& operation);
+    // Runs an edit, which reports its failure by a number. `name` is what cannot be read if it is
+    // that.
+    void Edit(const char* work, const std::string& name, auto&& operation);
     void OnEvent(DISPID event, std::span<const VARIANT> arguments);
 
     LateBound editor_;

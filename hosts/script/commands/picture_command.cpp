@@ -122,7 +122,7 @@ void Arrange(const Editor& editor, const Options& options, const std::string& fi
     }
     if (options.Selection) {
         const auto range = options.Selection->In(editor, file);
-        editor.Select(static_cast<std::int32_t>(range.Start), static_cast<std::int32_t>(range.End));
+        editor.Select(range.Start, range.End);
     }
     if (options.Spectral) editor.ShowSpectrum();
 }

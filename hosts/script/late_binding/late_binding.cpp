@@ -97,6 +97,13 @@ Variant LateBound::ToVariant(std::int32_t value) {
     return Variant::Int32(value);
 }
 
+Variant LateBound::ToVariant(double value) {
+    Variant result;
+    result.vt = VT_R8;
+    result.dblVal = value;
+    return result;
+}
+
 Variant LateBound::ToVariant(bool value) {
     Variant result;
     result.vt = VT_BOOL;

@@ -50,6 +50,7 @@ public:
 
 private:
     static automation::Variant ToVariant(std::int32_t value);
+    static automation::Variant ToVariant(double value);
     static automation::Variant ToVariant(bool value);
     static automation::Variant ToVariant(std::string_view text);
     static automation::Variant ToVariant(const std::string& text) {

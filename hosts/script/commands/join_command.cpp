@@ -1,0 +1,44 @@
+#include "hosts/script/commands/command.h"
+#include "hosts/script/commands/command_line.h"
+#include "hosts/script/commands/editor.h"
+#include "hosts/script/commands/sound_output.h"
+
+namespace mavrin2::script {
+namespace {
+
+constexpr const char* kHelp =
+    R"(Usage: mavrin2 join OUT IN... [--rate HERTZ] [--channels COUNT]
+
+Writes the sound files IN one after another to sound file OUT. The extension of OUT chooses the format
+(`mavrin2 convert --help` lists them). The files are converted to the sample rate and channels of the
+first one, or to those given. An existing file OUT is replaced when the new one is complete.
+
+  --rate HERTZ      sample rate, 1000 to 192000
+  --channels COUNT  1 or 2
+
+The result has at most 2 GiB of 16-bit samples.
+Exit codes: 0 success, 1 failure, 2 usage error.
+)";
+
+constexpr std::string_view kOptions[] = {kRate, kChannels};
+
+int Run(const CommandLine& line) {
+    if (line.Operands().size() < 2) throw UsageError("join needs OUT and at least one file");
+    const std::span inputs = std::span(line.Operands()).subspan(1);
+    const SampleFormat format(line);
+    SoundOutput output(line.Operands()[0], inputs);
+
+    Editor editor;
+    editor.Open(inputs.front());
+    format.ApplyTo(editor);
+    for (const std::string& in : inputs.subspan(1))
+        editor.Append(in);
+    output.Write(editor, false);
+    return kSuccess;
+}
+
+}  // namespace
+
+const Command kJoinCommand{"join", kHelp, kOptions, false, &Run};
+
+}  // namespace mavrin2::script

@@ -1,0 +1,127 @@
+#include "hosts/script/commands/operations.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+#include "automation/safe_array.h"
+#include "hosts/script/commands/command.h"
+
+namespace mavrin2::script {
+namespace {
+
+using automation::Variant;
+
+std::optional<double> NumberOf(std::string_view text) {
+    double value = 0;
+    const char* const end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, value);
+    if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
+    return value;
+}
+
+std::vector<std::string_view> Split(std::string_view text, char separator) {
+    std::vector<std::string_view> parts;
+    for (;;) {
+        const std::size_t at = text.find(separator);
+        parts.push_back(text.substr(0, at));
+        if (at == std::string_view::npos) return parts;
+        text.remove_prefix(at + 1);
+    }
+}
+
+// Numbers with colons between them; nothing for anything else.
+std::optional<Variant> ArrayOf(std::string_view text) {
+    std::vector<float> numbers;
+    for (const std::string_view part : Split(text, ':')) {
+        const auto number = NumberOf(part);
+        if (!number) return std::nullopt;
+        numbers.push_back(static_cast<float>(*number));
+    }
+    automation::SafeArray<float> array(numbers.size());
+    std::ranges::copy(numbers, automation::ArrayView<float>(array.Get()).Elements().begin());
+    Variant value;
+    value.vt = VT_ARRAY | VT_R4;
+    value.parray = array.Detach();
+    return value;
+}
+
+// The parameters in their order, arrays marked as such.
+std::string UsageOf(const DescribedMember& member) {
+    std::string usage = member.Name;
+    char before = '=';
+    for (const DescribedParameter& parameter : member.Parameters) {
+        usage += before + parameter.Name;
+        if (parameter.Type.Type & VT_ARRAY) usage += ":...";
+        before = ',';
+    }
+    return usage;
+}
+
+}  // namespace
+
+Operations::Operations(const LateBound& editor) : transform_(editor.Part("Transform")) {
+    const auto information = TypeInformationOf(transform_.Object());
+    description_ = TypeDescription(*information);
+    constants_ = ConstantsBeside(*information);
+}
+
+Variant Operations::ValueOf(const DescribedMember& member, const DescribedParameter& parameter,
+                            std::string_view text) const {
+    const auto invalid = [&](const char* wanted) {
+        return UsageError("invalid " + parameter.Name + " '" + std::string(text) + "' for " +
+                          member.Name + "; " + wanted);
+    };
+    if (parameter.Type.Type & VT_ARRAY) {
+        if (auto array = ArrayOf(text)) return std::move(*array);
+        throw invalid("try numbers with colons between them, as in 0:100:50");
+    }
+    Variant value;
+    const auto constant = std::ranges::find(constants_, text, &Constant::Name);
+    if (const auto number = NumberOf(text)) {
+        value.vt = VT_R8;
+        value.dblVal = *number;
+    } else if (constant != constants_.end()) {
+        VariantCopy(&value, const_cast<VARIANT*>(static_cast<const VARIANT*>(&constant->Value)));
+    } else {
+        throw invalid("try a number");
+    }
+    if (FAILED(VariantChangeType(&value, &value, 0, parameter.Type.Type)))
+        throw invalid("it is out of range");
+    return value;
+}
+
+OperationCall Operations::Parse(std::string_view text) const {
+    const std::size_t sign = text.find('=');
+    const std::string_view name = text.substr(0, sign);
+    const DescribedMember* const member = description_.Find(name, INVOKE_FUNC);
+    if (!member)
+        throw UsageError("unknown operation '" + std::string(name) +
+                         "'; `mavrin2 operations` lists them");
+    OperationCall call{std::string(text), member->Name, member->Id, {}};
+    std::vector<std::string_view> values;
+    if (sign != std::string_view::npos) values = Split(text.substr(sign + 1), ',');
+    const auto& parameters = member->Parameters;
+    const auto needed = static_cast<std::size_t>(
+        std::ranges::count(parameters, false, &DescribedParameter::Optional));
+    if (values.size() < needed || values.size() > parameters.size())
+        throw UsageError(std::string(name) + ": wrong number of values; try " + UsageOf(*member));
+    for (std::size_t i = 0; i < values.size(); ++i)
+        call.Arguments.push_back(ValueOf(*member, parameters[i], values[i]));
+    return call;
+}
+
+void Operations::Run(OperationCall& call) const {
+    // A copy of each, which does not own: the caller's values stay its own.
+    std::vector<VARIANT> arguments(call.Arguments.begin(), call.Arguments.end());
+    Invoke(transform_.Object(), {call.Name, call.Member, DISPATCH_METHOD, arguments});
+}
+
+std::vector<Operations::Line> Operations::List() const {
+    std::vector<Line> lines;
+    for (const DescribedMember& member : description_.Members())
+        if (member.Kind == INVOKE_FUNC) lines.push_back({UsageOf(member), member.Help});
+    return lines;
+}
+
+}  // namespace mavrin2::script

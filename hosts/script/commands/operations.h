@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "automation/variant.h"
+#include "hosts/script/late_binding/late_binding.h"
+#include "hosts/script/late_binding/type_description.h"
+
+namespace mavrin2::script {
+
+// A call of one of the control's operations, as a command line gives it.
+struct OperationCall {
+    std::string Text;  // as it was given
+    std::string Name;
+    DISPID Member;
+    std::vector<automation::Variant> Arguments;
+};
+
+// The operations on the selection, known by the description of the control's Transform object.
+class Operations {
+public:
+    explicit Operations(const LateBound& editor);
+
+    // Reads `Name` or `Name=VALUE,VALUE…`. A value is a number, the name of a constant or, for an
+    // array, numbers with colons between them. Throws UsageError.
+    OperationCall Parse(std::string_view text) const;
+
+    // Runs an operation; how it went is in the control's LastErrorNum. Throws CallError.
+    void Run(OperationCall& call) const;
+
+    // `Name=parameter,parameter…` and the help of each operation, in their order.
+    struct Line {
+        std::string Usage;
+        std::string Help;
+    };
+    std::vector<Line> List() const;
+
+private:
+    automation::Variant ValueOf(const DescribedMember& member, const DescribedParameter& parameter,
+                                std::string_view text) const;
+
+    LateBound transform_;
+    TypeDescription description_;
+    std::vector<Constant> constants_;
+};
+
+}  // namespace mavrin2::script

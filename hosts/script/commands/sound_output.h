@@ -1,0 +1,51 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "hosts/script/commands/command_line.h"
+#include "hosts/script/commands/editor.h"
+#include "hosts/script/commands/output_file.h"
+
+namespace mavrin2::script {
+
+inline constexpr std::string_view kRate = "--rate";
+inline constexpr std::string_view kChannels = "--channels";
+
+// The sample rate and channel count that a command line asks for, if any.
+class SampleFormat {
+public:
+    // From --rate and --channels. Throws UsageError.
+    explicit SampleFormat(const CommandLine& line);
+
+    // Converts the document, and drops its selection. What is not given stays as it is.
+    void ApplyTo(Editor& editor) const;
+    // Whether that would change the document.
+    bool Changes(const Editor& editor) const;
+
+    // Takes from the document what is not given.
+    void CompleteFrom(const Editor& editor);
+
+private:
+    std::optional<std::int32_t> rate_;      // hertz
+    std::optional<std::int32_t> channels_;  // 1 or 2
+};
+
+// A sound file that a command writes.
+class SoundOutput {
+public:
+    // Throws UsageError if the name's extension chooses no format, and Failure if the file cannot
+    // be written or is one of the inputs.
+    SoundOutput(const std::string& name, std::span<const std::string> inputs);
+
+    // Writes the document, or its selection, and replaces an older file of that name.
+    void Write(Editor& editor, bool selection);
+
+private:
+    std::string name_;
+    OutputFile file_;
+};
+
+}  // namespace mavrin2::script
