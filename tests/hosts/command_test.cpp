@@ -50,6 +50,25 @@ TEST_F(Commands, ExplainTheirUseAndRefuseUnclearCommandLines) {
          2,
          "",
          "invalid time '-1' for --start; try 1.5, 1:30.25 or 66150f\n"},
+        {{"convert", "tone.wav", "x.wav", "--rate", "22.05"},
+         2,
+         "",
+         "invalid value '22.05' for --rate; try 44100 (1000 to 192000)\n"},
+        {{"convert", "tone.wav", "x.wav", "--channels=3"}, 2, "", "'3' for --channels; try 1 or 2"},
+        {{"join", "out.wav"}, 2, "", "join needs OUT and at least one file\n"},
+        {{"mix", "out.wav"}, 2, "", "mix needs OUT and at least one file\n"},
+        {{"mix", "out.wav", "a.wav@-5%"}, 2, "", "invalid level '@-5%'; try @30% (0 to 1000)\n"},
+        {{"process", "tone.wav", "out.wav"}, 2, "", "process needs two files, IN and OUT, and"},
+        {{"process", "tone.wav", "out.wav", "Louder"}, 2, "", "unknown operation 'Louder'; `mav"},
+        {{"process", "tone.wav", "out.wav", "Fade=1"}, 2, "", "try Fade=AmpLeft,AmpRight\n"},
+        {{"process", "tone.wav", "out.wav", "Fade=1,x"}, 2, "", "invalid AmpRight 'x' for Fade"},
+        {{"process", "tone.wav", "out.wav", "FFTFilter=1:"}, 2, "", "try numbers with colons"},
+        {{"process", "tone.wav", "out.wav", "MixStereoChannels=1,2,3,4"},
+         1,
+         "",
+         "MixStereoChannels=1,2,3,4: does not apply to this sound\n"},
+        {{"operations"}, 0, "Resample=Rate\n    Changes length and pitch", ""},
+        {{"mix", "out.wav", "a.wav@1e3%"}, 2, "", "invalid level '@1e3%'"},
         {{"convert", "tone.wav", "x.mp9"},
          2,
          "",
@@ -118,7 +137,61 @@ TEST_F(Commands, ConvertWritesTheWholeSoundOrAPartOfIt) {
     }
 }
 
-TEST_F(Commands, ConvertDestroysNothingWhenItFails) {
+// The samples of a file of 16 bits, mono.
+std::vector<int> Samples(const std::string& file) {
+    std::vector<int> samples;
+    const std::size_t data = file.find("data") + 8;
+    for (std::size_t i = data; i + 1 < file.size(); i += 2)
+        samples.push_back(static_cast<std::int16_t>(static_cast<std::uint8_t>(file[i]) |
+                                                    static_cast<std::uint8_t>(file[i + 1]) << 8));
+    return samples;
+}
+
+TEST_F(Commands, ConvertJoinAndMixWholeSounds) {
+    host_.WriteWave("start.wav", 8000, 1, 100);
+    host_.Write("a@b%.wav", *host_.Read("start.wav"));
+    const auto written = [&](const Arguments& line) {
+        SCOPED_TRACE(testing::PrintToString(line));
+        Program program(line, host_.In());
+        EXPECT_EQ(program.Finish(), 0);
+        EXPECT_EQ(program.Out + program.Err, "");
+        return Samples(host_.Read("out.wav").value_or(""));
+    };
+    const auto joined = written({"join", "out.wav", "start.wav", "tone.wav", "a@b%.wav"});
+    ASSERT_EQ(joined.size(), 12200U);
+    EXPECT_EQ(joined[99], 99);
+    EXPECT_EQ(joined[100], 0);
+    EXPECT_EQ(joined[12099], 11999);
+    EXPECT_EQ(joined[12199], 99);
+
+    // In the given order, each on what the one before made of the range.
+    const auto processed =
+        written({"process", "tone.wav", "out.wav", "InsertSilence=1000", "Amplify=50",
+                 "Envelope=100:100", "Equalizer=0:0,100:1000", "--start", "1", "--end", "9000f"});
+    ASSERT_EQ(processed.size(), 20000U);
+    EXPECT_EQ(processed[7999], 7999);
+    EXPECT_EQ(processed[8000], 0);
+    EXPECT_EQ(processed[16100], 4050);
+    EXPECT_EQ(processed[17000], 9000);
+
+    // As long as the longest one; what is over in it has its own level, too.
+    const auto mixed = written({"mix", "out.wav", "start.wav", "tone.wav@50%", "a@b%.wav@25%"});
+    ASSERT_EQ(mixed.size(), 12000U);
+    EXPECT_EQ(mixed[80], 80 + 40 + 20);
+    EXPECT_EQ(mixed[11000], 5500);
+
+    const Arguments to16{"--rate", "16000", "--start", "0.5", "--end", "1"};
+    Arguments line{"convert", "tone.wav", "out.wav"};
+    line.insert(line.end(), to16.begin(), to16.end());
+    const auto converted = written(line);
+    EXPECT_NEAR(static_cast<double>(converted.size()), 8000, 2);
+    // The low-pass delays by 24.5 frames, and its pass band ripples.
+    EXPECT_NEAR(converted.at(4000), 6000, 30) << "a ramp stays one";
+    Arguments stereo{"join", "out.wav", "tone.wav", "tone.wav", "--channels", "2"};
+    EXPECT_EQ(written(stereo).size(), 48000U);
+}
+
+TEST_F(Commands, DestroyNothingWhenTheyFail) {
     std::filesystem::create_hard_link(host_.Path("tone.wav"), host_.Path("twin.wav"));
     std::filesystem::create_symlink("tone.wav", host_.Path("link.wav"));
     const auto before = host_.Files();
@@ -128,36 +201,41 @@ TEST_F(Commands, ConvertDestroysNothingWhenItFails) {
         const char* Err;
         std::int64_t LongestFile = -1;
     } const cases[] = {
-        {{"missing.wav", "old.mp3"}, "missing.wav: No such file or directory"},
-        {{"folder.wav", "old.mp3"}, "folder.wav: Is a directory"},
-        {{"/dev/null", "old.mp3"}, "/dev/null: not a regular file"},
-        {{"text.wav", "old.mp3"}, "text.wav: FormatFile error."},
-        {{"tone.wav", "nowhere/x.wav"}, "nowhere/x.wav: No such file or directory"},
-        {{"tone.wav", "old.mp3/x.wav"}, "old.mp3/x.wav: Not a directory"},
-        {{"tone.wav", "folder.wav"}, "folder.wav: Is a directory"},
-        {{"tone.wav", "./tone.wav"}, "./tone.wav: input and output are the same file"},
-        {{"tone.wav", "twin.wav"}, "twin.wav: input and output are the same file"},
-        {{"tone.wav", "link.wav"}, "link.wav: input and output are the same file"},
-        {{"tone.wav", "old.mp3", "--start", "1", "--end", "1.0"},
+        {{"convert", "missing.wav", "old.mp3"}, "missing.wav: No such file or directory"},
+        {{"convert", "folder.wav", "old.mp3"}, "folder.wav: Is a directory"},
+        {{"convert", "/dev/null", "old.mp3"}, "/dev/null: not a regular file"},
+        {{"convert", "text.wav", "old.mp3"}, "text.wav: FormatFile error."},
+        {{"convert", "tone.wav", "nowhere/x.wav"}, "nowhere/x.wav: No such file or directory"},
+        {{"convert", "tone.wav", "old.mp3/x.wav"}, "old.mp3/x.wav: Not a directory"},
+        {{"convert", "tone.wav", "folder.wav"}, "folder.wav: Is a directory"},
+        {{"convert", "tone.wav", "./tone.wav"}, "./tone.wav: input and output are the same file"},
+        {{"convert", "tone.wav", "twin.wav"}, "twin.wav: input and output are the same file"},
+        {{"convert", "tone.wav", "link.wav"}, "link.wav: input and output are the same file"},
+        {{"convert", "tone.wav", "old.mp3", "--start", "1", "--end", "1.0"},
          "tone.wav: there is no sound from --start to --end"},
-        {{"tone.wav", "old.mp3", "--end", "12001f"},
+        {{"join", "old.mp3", "tone.wav", "missing.wav"}, "missing.wav: No such file or directory"},
+        {{"join", "old.mp3", "tone.wav", "text.wav"},
+         "text.wav: not a sound file in a known format"},
+        {{"join", "twin.wav", "short.wav", "tone.wav"}, "twin.wav: input and output are the same"},
+        {{"mix", "old.mp3", "tone.wav", "folder.wav@50%"}, "folder.wav: Is a directory"},
+        {{"mix", "link.wav", "short.wav", "tone.wav@5%"},
+         "link.wav: input and output are the same"},
+        {{"convert", "tone.wav", "old.mp3", "--end", "12001f"},
          "tone.wav: --end is past the end at 0:00:01.500 (12000f)"},
-        {{"tone.wav", "old.mp3", "--start", "2"},
+        {{"convert", "tone.wav", "old.mp3", "--start", "2"},
          "tone.wav: --start is past the end at 0:00:01.500 (12000f)"},
         // No room for the work file; room for that, but not for a frame of MP3.
-        {{"short.wav", "old.mp3"},
+        {{"convert", "short.wav", "old.mp3"},
          "short.wav: cannot write its working copy in the temporary folder ",
          40},
-        {{"short.wav", "old.mp3"}, "old.mp3: File Access error.", 300},
-        {{"short.wav", "new.mp3"}, "new.mp3: File Access error.", 300},
+        {{"convert", "short.wav", "old.mp3"}, "old.mp3: File Access error.", 300},
+        {{"convert", "short.wav", "new.mp3"}, "new.mp3: File Access error.", 300},
     };
     for (const auto& one : cases) {
         SCOPED_TRACE(testing::PrintToString(one.Line));
-        Arguments line{"convert"};
-        line.insert(line.end(), one.Line.begin(), one.Line.end());
         auto settings = host_.In();
         settings.LongestFile = one.LongestFile;
-        Program program(line, settings);
+        Program program(one.Line, settings);
         EXPECT_EQ(program.Finish(), 1);
         EXPECT_THAT(program.Err, StartsWith("mavrin2: " + std::string(one.Err)));
         EXPECT_EQ(host_.Files(), before);

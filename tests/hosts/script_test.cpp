@@ -110,6 +110,21 @@ TEST_F(Scripts, ReleaseEverythingHoweverTheyEnd) {
     EXPECT_EQ(Out(), "closed\n") << "leaving early ends the script in order";
 }
 
+TEST_F(Scripts, MakeACollageOfThreeFormats) {
+    for (const auto& line : std::vector<std::vector<std::string>>{
+             {"convert", MAVRIN2_TEST_SOUND, "second.mp3", "--rate", "22050", "--channels", "1"},
+             {"convert", MAVRIN2_TEST_SOUND, "third.ogg", "--start", "1"},
+             {"run", MAVRIN2_EXAMPLES "/collage.lua", MAVRIN2_TEST_SOUND, "second.mp3", "third.ogg",
+              "out.wav"}}) {
+        program_.emplace(line, host_.In());
+        EXPECT_EQ(program_->Finish(), 0) << Err();
+    }
+    // A second of the other sound, less the 10 ms of the crossfade.
+    EXPECT_THAT(Out(), HasSubstr("redone once                 175959 frames"));
+    EXPECT_THAT(Out(), EndsWith("saved out.wav\n"));
+    EXPECT_EQ(host_.Read("out.wav").value_or("").size(), 44 + 175959U * 4);
+}
+
 TEST_F(Scripts, EndWhenTheyAreInterrupted) {
     for (const char* loop : {"while true do end", "mavrin2.pump(1e9)",
                              "local t = mavrin2.create('MavrinTest.Thing')\n"
