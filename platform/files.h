@@ -26,6 +26,10 @@ public:
 
     // The file's present length, or nothing when it cannot be told.
     virtual std::optional<std::int64_t> Length() = 0;
+
+    // Cuts the file to `length`, which is not above its length. False if that failed, and for files
+    // that are not for update.
+    virtual bool Truncate(std::int64_t) { return false; }
 };
 
 // Files and folders. Failure is a null or empty result or false, never an exception. A new file is

@@ -75,6 +75,12 @@ public:
         return static_cast<std::int64_t>(content_->size());
     }
 
+    bool Truncate(std::int64_t length) override {
+        if (!writable_ || length < 0) return false;
+        content_->resize(std::min(content_->size(), static_cast<std::size_t>(length)));
+        return true;
+    }
+
 private:
     bool Put(std::int64_t offset, std::span<const std::byte> source) {
         if (source.empty()) return true;

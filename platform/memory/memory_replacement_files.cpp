@@ -85,6 +85,7 @@ std::unique_ptr<ReplacementFile> MemoryReplacementFiles::Create(const fs::path& 
     auto file = unfinished.empty() ? nullptr : files_->OpenForUpdate(unfinished);
     if (file)
         return std::make_unique<MemoryReplacement>(files_, target, unfinished, std::move(file));
+    files_->Drop(unfinished);
     error = std::make_error_code(std::errc::permission_denied);
     return nullptr;
 }

@@ -66,4 +66,10 @@ std::optional<std::int64_t> WindowsFile::Length() {
     return length.QuadPart;
 }
 
+bool WindowsFile::Truncate(std::int64_t length) {
+    FILE_END_OF_FILE_INFO end = {};
+    end.EndOfFile.QuadPart = length;
+    return ::SetFileInformationByHandle(handle_.Get(), FileEndOfFileInfo, &end, sizeof end) != 0;
+}
+
 }  // namespace mavrin2::platform

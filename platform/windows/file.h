@@ -15,6 +15,7 @@ public:
     std::optional<std::size_t> Read(std::int64_t offset, std::span<std::byte> target) override;
     bool Write(std::int64_t offset, std::span<const std::byte> source) override;
     std::optional<std::int64_t> Length() override;
+    bool Truncate(std::int64_t length) override;
 
     const Handle& Native() const { return handle_; }
 

@@ -57,6 +57,9 @@ TYPED_TEST(FileSystems, OpenOnlyWhatIsThereAndOnlyAsAsked) {
     EXPECT_FALSE(Write(*this->Files().OpenForReading(this->At("a")), 0, "x"));
     EXPECT_TRUE(Write(*this->Files().OpenForUpdate(this->At("a")), 1, "new"));
     EXPECT_EQ(this->Content("a"), "onew");
+    EXPECT_FALSE(this->Files().OpenForReading(this->At("a"))->Truncate(2));
+    EXPECT_TRUE(this->Files().OpenForUpdate(this->At("a"))->Truncate(2));
+    EXPECT_EQ(this->Content("a"), "on");
     EXPECT_EQ(this->Files().Create(this->At("a"))->Length(), 0) << "in place of the old one";
     this->world_.AddFolder(this->At("folder"));
     EXPECT_FALSE(this->Files().OpenForReading(this->At("folder")));

@@ -48,4 +48,8 @@ std::optional<std::int64_t> LinuxFile::Length() {
     return status.st_size;
 }
 
+bool LinuxFile::Truncate(std::int64_t length) {
+    return ::ftruncate(descriptor_.Get(), length) == 0;
+}
+
 }  // namespace mavrin2::platform
