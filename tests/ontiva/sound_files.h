@@ -1,6 +1,5 @@
 #pragma once
 
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <sndfile.h>
 
@@ -9,6 +8,7 @@
 #include <vector>
 
 #include "companions/ontiva/formats/sound_format.h"
+#include "companions/ontiva/libraries/loaded_libraries.h"
 
 namespace mavrin2::ontiva {
 
@@ -40,25 +40,7 @@ public:
     std::size_t BytesRead = 0;
 };
 
-class TestLibraries final : public Libraries {
-public:
-    const TagLibrary& Tags() const override { return Load<TagLibrary>("taglib"); }
-    const FlacLibrary& Flac() const override { return Load<FlacLibrary>("flac"); }
-    const ContainerLibrary& Containers() const override {
-        return Load<ContainerLibrary>("avformat");
-    }
-
-private:
-    template <class Library>
-    static const Library& Load(const std::string& name) {
-        const std::string path = LIBRARY_FOLDER "/libmavrin2-ontiva-" + name + ".so";
-        void* module = dlopen(path.c_str(), RTLD_LAZY | RTLD_LOCAL | RTLD_NODELETE);
-        if (!module) throw MissingLibrary(dlerror());
-        return *reinterpret_cast<const Library* (*)()>(dlsym(module, kLibraryEntry))();
-    }
-};
-
-inline const TestLibraries kLibraries;
+inline const LoadedLibraries kLibraries(platform::SystemModuleLoader(), LIBRARY_FOLDER);
 
 inline SoundInfo ReadInfo(const std::string& bytes) {
     BytesFile file(bytes);
