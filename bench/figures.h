@@ -14,6 +14,8 @@ void PrintOpenFigures(const Folder& data);
 void PrintSignalFigures(const Folder& data);
 // `programs` holds mavrin2 itself.
 void PrintSmallFigures(const Folder& data, const Folder& programs);
+// `scripts` holds those of other programs to measure beside.
+void PrintTagFigures(const Folder& data, const Folder& scripts);
 void PrintViewFigures(const Folder& data, const Folder& programs);
 
 }  // namespace mavrin2::bench

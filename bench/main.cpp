@@ -1,5 +1,5 @@
 // Measures the component beside the programs one would use instead:
-// mavrin2-bench DATA PROGRAMS [GROUP…], a group being small, edit, signal, view or open.
+// mavrin2-bench DATA PROGRAMS [GROUP…], a group being small, edit, signal, view, tags or open.
 
 #include <algorithm>
 #include <cstdio>
@@ -27,6 +27,7 @@ int main(int count, char** arguments) {
         {"edit", [&] { PrintEditFigures(data); }},
         {"signal", [&] { PrintSignalFigures(data); }},
         {"view", [&] { PrintViewFigures(data, programs); }},
+        {"tags", [&] { PrintTagFigures(data, BENCH_SCRIPTS); }},
         {"open", [&] { PrintOpenFigures(data); }},
     };
     const std::span<char*> wanted(arguments + 3, arguments + count);
