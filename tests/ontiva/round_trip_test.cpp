@@ -39,6 +39,7 @@ TEST_P(EachKind, GivesBackMarkersTextsAndPictures) {
     const SoundInfo info = FullInfo();
     const std::string written = WithInfo(sound, info);
     SoundInfo read = ReadInfo(written);
+    EXPECT_EQ(Judge(written).Samples, Judge(sound).Samples);
     EXPECT_EQ(read.Markers, info.Markers);
     EXPECT_EQ(read.Pictures, info.Pictures);
     for (const auto& [name, values] : info.Texts.Entries())
