@@ -4,17 +4,17 @@
 #include "control/editor/document_saver.h"
 #include "control/editor/edit_operations.h"
 #include "control/editor/format_conversion.h"
-#include "control/editor/play_state.h"
 #include "control/editor/positions.h"
 #include "control/editor/sample_arrays.h"
 #include "control/editor/services.h"
 #include "control/editor/undo_redo.h"
+#include "control/editor/view_state.h"
 #include "control/objects/channel.h"
 #include "control/objects/transform.h"
 #include "control/processing/transform_companion.h"
 #include "control/processing/transform_pipeline.h"
 #include "control/processing/transport.h"
-#include "control/view/picture.h"
+#include "control/view/document_picture.h"
 #include "control/view/view_operations.h"
 #include "control/view/zoom.h"
 #include "platform/ports.h"
@@ -26,6 +26,9 @@ struct ControlState {
     editor::DocumentFormat Format;
     editor::ChannelSwitches Channels;
     editor::PlayState Play;
+    editor::SelectionColumns Selection;
+    editor::DragState Drag;
+    view::PictureSettings Picture;
     editor::OperationStatus Status;
     editor::EditSettings Settings;
     editor::UndoSteps Steps;
@@ -57,7 +60,7 @@ private:
     editor::Document document_;
     editor::Operation operation_;
     editor::Storage storage_;
-    view::Picture picture_;
+    view::DocumentPicture picture_;
     editor::ViewRange range_;
     editor::Presentation presentation_;
 

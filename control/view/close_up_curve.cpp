@@ -116,6 +116,15 @@ void DrawCurve(const std::vector<Point>& points, ViewData::Entries& curve, std::
 
 }  // namespace
 
+std::int16_t CloseUpLevelOf(double bytesPerColumn, std::int32_t frequency) {
+    const double farthest = frequency < 8000 ? 12 : frequency > 23000 ? 40 : 25;
+    if (bytesPerColumn <= 0 || bytesPerColumn >= farthest) return 0;
+    if (bytesPerColumn > 0.3) return 1;
+    if (bytesPerColumn > 0.1) return 2;
+    if (bytesPerColumn > 0.02) return 3;
+    return 4;
+}
+
 void BuildCloseUpCurve(ViewData& data, std::int32_t channels, std::int32_t waveWidth,
                        InterpolationMode mode) {
     const std::int32_t last = std::min(waveWidth, data.Columns() - 1);

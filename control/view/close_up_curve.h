@@ -10,6 +10,9 @@ enum class InterpolationMode : std::int16_t {
     Spline = 2     // a natural cubic spline
 };
 
+// How close a view of that many bytes in each column and channel is: see ViewData.
+std::int16_t CloseUpLevelOf(double bytesPerColumn, std::int32_t frequency);
+
 // Draws a curve through the samples that the columns 0 … `waveWidth` hold, for each channel.
 void BuildCloseUpCurve(ViewData& data, std::int32_t channels, std::int32_t waveWidth,
                        InterpolationMode mode);

@@ -6,12 +6,14 @@
 #include "control/editor/document_format.h"
 #include "control/editor/document_state.h"
 #include "control/editor/operation.h"
+#include "control/editor/view_state.h"
 #include "control/view/geometry.h"
 #include "control/view/level_scale.h"
 #include "control/view/pens.h"
 #include "control/view/style.h"
 #include "control/view/time_scale.h"
 #include "control/view/view_data.h"
+#include "control/view/view_services.h"
 
 namespace mavrin2::view {
 
@@ -26,29 +28,23 @@ struct Scene {
     const platform::Font& ScaleYFont;
     const TimeScale& Time;
     const LevelScale& Level;
-    const ViewData& Data;
     const BusyWave& Busy;
+    ViewThumb Thumb;
+    const ViewData& Data;
 
     const editor::DocumentState* Document = nullptr;  // null when none is open
     const editor::DocumentFormat& Format;
     const editor::ChannelSwitches& Channels;
     editor::StatusConstants Status = editor::StatusConstants::Idle;
 
-    TypeViewConstants TypeView = TypeViewConstants::WAVEFORM;
-    std::int16_t TypeBorder = 1;
-    std::int32_t VerticalZoom = 100;
-    std::int32_t SelStartColumn = 0;
-    std::int32_t SelEndColumn = 0;
+    const PictureSettings& Settings;
+    const editor::SelectionColumns& Selection;
+    const editor::DragState& Drag;
     std::int32_t Progress = 0;  // percent of a file that is being read or written
-    std::int32_t PlayColumn = 0;
 
     bool HasSound() const { return Document && Document->TotalBytes != Bytes(0); }
-    bool Spectral() const { return TypeView == TypeViewConstants::SPECTRAL; }
+    bool Spectral() const { return Settings.TypeView == TypeViewConstants::SPECTRAL; }
     bool Loading() const { return Status == editor::StatusConstants::Opening; }
-    bool Playing() const {
-        return Status == editor::StatusConstants::Playing ||
-               Status == editor::StatusConstants::Paused;
-    }
     bool LevelScaleLeft() const { return ScaleY.Orientation == 2; }
     bool Selected() const { return Document && Document->Selected != 0; }
     // Both channels of a document of two.

@@ -1,9 +1,9 @@
 #include "control/view/time_scale.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
-
-#include "control/view/format_time.h"
 
 namespace mavrin2::view {
 namespace {
@@ -19,6 +19,13 @@ double ExponentOf(double step, bool time) {
     if (time && exponent <= 0)
         return whole - exponent < 0.9 ? std::ceil(exponent) : std::floor(exponent);
     return exponent - whole < 0.1 ? std::floor(exponent) : std::ceil(exponent);
+}
+
+std::string Digits(std::int64_t value, int count) {
+    std::string text = std::to_string(value);
+    if (static_cast<int>(text.size()) < count)
+        text.insert(0, static_cast<std::size_t>(count) - text.size(), '0');
+    return text;
 }
 
 }  // namespace
@@ -78,6 +85,32 @@ int TimeScale::Decimals() const {
 std::string TimeScale::Label(double value) const {
     if (Range.Type == 2) return FormatTime(value, Decimals(), Range.LongDocument);
     return std::to_string(static_cast<std::int64_t>(value));
+}
+
+std::string FormatTime(double seconds, int decimals, bool longDocument) {
+    decimals = std::clamp(decimals, 0, kMostDecimals);
+    if (!longDocument) {
+        // Not printf, which writes the fraction as the user's language does.
+        std::array<char, 400> text;
+        const auto end = std::to_chars(text.data(), text.data() + text.size(), seconds,
+                                       std::chars_format::fixed, decimals);
+        return {text.data(), end.ptr};
+    }
+    auto minutes = static_cast<std::int64_t>(seconds / 60);
+    auto whole = static_cast<std::int64_t>(seconds - 60.0 * static_cast<double>(minutes));
+    const double scale = std::pow(10.0, decimals);
+    const double rest = seconds - 60.0 * static_cast<double>(minutes) - static_cast<double>(whole);
+    auto fraction = static_cast<std::int64_t>(std::floor(rest * scale + 0.5));
+    if (fraction >= static_cast<std::int64_t>(scale)) {
+        fraction -= static_cast<std::int64_t>(scale);
+        if (++whole == 60) {
+            whole = 0;
+            ++minutes;
+        }
+    }
+    std::string text = std::to_string(minutes) + ":" + Digits(whole, 2) + ".";
+    if (decimals > 0) text += Digits(fraction, decimals);
+    return text;
 }
 
 }  // namespace mavrin2::view

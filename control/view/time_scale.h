@@ -34,4 +34,7 @@ struct TimeScale {
     std::string Label(double value) const;
 };
 
+// Minutes, seconds and a fraction of so many digits, or for a short document the seconds alone.
+std::string FormatTime(double seconds, int decimals, bool longDocument);
+
 }  // namespace mavrin2::view

@@ -49,7 +49,4 @@ struct ViewData {
     }
 };
 
-// How close a view of that many bytes in each column and channel is.
-std::int16_t CloseUpLevelOf(double bytesPerColumn, std::int32_t frequency);
-
 }  // namespace mavrin2::view

@@ -5,7 +5,7 @@
 namespace mavrin2::view {
 
 void ViewOperations::Paint(platform::DrawingTarget& target, const Rectangle& bounds) {
-    if (bounds == picture_.Bounds()) {
+    if (bounds == picture_.Frame().Bounds()) {
         picture_.Show(target);
         return;
     }
@@ -13,7 +13,7 @@ void ViewOperations::Paint(platform::DrawingTarget& target, const Rectangle& bou
     picture_.Layout();
     range_.RecomputeView();
     // A host may have had it painted elsewhere in an event.
-    if (bounds == picture_.Bounds()) picture_.Compose(target);
+    if (bounds == picture_.Frame().Bounds()) picture_.Compose(target);
 }
 
 void ViewOperations::RebuildPens() {
@@ -36,39 +36,41 @@ void ViewOperations::ApplyScaleSettings() {
 
 void ViewOperations::VisibleChannelsChanged() {
     picture_.Layout();
-    if (picture_.TypeView() == TypeViewConstants::SPECTRAL) picture_.BuildSpectralPictures();
+    if (picture_.Settings().TypeView == TypeViewConstants::SPECTRAL)
+        picture_.BuildSpectralPictures();
     picture_.Redraw();
 }
 
 void ViewOperations::OperationChannelsChanged() {
-    if (picture_.TypeView() != TypeViewConstants::SPECTRAL) picture_.RenderBackground();
+    if (picture_.Settings().TypeView != TypeViewConstants::SPECTRAL) picture_.RenderBackground();
     picture_.Redraw();
 }
 
 std::int16_t ViewOperations::TypeBorder() const {
-    return picture_.TypeBorder();
+    return picture_.Settings().TypeBorder;
 }
 
 void ViewOperations::SetTypeBorder(std::int16_t type) {
-    picture_.SetTypeBorder(type);
+    picture_.Settings().TypeBorder = type;
     picture_.RenderBackground();
     picture_.Redraw();
 }
 
 TypeViewConstants ViewOperations::TypeView() const {
-    return picture_.TypeView();
+    return picture_.Settings().TypeView;
 }
 
 void ViewOperations::SetTypeView(TypeViewConstants type) {
-    if (!status_.Idle() || type == picture_.TypeView()) return;
-    picture_.SetTypeView(type);
+    if (!status_.Idle() || type == picture_.Settings().TypeView) return;
+    picture_.Settings().TypeView = type;
     picture_.Layout();
     if (range_.RecomputeView()) picture_.Redraw();
 }
 
 void ViewOperations::SaveWaveImage(const std::filesystem::path& path) const {
     status_.LastError = editor::ErrorConstants::NOERRORS;
-    if (!picture_.Frame().Empty()) WriteWaveImage(files_, path, picture_.Frame());
+    const Surface& frame = picture_.Frame().Frame();
+    if (!frame.Empty()) WriteWaveImage(files_, path, frame);
 }
 
 }  // namespace mavrin2::view

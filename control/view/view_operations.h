@@ -5,7 +5,7 @@
 
 #include "control/editor/services.h"
 #include "control/interfaces/enumerations.h"
-#include "control/view/picture.h"
+#include "control/view/document_picture.h"
 #include "control/view/rectangle.h"
 #include "platform/drawing_target.h"
 
@@ -16,8 +16,8 @@ using interfaces::TypeViewConstants;
 // What a container and the settings' objects ask of the view.
 class ViewOperations {
 public:
-    ViewOperations(Picture& picture, editor::OperationStatus& status, editor::ViewRange& range,
-                   platform::FileSystem& files)
+    ViewOperations(DocumentPicture& picture, editor::OperationStatus& status,
+                   editor::ViewRange& range, platform::FileSystem& files)
         : picture_(picture), status_(status), range_(range), files_(files) {}
 
     // Shows the picture at `bounds` of the target: a copy when they are those of the last time,
@@ -49,7 +49,7 @@ public:
     void SaveWaveImage(const std::filesystem::path& path) const;
 
 private:
-    Picture& picture_;
+    DocumentPicture& picture_;
     editor::OperationStatus& status_;
     editor::ViewRange& range_;
     platform::FileSystem& files_;

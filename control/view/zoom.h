@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "control/editor/services.h"
-#include "control/view/picture.h"
+#include "control/view/document_picture.h"
 
 namespace mavrin2::view {
 
@@ -11,8 +11,8 @@ namespace mavrin2::view {
 // state, so that undo brings it back. What cannot be done is not done; nothing fails.
 class Zoom {
 public:
-    Zoom(Picture& picture, const editor::Document& document, const editor::Operation& operation,
-         editor::ViewRange& range)
+    Zoom(DocumentPicture& picture, const editor::Document& document,
+         const editor::Operation& operation, editor::ViewRange& range)
         : picture_(picture), document_(document), operation_(operation), range_(range) {}
 
     // To the selection, of 3 frames at least.
@@ -32,7 +32,7 @@ private:
     bool CanPush() const;
     void ShowLevel();
 
-    Picture& picture_;
+    DocumentPicture& picture_;
     editor::Document document_;
     editor::Operation operation_;
     editor::ViewRange& range_;

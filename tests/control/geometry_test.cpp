@@ -3,8 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "control/view/column_mapping.h"
-#include "control/view/lanes.h"
 #include "platform/memory/fixed_fonts.h"
 
 namespace mavrin2::tests {

@@ -17,7 +17,7 @@ WaveformPainter::WaveformPainter(const Scene& scene, const Lane& lane)
       high_(scene.Data.High[lane.Channel]),
       curve_(scene.Data.CloseUp[lane.Channel]),
       off_(scene.Format.Channels > 1 && !scene.Channels.Operation[lane.Channel]),
-      full_(scene.VerticalZoom * kFullScale / 100),
+      full_(scene.Settings.VerticalZoom * kFullScale / 100),
       half_(lane.Area.Height() / 2),
       middle_(lane.Area.Top + half_) {}
 
@@ -50,19 +50,19 @@ void WaveformPainter::Draw(Surface& surface) const {
     surface.Horizontal(lane_.Left, lane_.Right, middle_, scene_.Pen.Center);
     if (!scene_.HasSound()) return;
     DrawOutside(surface);
-    if (scene_.SelStartColumn != scene_.SelEndColumn) DrawInside(surface);
+    if (scene_.Selection.Start != scene_.Selection.End) DrawInside(surface);
 }
 
 void WaveformPainter::DrawOutside(Surface& surface) const {
     const Colors colors = Outside();
     const std::int32_t width = scene_.Area.WaveWidth;
     if (scene_.Data.CloseUpLevel == 0) {
-        DrawPeaks(surface, {0, scene_.SelStartColumn}, colors.Peaks);
-        DrawPeaks(surface, {scene_.SelEndColumn, width}, colors.Peaks);
+        DrawPeaks(surface, {0, scene_.Selection.Start}, colors.Peaks);
+        DrawPeaks(surface, {scene_.Selection.End, width}, colors.Peaks);
         return;
     }
-    const Columns before{1, scene_.SelStartColumn + 1};
-    const Columns behind{scene_.SelEndColumn + 1, width + 1};
+    const Columns before{1, scene_.Selection.Start + 1};
+    const Columns behind{scene_.Selection.End + 1, width + 1};
     DrawCurve(surface, before, colors.Curve);
     DrawCurve(surface, behind, colors.Curve);
     DrawPoints(surface, before, colors.Points);
@@ -71,8 +71,8 @@ void WaveformPainter::DrawOutside(Surface& surface) const {
 
 void WaveformPainter::DrawInside(Surface& surface) const {
     const Colors colors = Inside();
-    const std::int32_t start = scene_.SelStartColumn;
-    const std::int32_t end = scene_.SelEndColumn;
+    const std::int32_t start = scene_.Selection.Start;
+    const std::int32_t end = scene_.Selection.End;
     if (scene_.Selected())
         surface.Horizontal(lane_.Left + start, lane_.Left + end + 1, middle_, colors.Center);
     if (scene_.Data.CloseUpLevel == 0) {

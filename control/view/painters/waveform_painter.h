@@ -1,6 +1,6 @@
 #pragma once
 
-#include "control/view/lanes.h"
+#include "control/view/geometry.h"
 #include "control/view/scene.h"
 #include "control/view/surface.h"
 

@@ -1,13 +1,20 @@
-#include "control/view/painters/cursor_painter.h"
+#include "control/view/painters/cursor_painters.h"
 
 #include <algorithm>
 
 namespace mavrin2::view {
+namespace {
+
+// Dashes of the edit and the play cursor.
+constexpr std::int32_t kCursorDash = 2;
+constexpr std::int32_t kCursorPeriod = 4;
+
+}  // namespace
 
 void CursorPainter::Draw(Surface& surface) const {
     if (!scene_.Document) return;
     DrawInBar(surface);
-    const editor::ZoomLevel& level = scene_.Document->Level();
+    const editor::ZoomLevel level = scene_.Document->Level();
     if (scene_.Selected() && level.StartSelect != level.EndSelect)
         DrawEdges(surface, level);
     else if (InView(level.StartSelect))
@@ -15,7 +22,7 @@ void CursorPainter::Draw(Surface& surface) const {
 }
 
 bool CursorPainter::InView(signal::Bytes position) const {
-    const editor::ZoomLevel& level = scene_.Document->Level();
+    const editor::ZoomLevel level = scene_.Document->Level();
     return position >= level.StartView && position <= level.EndView;
 }
 
@@ -35,10 +42,12 @@ void CursorPainter::DrawInBar(Surface& surface) const {
         surface.Vertical(start, 2, bottom, ToPixel(scene_.Colors.Cursor));
         return;
     }
-    const std::int32_t end = columnOf(document.Level().EndSelect);
+    const editor::ZoomLevel level = document.Level();
+    const bool dragging = scene_.Drag.Mode == editor::DragMode::Selecting;
+    const std::int32_t end = columnOf(dragging ? level.SelectDragEnd : level.EndSelect);
     surface.Fill({start, 2, end, bottom}, ToPixel(scene_.Colors.DarkSelectShade));
-    const std::int32_t left = std::max(start, thumb_.Left);
-    const std::int32_t right = std::min(end, thumb_.Left + thumb_.Width + 1);
+    const std::int32_t left = std::max(start, scene_.Thumb.Left);
+    const std::int32_t right = std::min(end, scene_.Thumb.Left + scene_.Thumb.Width + 1);
     if (left < right)
         surface.Fill({left, 2, right, bottom}, ToPixel(scene_.Colors.LightSelectShade));
 }
@@ -48,8 +57,8 @@ void CursorPainter::DrawEdges(Surface& surface, const editor::ZoomLevel& level) 
     const Rectangle& wave = scene_.Area.WaveArea;
     const std::int32_t margin = scene_.Area.LaneMargin;
     const Pixel color = ToPixel(scene_.Colors.Cursor);
-    const std::int32_t start = wave.Left + scene_.SelStartColumn;
-    const std::int32_t end = wave.Left + scene_.SelEndColumn;
+    const std::int32_t start = wave.Left + scene_.Selection.Start;
+    const std::int32_t end = wave.Left + scene_.Selection.End;
     for (std::int32_t d = margin; d >= 0; --d)
         for (const std::int32_t y : {wave.Top + margin - d, wave.Bottom - (margin - d)}) {
             if (InView(level.StartSelect))
@@ -63,7 +72,7 @@ void CursorPainter::DrawCursor(Surface& surface) const {
     const Rectangle& wave = scene_.Area.WaveArea;
     const std::int32_t margin = scene_.Area.LaneMargin;
     const Pixel color = ToPixel(scene_.Colors.Cursor);
-    const std::int32_t x = wave.Left + scene_.SelStartColumn;
+    const std::int32_t x = wave.Left + scene_.Selection.Start;
     for (std::int32_t d = margin; d >= 0; --d)
         for (const std::int32_t y : {wave.Top + margin - d, wave.Bottom - (margin - d)})
             surface.Horizontal(std::max(x - d, wave.Left), std::min(x + d + 1, wave.Right), y,
@@ -71,6 +80,15 @@ void CursorPainter::DrawCursor(Surface& surface) const {
     const CursorRange range = CursorRangeOf(scene_.Area, scene_.Channels, scene_.Format.Channels);
     surface.VerticalDashes(x, wave.Top + range.Top, wave.Top + range.Bottom, kCursorDash,
                            kCursorPeriod, color);
+}
+
+void DrawPlayCursor(platform::DrawingTarget& target, const Rectangle& bounds, const Geometry& area,
+                    const CursorRange& rows, std::int32_t column, Pixel color) {
+    const std::int32_t x = bounds.Left + area.WaveArea.Left + column;
+    const std::int32_t top = bounds.Top + area.WaveArea.Top;
+    ForEachDash(
+        top + rows.Top, top + rows.Bottom, kCursorDash, kCursorPeriod,
+        [&](std::int32_t from, std::int32_t to) { target.DrawVertical(x, from, to, color.Value); });
 }
 
 }  // namespace mavrin2::view

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "control/view/lanes.h"
+#include "control/view/geometry.h"
 #include "control/view/scene.h"
 #include "control/view/surface.h"
+#include "platform/drawing_target.h"
 
 namespace mavrin2::view {
 
@@ -10,7 +11,7 @@ namespace mavrin2::view {
 // overview bar.
 class CursorPainter {
 public:
-    CursorPainter(const Scene& scene, const ViewThumb& thumb) : scene_(scene), thumb_(thumb) {}
+    explicit CursorPainter(const Scene& scene) : scene_(scene) {}
 
     void Draw(Surface& surface) const;
 
@@ -21,11 +22,11 @@ private:
     bool InView(signal::Bytes position) const;
 
     const Scene& scene_;
-    const ViewThumb& thumb_;
 };
 
-// Dashes of the edit and the play cursor.
-inline constexpr std::int32_t kCursorDash = 2;
-inline constexpr std::int32_t kCursorPeriod = 4;
+// The place that is played, on a target that shows the frame at `bounds`: drawn over the copied
+// frame, so that moving it costs no composition.
+void DrawPlayCursor(platform::DrawingTarget& target, const Rectangle& bounds, const Geometry& area,
+                    const CursorRange& rows, std::int32_t column, Pixel color);
 
 }  // namespace mavrin2::view

@@ -1,4 +1,4 @@
-#include "control/view/painters/lane_painter.h"
+#include "control/view/painters/lane_painters.h"
 
 #include <algorithm>
 
@@ -27,6 +27,20 @@ void LanePainter::DrawBusyWave(Surface& surface) const {
         surface.Vertical(lane_.Left + column, middle + height, middle - height + 1,
                          scene_.Pen.Digital);
     }
+}
+
+void SpectralLanePainter::Draw(Surface& surface) const {
+    if (!scene_.HasSound()) return;
+    using Kind = SpectralPictures::Kind;
+    const Rectangle& area = lane_.Area;
+    const bool active = scene_.Format.Channels < 2 || scene_.Channels.Operation[lane_.Channel] != 0;
+    const auto copy = [&](Kind kind, std::int32_t from, std::int32_t to) {
+        surface.CopyFrom(pictures_.Of(lane_.Channel, kind), {from, 0, to, area.Height()},
+                         area.Left + from, area.Top);
+    };
+    copy(active ? Kind::Normal : Kind::Inactive, 0, area.Width());
+    if (active && scene_.Selection.Start != scene_.Selection.End)
+        copy(Kind::Selected, scene_.Selection.Start, scene_.Selection.End);
 }
 
 }  // namespace mavrin2::view

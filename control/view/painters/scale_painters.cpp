@@ -1,11 +1,91 @@
-#include "control/view/painters/level_scale_painter.h"
+#include "control/view/painters/scale_painters.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
-#include "control/view/painters/grid.h"
-
 namespace mavrin2::view {
+namespace {
+
+// The dashes of the lines that both scales draw across the waveform, in pixels.
+constexpr std::int32_t kGridDash = 5;
+constexpr std::int32_t kGridPeriod = 8;
+
+}  // namespace
+
+void TimeScalePainter::Draw(Surface& surface) const {
+    const TimeScale& time = scene_.Time;
+    if (!scene_.ScaleX.Visible || time.Step <= 0) return;
+    const Geometry& area = scene_.Area;
+    const Rectangle& wave = area.WaveArea;
+    const std::int32_t top = wave.Bottom + 3;
+    surface.Fill({2, top, surface.Width() - 2, top + area.TimeScale}, scene_.Pen.Face);
+
+    const std::int32_t tick = area.TimeScale / 3;
+    const std::int32_t firstLabel = scene_.ScaleY.Visible && scene_.LevelScaleLeft() ? 0 : 1;
+    bool full = true;
+    double value = time.FirstLabel;
+    while (value <= time.Range.End) {
+        const std::int32_t x = MajorColumn(value);
+        if (wave.Left + x >= wave.Right) break;
+        const bool shortened = time.Subdivisions == 5 && !full;
+        full = !full;
+        if (x >= 0)
+            surface.Vertical(wave.Left + x, top, top + (shortened ? 4 * tick / 5 : tick),
+                             scene_.Pen.Text);
+        if (x >= firstLabel && area.TimeScale > 0) DrawLabel(surface, x, time.Label(value));
+        if (x > 0) DrawGrid(surface, x);
+        DrawMinorTicks(surface, value);
+        value += time.Step;
+    }
+}
+
+double TimeScalePainter::ColumnsAt(double value) const {
+    const TimeRange& range = scene_.Time.Range;
+    return scene_.Area.WaveWidth * (value - range.Start) / (range.End - range.Start);
+}
+
+// Rounded, and down in the middle.
+std::int32_t TimeScalePainter::MajorColumn(double value) const {
+    const double column = ColumnsAt(value);
+    const double whole = std::floor(column);
+    return static_cast<std::int32_t>(column - whole <= 0.5 ? whole : std::ceil(column));
+}
+
+void TimeScalePainter::DrawLabel(Surface& surface, std::int32_t x, const std::string& label) const {
+    const platform::Font& font = scene_.ScaleXFont;
+    const Rectangle& wave = scene_.Area.WaveArea;
+    const std::int32_t half = font.Measure(label).Width / 2;
+    // The unit stands at the left.
+    if (wave.Left + x + half >= surface.Width() - 3) return;
+    if (wave.Left + x - half <= 1 + font.Measure("smpl").Width) return;
+    font.Draw(surface.AsPixels(), wave.Left + x - half, wave.Bottom + 4 + scene_.Area.TimeScale / 3,
+              label, ToPixel(scene_.Colors.Font).Value);
+}
+
+void TimeScalePainter::DrawGrid(Surface& surface, std::int32_t x) const {
+    if (!scene_.ScaleX.Grid || scene_.Spectral()) return;
+    const Rectangle& wave = scene_.Area.WaveArea;
+    surface.VerticalDashes(wave.Left + x, wave.Top, wave.Bottom - 2, kGridDash, kGridPeriod,
+                           scene_.Pen.Grid);
+}
+
+void TimeScalePainter::DrawMinorTicks(Surface& surface, double value) const {
+    const TimeScale& time = scene_.Time;
+    const Rectangle& wave = scene_.Area.WaveArea;
+    const double part = time.Step / time.Subdivisions;
+    const std::int32_t top = wave.Bottom + 3;
+    double minor = value + part;
+    while (minor < value + time.Step) {
+        const auto x = static_cast<std::int32_t>(ColumnsAt(minor));
+        if (wave.Left + x >= wave.Right) return;
+        if (x > 0)
+            surface.Vertical(wave.Left + x, top, top + scene_.Area.TimeScale / 3 / 2,
+                             scene_.Pen.Text);
+        minor += part;
+    }
+}
+
 namespace {
 
 constexpr std::int32_t kTextInset = 6;
@@ -114,6 +194,33 @@ void LevelScalePainter::DrawMinorTicks(Surface& surface, LabelLane lane, std::in
         AtBothRows(lane, minor, [&](std::int32_t y) {
             if (y > lane.Top && y < lane.Bottom) DrawTick(surface, y, tick_ / 2);
         });
+}
+
+void UnitLabelPainter::Draw(Surface& surface) const {
+    const Geometry& area = scene_.Area;
+    const Rectangle& wave = area.WaveArea;
+    const std::uint32_t color = ToPixel(scene_.Colors.Font).Value;
+    if (scene_.ScaleX.Visible && area.TimeScale > 0)
+        scene_.ScaleXFont.Draw(surface.AsPixels(), 3, wave.Bottom + 4 + area.TimeScale / 3,
+                               scene_.ScaleX.Type == 2 ? "hms" : "smpl", color);
+    if (!scene_.ScaleY.Visible || area.LevelScale <= 0) return;
+    // Above its scale, wherever that stands.
+    const std::int32_t left = scene_.LevelScaleLeft() ? wave.Left - area.LevelScale
+                                                      : wave.Right + 6 + area.LevelScale / 5;
+    scene_.ScaleYFont.Draw(surface.AsPixels(), left, wave.Top - area.OverviewBar - 5, LevelUnit(),
+                           color);
+}
+
+const char* UnitLabelPainter::LevelUnit() const {
+    if (scene_.Spectral()) return "Hz";
+    switch (scene_.ScaleY.Type) {
+        case 3:
+            return "dB";
+        case 2:
+            return "norm";
+        default:
+            return "smpl";
+    }
 }
 
 }  // namespace mavrin2::view
