@@ -9,8 +9,8 @@
 
 namespace mavrin2::automation {
 
-// The sinks that are connected for one outgoing interface. The point is an object of its own that
-// lives and dies with the object whose point it is.
+// The sinks that are connected for one outgoing interface. The point has an identity of its own but
+// is a part of the object whose point it is.
 class ConnectionPoint final : public IConnectionPoint {
 public:
     // `owner` is the object's identity, `container` its IConnectionPointContainer.
@@ -34,15 +34,15 @@ public:
     // The identity of the object whose point this is.
     IUnknown* Owner() const { return owner_; }
 
-    // The places in the array of connections, those that were given up among them.
+    // Number of slots, including vacated ones.
     std::size_t Places() const { return connections_.size(); }
-    // The sink at a place, through the outgoing interface; empty where there is none (any more).
+    // The sink in a slot, through the outgoing interface; null in a vacated slot.
     ComPtr<IUnknown> SinkAt(std::size_t place) const;
 
 private:
     struct Connection {
         DWORD Cookie;
-        ComPtr<IUnknown> Sink;  // empty after it was disconnected: others keep their places
+        ComPtr<IUnknown> Sink;  // null once disconnected: the others keep their slots
     };
 
     IUnknown* owner_;
@@ -60,7 +60,7 @@ public:
     STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** points) override;
     STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** point) override;
 
-    // The point made for the n-th outgoing interface.
+    // The point for the n-th outgoing interface.
     ConnectionPoint& At(std::size_t index) { return *points_[index]; }
 
 private:
@@ -68,9 +68,9 @@ private:
 };
 
 // Calls a method of a dispatch interface on every connected sink, in the order of connecting.
-// Arguments stand in the order of the declaration. Returns the status of the last call made, or
-// success when no sink is connected; a sink that fails stops nothing, and one that lets the object
-// go does so only when all have been called.
+// Arguments are in the order of declaration. Returns the status of the last call made, or success
+// when no sink is connected. A sink that fails does not stop the others, and the object lives until
+// all have been called.
 HRESULT FireEvent(const ConnectionPoint& point, DISPID event, std::span<const VARIANT> arguments);
 
 }  // namespace mavrin2::automation

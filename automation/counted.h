@@ -68,4 +68,27 @@ ComPtr<Object> MakeCounted(Arguments&&... arguments) {
     return ComPtr<Object>::Adopt(new Object(std::forward<Arguments>(arguments)...));
 }
 
+// An interface that an object implements in a separate class: a group of methods with its own
+// state, while identity and lifetime are the object's.
+template <class Interface>
+class InterfacePart : public Interface {
+public:
+    explicit InterfacePart(IUnknown* identity) : identity_(identity) {}
+    InterfacePart(const InterfacePart&) = delete;
+    InterfacePart& operator=(const InterfacePart&) = delete;
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) final {
+        return identity_->QueryInterface(iid, object);
+    }
+    STDMETHODIMP_(ULONG) AddRef() final { return identity_->AddRef(); }
+    STDMETHODIMP_(ULONG) Release() final { return identity_->Release(); }
+
+protected:
+    ~InterfacePart() = default;
+    IUnknown* Identity() const { return identity_; }
+
+private:
+    IUnknown* identity_;
+};
+
 }  // namespace mavrin2::automation

@@ -16,7 +16,7 @@ bool IsLeftOut(const VARIANT& argument) {
     return argument.vt == VT_ERROR && argument.scode == DISP_E_PARAMNOTFOUND;
 }
 
-// The argument, or the variant that a script's variable is. Null for an address of nothing.
+// The argument itself, or the variant that it points to; null for a null pointer.
 VARIANT* Dereferenced(VARIANT& argument) {
     return argument.vt == (VT_BYREF | VT_VARIANT) ? argument.pvarVal : &argument;
 }
@@ -44,7 +44,7 @@ private:
     SAFEARRAY* array_;
 };
 
-// How many parameters a caller can give: a result is none of them.
+// Number of parameters that a caller can give, which excludes the result.
 std::size_t SettableOf(const MemberDescription& member) {
     const auto& parameters = member.Parameters;
     const bool result = !parameters.empty() && parameters.back().Way == Direction::Result;
@@ -102,11 +102,11 @@ private:
         VariantInit(&from);
     }
 
-    // Which of the caller's variants belongs to which parameter.
+    // Assigns the caller's variants to parameters.
     HRESULT Match() {
         const DISPPARAMS& all = *call_.Arguments;
         const bool put = (member_.Kind & kPutKinds) != 0;
-        // Which argument is the new value is never guessed from its place.
+        // The new value must be named as such.
         if (put && (all.cNamedArgs == 0 || all.rgdispidNamedArgs[0] != DISPID_PROPERTYPUT))
             return DISP_E_PARAMNOTFOUND;
         const std::size_t settable = SettableOf(member_);
@@ -277,7 +277,7 @@ HRESULT ReportException(HRESULT status, EXCEPINFO* exception) {
     return DISP_E_EXCEPTION;
 }
 
-// A property without parameters that is read with some: they are for the object that it gives.
+// A property without parameters that is read with some: they are meant for the object it returns.
 bool IsMeantForTheValue(const MemberDescription& member, const DISPPARAMS& arguments) {
     return member.Kind == INVOKE_PROPERTYGET && SettableOf(member) == 0 &&
            arguments.cArgs > arguments.cNamedArgs;
@@ -286,7 +286,7 @@ bool IsMeantForTheValue(const MemberDescription& member, const DISPPARAMS& argum
 HRESULT CallMember(const MemberDescription& member, void* object, const Invocation& call) {
     ArgumentList arguments(member, call);
     if (const HRESULT status = arguments.Prepare(); FAILED(status)) return status;
-    // What an earlier call left must not be taken for this one's.
+    // Error information of an earlier call must not be attributed to this one.
     SetErrorInfo(0, nullptr);
     const HRESULT status = member.Call(object, arguments.Passed());
     if (FAILED(status)) return ReportException(status, call.Exception);
@@ -306,7 +306,7 @@ HRESULT CallDefaultOfValue(const MemberDescription& member, void* object, const 
 }
 
 int KindsOf(WORD flags) {
-    // Asking for a call may mean reading a property, as languages without the difference do.
+    // Languages that do not distinguish calls from property reads set both flags.
     return flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET | kPutKinds);
 }
 
@@ -326,7 +326,7 @@ HRESULT FindNames(const InterfaceDescription& description, REFIID reserved, LPOL
         for (UINT i = 1; i < count; ++i) {
             const std::string name = ToUtf8(names[i]);
             for (std::size_t p = 0; p < member->Parameters.size(); ++p)
-                // A result is no argument.
+                // A result is not an argument.
                 if (member->Parameters[p].Way != Direction::Result &&
                     EqualIgnoringCase(member->Parameters[p].Name, name))
                     ids[i] = static_cast<DISPID>(p);
@@ -346,7 +346,7 @@ HRESULT InvokeMember(const InterfaceDescription& description, void* object, REFI
             return E_INVALIDARG;
         const MemberDescription* member = description.Find(call.Member, KindsOf(call.Flags));
         if (!member) return DISP_E_MEMBERNOTFOUND;
-        // The host may let go of the object from inside the call.
+        // The host may release the object during the call.
         const ComPtr<IUnknown> held(static_cast<IUnknown*>(object));
         return IsMeantForTheValue(*member, *call.Arguments)
                    ? CallDefaultOfValue(*member, object, call)

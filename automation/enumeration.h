@@ -9,8 +9,8 @@
 
 namespace mavrin2::automation {
 
-// One of the system's enumerators: walks over a list taken when the enumeration was made. `Give`
-// makes of an item what the caller gets, with references and memory of its own.
+// One of the system's enumerators, over a list taken when it was made. `Give` makes what the caller
+// gets from an item, with its own references and memory.
 template <class Interface, class Item, class Element, Element (*Give)(const Item&)>
 class Enumeration final : public Counted<Interface> {
 public:

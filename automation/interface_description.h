@@ -75,7 +75,7 @@ struct InterfaceDescription {
     const char* Name;
     IID Id;
     const char* Help;
-    bool Events = false;  // an event interface has no virtual table of its own
+    bool Events = false;  // an event interface has no virtual table
     std::vector<MemberDescription> Members;
     const LibraryDescription& (*Library)() = nullptr;
 

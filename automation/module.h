@@ -9,10 +9,10 @@
 
 namespace mavrin2::automation {
 
-// One class that a module offers: how it is made and what hosts are told of it.
+// One class that a module offers: how it is made and how it is registered.
 struct ClassEntry {
     CLSID Id;
-    // A new object, alone or aggregated by `outer`; the way of a standard class factory.
+    // A new object, alone or aggregated by `outer`, as a standard class factory makes it.
     HRESULT (*Create)(IUnknown* outer, REFIID iid, void** object);
     const char* Description;
     const char* VersionedProgId;
@@ -29,7 +29,7 @@ struct ModuleContents {
 };
 const ModuleContents& ThisModule();
 
-// The count of what keeps a module loaded: its objects, its connected class objects, server locks.
+// Counts what keeps a module loaded: its objects, its class objects in use, server locks.
 class ModuleLocks {
 public:
     static ModuleLocks& OfThisModule();
@@ -50,7 +50,7 @@ public:
     ~ModuleLock() { ModuleLocks::OfThisModule().Remove(); }
 };
 
-// The four services a host's system asks a module for.
+// The four entry points that the system calls.
 HRESULT GetClassObject(const ModuleContents& module, REFCLSID id, REFIID iid, void** object);
 HRESULT CanUnloadNow();
 HRESULT RegisterModule(const ModuleContents& module);

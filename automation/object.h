@@ -5,7 +5,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "automation/com_ptr.h"
+#include "automation/counted.h"
 #include "automation/dispatch.h"
 #include "automation/guarded.h"
 #include "automation/module.h"
@@ -13,30 +13,7 @@
 
 namespace mavrin2::automation {
 
-// An interface that an object answers for through a class of its own: a group of methods with its
-// own state, whose identity and life are the object's.
-template <class Interface>
-class InterfacePart : public Interface {
-public:
-    explicit InterfacePart(IUnknown* identity) : identity_(identity) {}
-    InterfacePart(const InterfacePart&) = delete;
-    InterfacePart& operator=(const InterfacePart&) = delete;
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) final {
-        return identity_->QueryInterface(iid, object);
-    }
-    STDMETHODIMP_(ULONG) AddRef() final { return identity_->AddRef(); }
-    STDMETHODIMP_(ULONG) Release() final { return identity_->Release(); }
-
-protected:
-    ~InterfacePart() = default;
-    IUnknown* Identity() const { return identity_; }
-
-private:
-    IUnknown* identity_;
-};
-
-// Says that one interface gives rich errors.
+// Reports that one interface gives error information.
 class ErrorInfoSupport final : public InterfacePart<ISupportErrorInfo> {
 public:
     ErrorInfoSupport(IUnknown* identity, const IID& supported)
@@ -53,10 +30,10 @@ private:
 // The base of every automation object of this project: reference count, identity (its own, or that
 // of an outer object that aggregates it), late binding from the description of `Primary`, and
 // error information. `Derived` is final and is made by Make or by a class object:
-// its constructor takes `IUnknown* outer` (null when it stands alone) and what Make passes on.
+// its constructor takes `IUnknown* outer` (null when it is not aggregated) and what Make passes on.
 //
 // `Derived` may define
-//   HRESULT FinalConstruct()           after construction, where a failure can be told;
+//   HRESULT FinalConstruct()           after construction, where failure can be reported;
 //   void FinalRelease()                before destruction, while it is still whole;
 //   void* FindInterface(REFIID)        further interfaces, each of which forwards its identity.
 template <class Derived, class Primary>
@@ -128,11 +105,11 @@ public:
 protected:
     ~AutomationObject() = default;
 
-    // The object as others see it.
+    // The identity that other objects see.
     IUnknown* Identity() const { return identity_; }
 
 private:
-    // Counts and answers for the object itself; every other interface forwards to the identity.
+    // The object's own IUnknown; every other interface forwards to the identity.
     class Inner final : public IUnknown {
     public:
         explicit Inner(AutomationObject& object) : object_(object) {}
@@ -148,7 +125,7 @@ private:
         STDMETHODIMP_(ULONG) Release() override {
             const ULONG left = --count_;
             if (left == 0) {
-                // What the teardown calls may take and drop references of its own.
+                // Code that the teardown calls may add and release references.
                 count_ = 1;
                 object_.Destroy();
             }

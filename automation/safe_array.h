@@ -59,8 +59,8 @@ private:
     SAFEARRAY* array_ = nullptr;
 };
 
-// The elements of somebody's array while this object lives; empty for a null array, for one of
-// another element type or with more than one dimension.
+// The elements of an array, locked while this object lives; empty for a null array, for one with
+// another element type or more than one dimension.
 template <class Element>
 class ArrayView {
 public:

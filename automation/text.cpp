@@ -31,7 +31,7 @@ bool IsSurrogate(char32_t c) {
     return c >= 0xD800 && c < 0xE000;
 }
 
-// Reads one code point and moves `at` behind it; a malformed byte is one replacement character.
+// Reads one code point and moves `at` past it; a malformed byte becomes one replacement character.
 char32_t NextUtf8(std::string_view text, std::size_t& at) {
     const auto first = static_cast<std::uint8_t>(text[at++]);
     if (first < 0x80) return first;

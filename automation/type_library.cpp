@@ -24,7 +24,7 @@ struct Overloaded : Visitors... {
 template <class... Visitors>
 Overloaded(Visitors...) -> Overloaded<Visitors...>;
 
-// The entries of a library in their order, and where each stands.
+// The entries of a library in order, found by identifier.
 class LibraryIndex final : public TypeReferences {
 public:
     explicit LibraryIndex(const LibraryDescription& library) : library_(library) {
@@ -101,7 +101,7 @@ public:
     STDMETHODIMP_(void) ReleaseFuncDesc(FUNCDESC* function) override { ReleaseRecord(function); }
     STDMETHODIMP_(void) ReleaseVarDesc(VARDESC* variable) override { ReleaseRecord(variable); }
 
-    // Binding for compilers, entry points and marshalling: nothing here has any of them.
+    // Not supported: binding for compilers, entry points, marshalling.
     STDMETHODIMP GetTypeComp(ITypeComp**) override { return E_NOTIMPL; }
     STDMETHODIMP GetDllEntry(MEMBERID, INVOKEKIND, BSTR*, BSTR*, WORD*) override {
         return TYPE_E_BADMODULEKIND;
@@ -212,7 +212,7 @@ public:
         });
     }
 
-    // Binding for compilers: nothing here has it.
+    // Not supported: binding for compilers.
     STDMETHODIMP GetTypeComp(ITypeComp**) override { return E_NOTIMPL; }
     STDMETHODIMP FindName(LPOLESTR, ULONG, ITypeInfo**, MEMBERID*, USHORT*) override {
         return E_NOTIMPL;
@@ -245,8 +245,8 @@ HRESULT TypeInformation::GetTypeAttr(TYPEATTR** attributes) {
                               record->cbSizeInstance = sizeof(void*);
                               record->wTypeFlags = TYPEFLAG_FDISPATCHABLE;
                               if (!entry->Events) {
-                                  // Not also "OLE automation": the system says that of the half
-                                  // with the virtual table only.
+                                  // Not also "OLE automation": the system sets that flag on the
+                                  // half with the virtual table only.
                                   record->wTypeFlags |= TYPEFLAG_FDUAL;
                                   record->cbSizeVft =
                                       static_cast<WORD>(entry->SlotCount() * sizeof(void*));

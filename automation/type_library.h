@@ -5,7 +5,7 @@
 
 namespace mavrin2::automation {
 
-// The type library that hosts browse, made from descriptions. Its entries stand in the order
+// The type library that hosts browse, made from descriptions. Its entries are in the order
 // enumerations, interfaces, classes.
 ComPtr<ITypeLib> MakeTypeLibrary(const LibraryDescription& library);
 

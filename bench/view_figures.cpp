@@ -23,7 +23,7 @@ double MillisecondsOf(const std::function<void()>& run, int times) {
     return Median(taken);
 }
 
-// Reading a stretch of a file in pieces, which is the least that whoever looks at it must do.
+// Reading a stretch of a file in pieces, the least that any program that shows it must do.
 class Reading {
 public:
     Reading(const std::filesystem::path& file, std::size_t piece)
@@ -119,7 +119,7 @@ void PrintEdit(const Folder& data) {
 }
 
 // Each program several times in a row, not in turn: a virtual machine takes back what ffmpeg frees,
-// and whoever comes next pays for getting it again.
+// and the next benchmark would pay for getting it again.
 void PrintPicture(const Folder& data, const Folder& programs) {
     const Folder png = data / "picture.png";
     const std::string sound = (data / "m60.wav").string();

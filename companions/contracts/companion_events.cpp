@@ -11,8 +11,7 @@ const InterfaceDescription& KestrinEvents() {
     static const InterfaceDescription description =
         EventsBuilder("_IKestrin2Events", DIID_IKestrin2Events, "Progress of a transform",
                       &KestrinLibrary)
-            .Event(KestrinEvent::Progress, "Progress", "How far the operation has come",
-                   {{"Percent", VT_I4}})
+            .Event(KestrinEvent::Progress, "Progress", "Progress in percent", {{"Percent", VT_I4}})
             .Event(KestrinEvent::Done, "Done", "The operation has ended")
             .Build();
     return description;

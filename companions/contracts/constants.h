@@ -6,8 +6,8 @@
 
 namespace mavrin2::contracts {
 
-// What a companion or the control says went wrong. The control turns a value into a failing status
-// and a description; see `server/error_report.h` there.
+// Error codes of companions and the control. The control turns them into a failing status and a
+// description (`control/server/error_report.h`).
 enum class ErrorConstants : std::int32_t {
     NOERRORS = 0,
     BUSY = -10,
@@ -28,7 +28,7 @@ enum class ErrorConstants : std::int32_t {
     UNEXPECTED = -40
 };
 
-// The kind of a sound file; DEFAULT lets its name or its content tell.
+// The kind of a sound file; DEFAULT decides by its name or content.
 enum class FormatTypeConstants : std::int32_t {
     DEFAULT = 0,
     WAV = 1,

@@ -9,10 +9,9 @@ namespace mavrin2::contracts {
 // file, for reading or for writing, and the output format chosen last.
 //
 // Samples pass as one-dimensional arrays of signed 16-bit integers with lower bound 0, interleaved
-// (left then right), mono or stereo. Formats and file names as the host gave them. The statuses are
-// for those who want them: a caller learns the outcome of OpenSoundFile and CreateSoundFile from
-// GetErrorCode, and that of WriteBlock and CloseFile from a failing status, after which
-// GetErrorCode tells the reason and no output file is left.
+// (left then right), mono or stereo. Formats and file names as the host gave them. The outcome of
+// OpenSoundFile and CreateSoundFile is what GetErrorCode returns. WriteBlock and CloseFile fail
+// with a status; GetErrorCode then returns the reason, and no output file is left.
 struct IDusoro2 : public IDispatch {
     static constexpr IID Id = IID_IDusoro2;
 
@@ -25,13 +24,13 @@ struct IDusoro2 : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE CreateSoundFile(BSTR fileName, LONG formatType) = 0;
     // The array stays the caller's.
     virtual HRESULT STDMETHODCALLTYPE WriteBlock(SAFEARRAY* samples) = 0;
-    // The next `count` sample frames, fewer at the end, an array without elements behind it. The
+    // The next `count` sample frames, fewer at the end, an empty array after it. The
     // array becomes the caller's.
     virtual HRESULT STDMETHODCALLTYPE ReadBlock(LONG count, SAFEARRAY** samples) = 0;
     MAVRIN2_RESERVED(IsFormatMpegAvailable, 6)
     MAVRIN2_RESERVED(IsFormatOggVorbisAvailable, 7)
-    // The format in which the caller delivers samples (writing, told before CreateSoundFile) or
-    // wants them (reading, told after OpenSoundFile).
+    // The format in which the caller delivers samples (set before CreateSoundFile) or wants them
+    // (set after OpenSoundFile).
     virtual HRESULT STDMETHODCALLTYPE SetPcmFormat(LONG frequency, LONG channels) = 0;
     MAVRIN2_RESERVED(SetFormatFromMenu, 9)
     MAVRIN2_RESERVED(SetFormatLikeSample, 10)

@@ -6,8 +6,8 @@
 
 namespace mavrin2::contracts {
 
-// The identifiers of everything that the companions publish: one family, told apart by its last
-// two bytes. A number once given is never given again.
+// The identifiers of everything that the companions publish differ in the last two bytes only. A
+// number is never used twice.
 constexpr GUID ContractId(std::uint16_t number) {
     return {0xc230391d,
             0x90e6,

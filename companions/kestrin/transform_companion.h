@@ -3,9 +3,9 @@
 #include <atomic>
 #include <initializer_list>
 
-#include "automation/class_information.h"
 #include "automation/connection_points.h"
 #include "automation/object.h"
+#include "automation/type_information.h"
 #include "companions/contracts/kestrin.h"
 #include "companions/kestrin/operations/transform.h"
 

@@ -7,11 +7,12 @@ namespace mavrin2::interfaces {
 
 const automation::InterfaceDescription& ControlEvents() {
     static const automation::InterfaceDescription description =
-        automation::EventsBuilder("_IMavrin2Events", DIID_IMavrin2Events,
-                                  "What the control reports", &ControlLibrary)
+        automation::EventsBuilder("_IMavrin2Events", DIID_IMavrin2Events, "Events of the control",
+                                  &ControlLibrary)
             .Event(ControlEvent::BlockOperation, "BlockOperation",
-                   "How far a long operation has come, 0 ... 100", {{"Percent", VT_I2}})
-            .Event(ControlEvent::ChangePosition, "ChangePosition", "Selection or view have changed")
+                   "Progress of a long operation in percent, 0 ... 100", {{"Percent", VT_I2}})
+            .Event(ControlEvent::ChangePosition, "ChangePosition",
+                   "The selection or the visible range has changed")
             .Event(ControlEvent::EndOperation, "EndOperation", "A long operation has ended")
             .Build();
     return description;

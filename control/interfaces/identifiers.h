@@ -6,8 +6,8 @@
 
 namespace mavrin2::interfaces {
 
-// The identifiers of everything that the control publishes: one family, told apart by its last two
-// bytes. A number once given is never given again.
+// The identifiers of everything that the control publishes differ in the last two bytes only. A
+// number is never used twice.
 constexpr GUID ControlId(std::uint16_t number) {
     return {0xf354552f,
             0x5413,

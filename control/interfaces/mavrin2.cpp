@@ -13,16 +13,16 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2>() {
     using interfaces::FrequencyConstants;
     static const InterfaceDescription description =
         InterfaceBuilder<I>("IMavrin2", "The sound editor control", &interfaces::ControlLibrary)
-            .Method<&I::New>(1, "New", "An empty document: hertz, channels (1 or 2)",
+            .Method<&I::New>(1, "New", "Creates an empty document: hertz, channels (1 or 2)",
                              In("Frequency"), In("nChannels"))
             .Method<&I::Open>(2, "Open", "Opens a sound file of any format", In("fileName"),
                               In("FormatType").Default(FormatTypeConstants::DEFAULT))
             .Method<&I::Save>(3, "Save", "Writes the document or its selection to a file",
                               In("fileName"), In("Selected").Boolean(),
                               In("FormatType").Default(FormatTypeConstants::DEFAULT))
-            .Method<&I::Close>(4, "Close", "Drops the document")
-            .Method<&I::Undo>(5, "Undo", "Goes back one change, or one batch of changes")
-            .Method<&I::Redo>(6, "Redo", "Takes an undone change back")
+            .Method<&I::Close>(4, "Close", "Closes the document without saving")
+            .Method<&I::Undo>(5, "Undo", "Undoes one change, or one batch of changes")
+            .Method<&I::Redo>(6, "Redo", "Redoes what Undo has undone")
             .Method<&I::BeginOperations>(7, "BeginOperations", "Starts a batch of changes")
             .Method<&I::EndOperations>(8, "EndOperations", "Ends the batch and draws it")
             .Method<&I::Copy>(9, "Copy", "Writes the selection to the file TempFileName")
@@ -55,17 +55,18 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2>() {
             .Method<&I::Stop>(22, "Stop", "Cancels the running operation")
             .Reserved(3)
             .Method<&I::ZoomIn>(26, "ZoomIn", "Shows the selection")
-            .Method<&I::ZoomOut>(27, "ZoomOut", "Goes back one zoom")
+            .Method<&I::ZoomOut>(27, "ZoomOut", "Returns to the previous zoom")
             .Method<&I::ZoomFull>(28, "ZoomFull", "Shows the whole document")
             .Method<&I::Zoom>(29, "Zoom", "Shows a range of frames", In("Start"), In("End"))
             .Method<&I::ZoomVertical>(30, "ZoomVertical",
-                                      "Percent of full scale in a lane: 10 ... 1000",
+                                      "Percent of full scale that a lane shows, 10 ... 1000",
                                       In("Procent").Default(100))
             .Method<&I::Refresh>(31, "Refresh", "Reads the sound again and draws it")
             .Method<&I::SaveWaveImage>(32, "SaveWaveImage", "Writes the picture as a bitmap file",
                                        In("fileBMP"))
-            .Get<&I::get_LastErrorNum>(101, "LastErrorNum", "Outcome of the last operation")
-            .Get<&I::get_Status>(102, "Status", "What the control is doing, 0 when idle")
+            .Get<&I::get_LastErrorNum>(101, "LastErrorNum",
+                                       "Error code of the last operation, 0 for success")
+            .Get<&I::get_Status>(102, "Status", "Current activity, 0 when idle")
             .Property<&I::get_TempDirectory, &I::put_TempDirectory>(
                 103, "TempDirectory",
                 "Folder of temporary files, ending in a separator; the work file while a document "

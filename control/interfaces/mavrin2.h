@@ -12,10 +12,10 @@
 
 namespace mavrin2::interfaces {
 
-// The control. Open and Save fail with a status of their own (0x80040300 … 0x8004030F) and error
-// information; every other member succeeds and leaves its outcome in LastErrorNum. What needs an
-// open document or an idle control does nothing without it. Long operations report through the
-// events of DIID_IMavrin2Events; a handler that calls Stop cancels the operation.
+// The control. Open and Save fail with a status of 0x80040300 … 0x8004030F and error information;
+// every other member succeeds and leaves its outcome in LastErrorNum. What needs an open document
+// or an idle control does nothing without it. Long operations report through the events of
+// DIID_IMavrin2Events; a handler that calls Stop cancels the operation.
 struct IMavrin2 : public IDispatch {
     static constexpr IID Id = IID_IMavrin2;
 
@@ -30,7 +30,7 @@ struct IMavrin2 : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE Close() = 0;
     virtual HRESULT STDMETHODCALLTYPE Undo() = 0;
     virtual HRESULT STDMETHODCALLTYPE Redo() = 0;
-    // What is changed in between is one step of Undo and is drawn once.
+    // Changes in between are one step of Undo and are drawn once.
     virtual HRESULT STDMETHODCALLTYPE BeginOperations() = 0;
     virtual HRESULT STDMETHODCALLTYPE EndOperations() = 0;
     // Writes the selection to the file TempFileName.
@@ -65,17 +65,17 @@ struct IMavrin2 : public IDispatch {
     MAVRIN2_RESERVED(Pause, 23)
     MAVRIN2_RESERVED(Continue, 24)
     MAVRIN2_RESERVED(Record, 25)
-    // To the selection, of 3 frames at least; 99 times at most.
+    // Shows the selection, at least 3 frames. Up to 99 zooms can be undone by ZoomOut.
     virtual HRESULT STDMETHODCALLTYPE ZoomIn() = 0;
     virtual HRESULT STDMETHODCALLTYPE ZoomOut() = 0;
     virtual HRESULT STDMETHODCALLTYPE ZoomFull() = 0;
-    // To a range of frames, which is shifted into the document.
+    // Shows a range of frames, shifted into the document.
     virtual HRESULT STDMETHODCALLTYPE Zoom(LONG Start, LONG End) = 0;
-    // The share of full scale that a lane is high, 10 … 1000 percent.
+    // Percent of full scale that a lane shows, 10 … 1000.
     virtual HRESULT STDMETHODCALLTYPE ZoomVertical(LONG Procent) = 0;
     // Reads the sound again and draws it.
     virtual HRESULT STDMETHODCALLTYPE Refresh() = 0;
-    // Writes what was drawn last as a bitmap file. Whether that went well is not told.
+    // Writes what was drawn last as a bitmap file. Failure is not reported.
     virtual HRESULT STDMETHODCALLTYPE SaveWaveImage(BSTR fileBMP) = 0;
 
     virtual HRESULT STDMETHODCALLTYPE get_LastErrorNum(ErrorConstants* Value) = 0;
@@ -95,8 +95,7 @@ struct IMavrin2 : public IDispatch {
     // 1 for true.
     virtual HRESULT STDMETHODCALLTYPE get_UndoEnabled(VARIANT_BOOL* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_RedoEnabled(VARIANT_BOOL* Value) = 0;
-    // The one object of each kind that the control keeps. One that is put takes its place; a null
-    // is ignored.
+    // The one object of each kind that the control holds. Writing replaces it; null is ignored.
     virtual HRESULT STDMETHODCALLTYPE get_ScaleX(IMavrin2Scale** Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_ScaleX(IMavrin2Scale* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_ScaleY(IMavrin2Scale** Value) = 0;
@@ -115,7 +114,7 @@ struct IMavrin2 : public IDispatch {
     MAVRIN2_RESERVED_PROPERTY(PlaySpeedEnabled, 121)
     MAVRIN2_RESERVED_PROPERTY(PlaySpeedPercent, 122)
     MAVRIN2_RESERVED_PROPERTY(RecordVisualizationType, 123)
-    // 0 sunken, 1 … 3 other edges; anything else is flat.
+    // 0 sunken, 1 … 3 other borders; anything else is flat.
     virtual HRESULT STDMETHODCALLTYPE get_TypeBorder(SHORT* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_TypeBorder(SHORT Value) = 0;
     // Nothing changes while the control is busy.

@@ -15,7 +15,7 @@ struct IMavrin2Scale : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE put_Font(IDispatch* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE putref_Font(IDispatch* Value) = 0;
     // Of time: 1 sample frames, 2 hours, minutes and seconds. Of levels: 1 sample values, 2 percent
-    // of full scale, 3 decibels. What is out of range becomes the nearest.
+    // of full scale, 3 decibels. Values out of range are limited.
     virtual HRESULT STDMETHODCALLTYPE get_Type(SHORT* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_Type(SHORT Value) = 0;
     // 0 or what was written.
@@ -23,7 +23,7 @@ struct IMavrin2Scale : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE put_Visible(SHORT Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_Grid(SHORT* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_Grid(SHORT Value) = 0;
-    // The level scale stands 1: right, 2: left of the waveform.
+    // Side of the waveform where the level scale is: 1 right, 2 left.
     virtual HRESULT STDMETHODCALLTYPE get_Orientation(SHORT* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_Orientation(SHORT Value) = 0;
 };

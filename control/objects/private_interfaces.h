@@ -5,8 +5,8 @@
 
 namespace mavrin2::objects {
 
-// What the control asks of its own objects beyond their published interfaces. Objects that others
-// have made do not answer. The settings belong to the object.
+// What the control needs of its own objects beyond their published interfaces. Objects made by a
+// host do not implement them. The settings belong to the object.
 struct IColorSettings : public IUnknown {
     static constexpr IID Id = interfaces::ControlId(0x8001);
     virtual const view::ColorSettings& STDMETHODCALLTYPE Get() = 0;

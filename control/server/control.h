@@ -1,15 +1,15 @@
 #pragma once
 
-#include "automation/class_information.h"
 #include "automation/connection_points.h"
 #include "automation/object.h"
+#include "automation/type_information.h"
 #include "control/interfaces/mavrin2.h"
 #include "control/server/control_parts.h"
 
 namespace mavrin2::server {
 
-// The control as hosts meet it: its identity, the interfaces it answers for and the automation
-// members, each of which hands on to the part that does the work.
+// The control as hosts see it: its identity, its interfaces and the automation members, each of
+// which forwards to the part that does the work.
 class CMavrin2 final : public automation::AutomationObject<CMavrin2, interfaces::IMavrin2> {
 public:
     CMavrin2(IUnknown* outer, ControlEnvironment environment);

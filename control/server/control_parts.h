@@ -19,7 +19,7 @@
 
 namespace mavrin2::server {
 
-// What a control takes from outside: the system it runs on, and the way to its companions.
+// What a control gets from outside: the system it runs on, and how its companions are created.
 struct ControlEnvironment {
     platform::Ports Ports;
     // As CoCreateInstance of an in-process class.

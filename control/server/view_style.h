@@ -7,8 +7,8 @@
 
 namespace mavrin2::server {
 
-// The objects that the control takes its looks from: its own at first, later perhaps a host's. An
-// object that is missing has the settings that a new one has.
+// The objects that hold the control's colours and scales: at first its own, later perhaps a host's.
+// A missing object counts as a new one.
 class ViewStyle final : public view::Style {
 public:
     automation::ComPtr<interfaces::IMavrin2Colors> ColorsObject;

@@ -3,10 +3,10 @@
 #include <map>
 #include <string>
 
-#include "automation/class_information.h"
 #include "automation/connection_points.h"
 #include "automation/interface_description.h"
 #include "automation/object.h"
+#include "automation/type_information.h"
 #include "platform/automation.h"
 
 namespace mavrin2::tests {

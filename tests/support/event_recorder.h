@@ -9,7 +9,7 @@
 
 namespace mavrin2::tests {
 
-// A sink of the control's events. What it hears it writes down: "10%" for BlockOperation, "end" for
+// A sink of the control's events. It records them as "10%" for BlockOperation, "end" for
 // EndOperation, "position" for ChangePosition, each with a space before it but the first; anything
 // that is not called as it should be is written down as "?".
 class EventRecorder final : public automation::EventReceiver<automation::Counted<IDispatch>> {
@@ -20,7 +20,7 @@ public:
     void Connect(IUnknown* object);
 
     std::string Log;
-    // What was heard since the last time.
+    // What was recorded since the last time.
     std::string Take() { return std::exchange(Log, {}); }
 
     // Once, inside the nth event from now (1: the next one).
