@@ -17,7 +17,9 @@ std::filesystem::path LibraryFolder() {
 HRESULT CreateTransformCompanion(IUnknown* outer, REFIID iid, void** object) {
     return automation::Guarded([&] {
         return kestrin::TransformCompanion::Create(
-            outer, iid, object, std::make_unique<kestrin::LibraryLoader>(LibraryFolder()));
+            outer, iid, object,
+            std::make_unique<kestrin::LibraryLoader>(platform::SystemModuleLoader(),
+                                                     LibraryFolder()));
     });
 }
 

@@ -4,9 +4,9 @@
 #include <memory>
 #include <optional>
 
-#include "automation/class_information.h"
 #include "automation/connection_points.h"
 #include "automation/object.h"
+#include "automation/type_information.h"
 #include "companions/contracts/pindle.h"
 #include "companions/pindle/disc/disc.h"
 #include "companions/pindle/disc/drive_list.h"

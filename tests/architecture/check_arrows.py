@@ -13,6 +13,10 @@ FOUNDATION = {"automation", "platform"}
 ANYTHING = {"tests", "bench"}
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(?:"([^"]+)"|<([^>]+)>|(\S+))', re.MULTILINE)
+# Headers of an operating system, which platform/ alone includes. The programs that measure run others.
+SYSTEM_HEADER = re.compile(r"(sys|arpa|net|netinet|linux)/.*|"
+                           r"(unistd|fcntl|dlfcn|poll|pthread|pty|sched|signal|spawn|termios|windows|"
+                           r"objbase|ole2|oleauto|shlobj)\.h")
 SYSTEM_SWITCH = re.compile(r"\b_WIN32\b")
 
 
@@ -50,6 +54,9 @@ def fault_of(source, include, files):
     if computed:
         return "an include whose file cannot be told"
     path = quoted or system
+    if system and SYSTEM_HEADER.fullmatch(system) and \
+            source.split("/")[0] not in ANYTHING | {"platform"}:
+        return f"<{system}> is the system's: only platform/ includes it"
     if path not in files:
         return f'"{path}" is no file of this repository, written from its root' if quoted else None
     if system:

@@ -52,8 +52,8 @@ protected:
         return content;
     }
 
-    automation::ComPtr<TransformCompanion> companion_ =
-        TransformCompanion::Make(std::make_unique<LibraryLoader>(BACKEND_FOLDER));
+    automation::ComPtr<TransformCompanion> companion_ = TransformCompanion::Make(
+        std::make_unique<LibraryLoader>(platform::SystemModuleLoader(), BACKEND_FOLDER));
     automation::EventConnection events_;
     std::vector<std::pair<KestrinEvent, LONG>> seen_;
     std::function<void()> onEvent_;

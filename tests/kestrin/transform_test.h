@@ -84,7 +84,7 @@ protected:
         return std::span(samples).subspan(samples.size() / 4, samples.size() / 2);
     }
 
-    LibraryLoader libraries_{BACKEND_FOLDER};
+    LibraryLoader libraries_{platform::SystemModuleLoader(), BACKEND_FOLDER};
     Transform transform_{libraries_};
 };
 

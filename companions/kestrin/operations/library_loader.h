@@ -1,23 +1,27 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 
 #include "companions/kestrin/kernels/libraries.h"
+#include "platform/module_loader.h"
 
 namespace mavrin2::kestrin {
 
 // The modules around the libraries, each loaded when it is first needed and never unloaded.
 class LibraryLoader final : public Libraries {
 public:
-    // `folder` holds the modules.
-    explicit LibraryLoader(std::filesystem::path folder) : folder_(std::move(folder)) {}
+    // `folder`, an absolute path, holds the modules.
+    LibraryLoader(std::shared_ptr<platform::ModuleLoader> modules, std::filesystem::path folder)
+        : modules_(std::move(modules)), folder_(std::move(folder)) {}
 
     std::unique_ptr<Fourier> MakeFourier(std::size_t size) const override;
     std::unique_ptr<RateConverter> MakeRateConverter(double ratio) const override;
 
 private:
-    void* Symbol(const char* module, const char* entry) const;
+    platform::Module::Function Entry(const char* module, const char* entry) const;
 
+    std::shared_ptr<platform::ModuleLoader> modules_;
     std::filesystem::path folder_;
 };
 
