@@ -38,7 +38,10 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2>() {
                                      "Mixes a sound file of any format; levels in percent",
                                      In("AmplifySelect"), In("fileNamePaste"), In("AmplifyPaste"))
             .Method<&I::DeleteSelect>(15, "DeleteSelect", "Deletes the selection")
-            .Reserved(2)
+            .Method<&I::CopyToClipboard>(16, "CopyToClipboard",
+                                         "Copies the selection for other programs")
+            .Method<&I::PasteFromClipboard>(17, "PasteFromClipboard",
+                                            "Pastes the sound of another program")
             .Method<&I::GetAudioArray>(18, "GetAudioArray",
                                        "Interleaved samples of that many frames from the "
                                        "selection's start, fewer at the end",

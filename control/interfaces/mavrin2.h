@@ -47,8 +47,9 @@ struct IMavrin2 : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE MixFromFile(FLOAT AmplifySelect, BSTR fileNamePaste,
                                                   FLOAT AmplifyPaste) = 0;
     virtual HRESULT STDMETHODCALLTYPE DeleteSelect() = 0;
-    MAVRIN2_RESERVED(CopyToClipboard, 16)
-    MAVRIN2_RESERVED(PasteFromClipboard, 17)
+    // Exchange with other programs through the system's clipboard, as WAVE files.
+    virtual HRESULT STDMETHODCALLTYPE CopyToClipboard() = 0;
+    virtual HRESULT STDMETHODCALLTYPE PasteFromClipboard() = 0;
     // At most `nSamples` frames from the selection's start, as 16-bit samples, interleaved; fewer
     // at the end of the document. The array becomes the caller's; null when there is nothing to
     // read.

@@ -123,6 +123,14 @@ STDMETHODIMP CMavrin2::Paste() {
     return Run([](DocumentEditor& editor) { editor.Edits.Paste(); });
 }
 
+STDMETHODIMP CMavrin2::CopyToClipboard() {
+    return Run([](DocumentEditor& editor) { editor.Clipboard.CopyToClipboard(); });
+}
+
+STDMETHODIMP CMavrin2::PasteFromClipboard() {
+    return Run([](DocumentEditor& editor) { editor.Clipboard.PasteFromClipboard(); });
+}
+
 STDMETHODIMP CMavrin2::PasteFromFile(BSTR fileName) {
     return Run(
         [&](DocumentEditor& editor) { editor.Edits.PasteFromFile(ToPath(Bstr::View(fileName))); });

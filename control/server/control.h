@@ -33,6 +33,8 @@ public:
     STDMETHODIMP Cut() override;
     STDMETHODIMP Paste() override;
     STDMETHODIMP PasteFromFile(BSTR fileName) override;
+    STDMETHODIMP CopyToClipboard() override;
+    STDMETHODIMP PasteFromClipboard() override;
     STDMETHODIMP Mix(FLOAT AmplifySelect, FLOAT AmplifyPaste) override;
     STDMETHODIMP MixFromFile(FLOAT AmplifySelect, BSTR fileNamePaste, FLOAT AmplifyPaste) override;
     STDMETHODIMP DeleteSelect() override;

@@ -18,6 +18,8 @@ DocumentEditor::DocumentEditor(const EditorDependencies& dependencies)
       Opening(document_, operation_, storage_, presentation_, dependencies.Companion, Transport),
       Saver(document_, operation_, storage_.Files, picture_, dependencies.Companion),
       Edits(document_, operation_, storage_, presentation_, dependencies.NewCompanion),
+      Clipboard(document_, operation_, storage_, Edits, *dependencies.Ports.Clipboard,
+                *dependencies.Ports.Errors),
       Arrays(document_, operation_, storage_, presentation_),
       Conversion(document_, operation_, storage_, presentation_),
       UndoRedo(document_, operation_, presentation_),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "control/editor/clipboard_exchange.h"
 #include "control/editor/document_opening.h"
 #include "control/editor/document_saver.h"
 #include "control/editor/edit_operations.h"
@@ -69,6 +70,7 @@ public:
     editor::DocumentOpening Opening;
     editor::DocumentSaver Saver;
     editor::EditOperations Edits;
+    editor::ClipboardExchange Clipboard;
     editor::SampleArrays Arrays;
     editor::FormatConversion Conversion;
     editor::UndoRedo UndoRedo;

@@ -42,7 +42,8 @@ TEST(Descriptions, KeepTheIdentifiersAndSlotsOfWhatHasArrived) {
         {&DescriptionOf<interfaces::IMavrin2>(),
          "New=1@7 Open=2@8 Save=3@9 Close=4@10 Undo=5@11 Redo=6@12 "
          "BeginOperations=7@13 EndOperations=8@14 Copy=9@15 Cut=10@16 Paste=11@17 "
-         "PasteFromFile=12@18 Mix=13@19 MixFromFile=14@20 DeleteSelect=15@21 GetAudioArray=18@24 "
+         "PasteFromFile=12@18 Mix=13@19 MixFromFile=14@20 DeleteSelect=15@21 "
+         "CopyToClipboard=16@22 PasteFromClipboard=17@23 GetAudioArray=18@24 "
          "PutAudioArray=19@25 ConvertSampleType=20@26 Stop=22@28 "
          "ZoomIn=26@32 ZoomOut=27@33 ZoomFull=28@34 Zoom=29@35 ZoomVertical=30@36 "
          "Refresh=31@37 SaveWaveImage=32@38 LastErrorNum=101@39 Status=102@40 "
