@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "control/view/time_scale.h"
 #include "control/view/level_scale.h"
+#include "control/view/time_scale.h"
 #include "platform/memory/fixed_fonts.h"
 
 namespace mavrin2::tests {
