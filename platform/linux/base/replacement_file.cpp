@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <new>
 #include <optional>
 #include <string>
 #include <utility>
@@ -26,12 +27,15 @@ std::error_code Sync(int descriptor) {
 }
 
 // After this a name that was given or changed in the folder survives a loss of power. What has
-// happened can no longer be reported as a failure.
-void SyncFolder(const fs::path& file) {
-    const fs::path folder = file.parent_path();
-    const Descriptor opened(
-        ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (opened) Sync(opened.Get());
+// happened can no longer be reported as a failure, refused memory included.
+void SyncFolder(const fs::path& file) noexcept {
+    try {
+        const fs::path folder = file.parent_path();
+        const Descriptor opened(
+            ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        if (opened) Sync(opened.Get());
+    } catch (const std::bad_alloc&) {
+    }
 }
 
 std::error_code Rename(const fs::path& from, const fs::path& to) {
@@ -117,8 +121,8 @@ private:
         const auto error =
             file_.Name.empty() ? LinkFile(file_.File.Get(), beside) : Rename(file_.Name, beside);
         if (error) return error;
-        file_.Name = beside;
-        SyncFolder(beside);
+        file_.Name = std::move(beside);  // which needs no memory
+        SyncFolder(file_.Name);
         return {};
     }
 

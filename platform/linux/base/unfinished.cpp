@@ -13,6 +13,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/linux/base/last_error.h"
@@ -116,9 +117,9 @@ std::error_code LinkFile(int file, const fs::path& name) {
 std::error_code NameUnfinishedFile(UnfinishedFile& file, const fs::path& folder) {
     std::error_code error;
     for (int i = 0; i < MostTries && file.Name.empty(); ++i) {
-        const fs::path name = NewName(folder);
+        fs::path name = NewName(folder);
         error = LinkFile(file.File.Get(), name);
-        if (!error) file.Name = name;
+        if (!error) file.Name = std::move(name);  // which needs no memory
         if (error && error != std::errc::file_exists) break;
     }
     return error;
