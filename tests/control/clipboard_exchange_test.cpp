@@ -50,7 +50,7 @@ TEST_F(ClipboardExchange, PastesTheSoundOfOtherPrograms) {
     Control->PasteFromClipboard();
     EXPECT_EQ(DocumentSamples().size(), 50u);
     EXPECT_EQ(System.Files->Bytes(Incoming)->size(), 11u);
-    EXPECT_NE(Private->Calls.find(Incoming), std::string::npos);
+    EXPECT_NE(Private->Calls.find("KovClipBoardWindow.wav"), std::string::npos);
 
     System.Files->SetFreeSpace(5);
     Control->Undo();

@@ -26,9 +26,9 @@ Expect "a boolean", thing.EchoBoolean(True), True
 Expect "any", thing.EchoAny("x"), "x"
 Expect "an enumeration", thing.EchoShape(4), 4
 
-Expect "optional ones left out", thing.WithDefaults(1), "1 7 -1"
-Expect "one of them", thing.WithDefaults(1, 2), "1 2 -1"
-Expect "in the middle", thing.WithDefaults(1, , 0), "1 7 0"
+Expect "optional ones left out", thing.WithDefaults(1), "1 7 -1 -2.5 none 4"
+Expect "one of them", thing.WithDefaults(1, 2), "1 2 -1 -2.5 none 4"
+Expect "in the middle", thing.WithDefaults(1, , 0), "1 7 0 -2.5 none 4"
 
 Dim other: Set other = thing.MakeThing()
 Set thing.Friend = other
