@@ -134,7 +134,7 @@ struct FitsParameter<T, Parameter<Way, F, Default>> {
 template <class P>
 constexpr bool IsResult = false;
 template <Form F, class Default>
-constexpr bool IsResult<Parameter<Direction::Result, F, Default>> = true;
+inline constexpr bool IsResult<Parameter<Direction::Result, F, Default>> = true;
 
 // The result comes last.
 template <class... Ps>

@@ -38,7 +38,7 @@ std::filesystem::path ClipboardExchange::TakeSound() {
     const auto sound = clipboard_.Open();
     if (!sound) return {};
     const std::filesystem::path folder = storage_.Files.TemporaryFolder();
-    const std::filesystem::path path = folder / "KovClipBoardWindow.wav";
+    std::filesystem::path path = folder / "KovClipBoardWindow.wav";
     const auto file = folder.empty() ? nullptr : storage_.Files.Create(path);
     ErrorConstants error = ErrorConstants::FILEACCESS;
     try {

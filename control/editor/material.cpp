@@ -4,8 +4,8 @@
 
 namespace mavrin2::editor {
 
-ClipMaterial::ClipMaterial(const Storage& storage, const DocumentFormat& format)
-    : memory_(storage.Memory), format_(format), clip_(storage.Files) {}
+ClipMaterial::ClipMaterial(const Storage& storage, DocumentFormat format)
+    : memory_(storage.Memory), format_(std::move(format)), clip_(storage.Files) {}
 
 bool ClipMaterial::Open(const std::filesystem::path& path) {
     if (!clip_.Open(path, WaveStream::Mode::Read)) return false;

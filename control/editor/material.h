@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <optional>
 #include <span>
+#include <utility>
 
 #include "control/editor/block_buffer.h"
 #include "control/editor/services.h"
@@ -46,7 +47,7 @@ public:
 // the document.
 class ClipMaterial final : public Material {
 public:
-    ClipMaterial(const Storage& storage, const DocumentFormat& format);
+    ClipMaterial(const Storage& storage, DocumentFormat format);
 
     // False when there is no such file, or it is not one that WaveStream reads.
     bool Open(const std::filesystem::path& path);
@@ -84,8 +85,8 @@ private:
 class FileMaterial final : public Material {
 public:
     // A block of fewer values than `leastValues` is the end.
-    explicit FileMaterial(const DocumentFormat& format, std::size_t leastValues = 2)
-        : format_(format), leastValues_(leastValues) {}
+    explicit FileMaterial(DocumentFormat format, std::size_t leastValues = 2)
+        : format_(std::move(format)), leastValues_(leastValues) {}
     FileMaterial(const FileMaterial&) = delete;
     FileMaterial& operator=(const FileMaterial&) = delete;
 

@@ -17,6 +17,7 @@ CMavrin2Colors::CMavrin2Colors(IUnknown* outer, std::uint32_t buttonFace)
     settings_.Values.Scales = buttonFace;
 }
 
+// NOLINTBEGIN(bugprone-macro-parentheses): a type takes none.
 #define DEFINE(type, name, change)                               \
     STDMETHODIMP CMavrin2Colors::get_##name(type* Value) {       \
         return Read(Value, settings_.Values.name);               \
@@ -32,6 +33,7 @@ MAVRIN2_HUES(DEFINE_HUE)
 #undef DEFINE_COLOR
 #undef DEFINE_HUE
 #undef DEFINE
+// NOLINTEND(bugprone-macro-parentheses)
 
 HRESULT CMavrin2Colors::Show(Change change) {
     return view_.Do([&](view::ViewOperations& view) {

@@ -19,7 +19,7 @@ public:
     std::unique_ptr<RateConverter> MakeRateConverter(double ratio) const override;
 
 private:
-    platform::Module::Function Entry(const char* module, const char* entry) const;
+    platform::Module::Function Entry(const char* name, const char* entry) const;
 
     std::shared_ptr<platform::ModuleLoader> modules_;
     std::filesystem::path folder_;
