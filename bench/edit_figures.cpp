@@ -41,6 +41,50 @@ void PrintDeleteRatio(const Folder& data) {
                kRounds);
 }
 
+// Ten minutes pasted in the middle of sixty, beside copying the file that results.
+void PrintPasteRatio(const Folder& data) {
+    const Folder copy = data / "copy.tmp";
+    const Folder pasted = data / "pasted.tmp";
+    std::unique_ptr<Editor> editor;
+    const auto prepare = [&] {
+        editor = std::make_unique<Editor>();
+        editor->Open(data / "m10.wav");
+        editor->SelectAll();
+        editor->Control().Copy();
+        editor->Open(data / "m60.wav");
+        editor->SelectSecondInTheMiddle();
+    };
+    prepare();
+    editor->Control().Paste();
+    std::filesystem::copy_file(editor->WorkFile(), pasted);
+    PrintRatio("Paste, 10 min into 60 min",
+               {"Mavrin2", [&] { editor->Control().Paste(); }, prepare, [&] { editor.reset(); }},
+               {ProgramWriting(copy, {"cp", pasted.string(), copy.string()})}, 1.2, kRounds);
+    std::filesystem::remove(pasted);
+}
+
+void PrintConversion(const Folder& data, const std::string& sound, LONG rate, LONG channels,
+                     const std::string& quality, double limit) {
+    const Folder out = data / "converted.wav";
+    std::unique_ptr<Editor> editor;
+    PrintRatio(
+        "ConvertSampleType, " + sound + " to " + std::to_string(rate) + " Hz",
+        {"Mavrin2",
+         [&] {
+             editor->Control().ConvertSampleType(
+                 static_cast<interfaces::FrequencyConstants>(rate),
+                 static_cast<interfaces::ChannelsConstants>(channels));
+         },
+         [&] {
+             editor = std::make_unique<Editor>();
+             editor->Open(data / sound);
+         },
+         [&] { editor.reset(); }},
+        {ProgramWriting(out, {"sox", "-D", (data / sound).string(), out.string(), "channels",
+                              std::to_string(channels), "rate", quality, std::to_string(rate)})},
+        limit, kRounds);
+}
+
 void PrintMemory(const Folder& data) {
     Editor editor;
     for (const char* name : {"small.wav", "small.flac", "small.mp3", "small.ogg"}) {
@@ -77,6 +121,9 @@ void PrintUndo(const Folder& data) {
 
 void PrintEditFigures(const Folder& data) {
     PrintDeleteRatio(data);
+    PrintPasteRatio(data);
+    PrintConversion(data, "m10.wav", 22050, 1, "-q", 0.5);
+    PrintConversion(data, "m10-8000.wav", 44100, 1, "-h", 1);
     PrintMemory(data);
     PrintUndo(data);
 }

@@ -50,6 +50,14 @@ void Editor::SelectSecondInTheMiddle() {
     position_->put_StartSelect(total / 2);
 }
 
+void Editor::SelectAll() {
+    LONG frames = 0;
+    position_->get_TotalSamples(&frames);
+    position_->put_Selected(1);
+    position_->put_StartSelect(0);
+    position_->put_EndSelect(frames);
+}
+
 void Editor::DeleteSelect() {
     LONG before = 0, after = 0;
     position_->get_TotalSamples(&before);

@@ -19,6 +19,7 @@ public:
     void Open(const std::filesystem::path& path);
     void Save(const std::filesystem::path& path);
     void SelectSecondInTheMiddle();
+    void SelectAll();
     void DeleteSelect();
 
     std::filesystem::path WorkFile() const;

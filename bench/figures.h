@@ -16,6 +16,7 @@ void PrintSignalFigures(const Folder& data);
 void PrintSmallFigures(const Folder& data, const Folder& programs);
 // `scripts` holds those of other programs to measure beside.
 void PrintTagFigures(const Folder& data, const Folder& scripts);
+void PrintTransformFigures(const Folder& data);
 void PrintViewFigures(const Folder& data, const Folder& programs);
 
 }  // namespace mavrin2::bench

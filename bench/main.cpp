@@ -1,5 +1,6 @@
 // Measures the component beside the programs one would use instead:
-// mavrin2-bench DATA PROGRAMS [GROUP…], a group being small, edit, signal, view, tags or open.
+// mavrin2-bench DATA PROGRAMS [GROUP…], a group being small, edit, signal, transform, view, tags or
+// open.
 
 #include <algorithm>
 #include <cstdio>
@@ -26,6 +27,7 @@ int main(int count, char** arguments) {
         {"small", [&] { PrintSmallFigures(data, programs); }},
         {"edit", [&] { PrintEditFigures(data); }},
         {"signal", [&] { PrintSignalFigures(data); }},
+        {"transform", [&] { PrintTransformFigures(data); }},
         {"view", [&] { PrintViewFigures(data, programs); }},
         {"tags", [&] { PrintTagFigures(data, BENCH_SCRIPTS); }},
         {"open", [&] { PrintOpenFigures(data); }},
