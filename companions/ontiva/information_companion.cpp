@@ -31,13 +31,6 @@ std::int32_t NumberIn(std::string_view text) {
     return number;
 }
 
-std::string Joined(const Fields::Values& values) {
-    std::string text;
-    for (const std::string& value : values)
-        text += (text.empty() ? "" : "; ") + value;
-    return text;
-}
-
 template <class Value>
 HRESULT Give(Value* target, Value value) {
     if (!target) return E_POINTER;
@@ -96,14 +89,14 @@ STDMETHODIMP InformationCompanion::put_InfoSwitch(LONG on) {
 
 HRESULT InformationCompanion::Get(std::string_view name, BSTR* text) {
     return automation::Guarded([&]() -> HRESULT {
-        return Give(text, text ? automation::NewBstr(Joined(info_.Texts.All(name))) : nullptr);
+        return Give(text, text ? automation::NewBstr(info_.Texts.Joined(name)) : nullptr);
     });
 }
 
 HRESULT InformationCompanion::Put(std::string_view name, BSTR text) {
     return automation::Guarded([&] {
         std::string value = TextOf(text);
-        if (value != Joined(info_.Texts.All(name))) info_.Texts.Set(name, std::move(value));
+        if (value != info_.Texts.Joined(name)) info_.Texts.Set(name, std::move(value));
     });
 }
 

@@ -7,7 +7,6 @@
 namespace mavrin2::ontiva {
 namespace {
 
-constexpr std::int64_t kFirstChunk = 12;
 // More than any program writes; a file of nothing but chunk headers must not take long.
 constexpr std::size_t kMostChunks = 4096;
 

@@ -47,6 +47,7 @@ public:
     // The end of the last chunk.
     std::int64_t End() const;
 
+    static constexpr std::int64_t kFirstChunk = 12;  // where the first one begins
     static constexpr std::int64_t kMostContent = std::int64_t{1} << 28;
 
 private:

@@ -18,7 +18,7 @@ bool CrossesPage(std::int64_t offset) {
 }  // namespace
 
 ChunkUpdate::ChunkUpdate(const ChunkFile& chunks, const std::function<bool(const Chunk&)>& isOld)
-    : chunks_(chunks), keptEnd_(12), end_(chunks.End()) {
+    : chunks_(chunks), end_(chunks.End()) {
     const Chunk* sound = chunks.Sound();
     for (const Chunk& chunk : chunks.Chunks()) {
         const bool filler = chunks.IsFiller(chunk) && sound && chunk.Start > sound->Start;

@@ -29,9 +29,9 @@ private:
 
     const ChunkFile& chunks_;
     std::vector<const Chunk*> old_;  // with the fillers after the sound, in the order of the file
-    std::int64_t keptEnd_;           // the end of the last chunk that stays
-    std::int64_t end_;               // of the last chunk
-    bool atEnd_ = true;              // everything old follows what stays
+    std::int64_t keptEnd_ = ChunkFile::kFirstChunk;  // the end of the last chunk that stays
+    std::int64_t end_;                               // of the last chunk
+    bool atEnd_ = true;                              // everything old follows what stays
 };
 
 }  // namespace mavrin2::ontiva

@@ -44,13 +44,6 @@ void ForEachEntry(std::string_view list, std::endian order, Use use) {
     }
 }
 
-std::string Joined(const Fields::Values& values) {
-    std::string text;
-    for (const std::string& value : values)
-        text += (text.empty() ? "" : "; ") + value;
-    return text;
-}
-
 }  // namespace
 
 Fields ReadInfoList(std::string_view list, std::endian order) {
@@ -66,7 +59,7 @@ std::string RenderInfoList(const Fields& fields, std::string_view present, std::
     std::string list = "INFO";
     std::string_view last;
     for (const auto& [id, name] : kInfoNames) {
-        const std::string text = Joined(fields.All(name));
+        const std::string text = fields.Joined(name);
         // The zero belongs to the content.
         if (!text.empty() && name != last) list += RenderChunk(id, text + '\0', order);
         last = name;

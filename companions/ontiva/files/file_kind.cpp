@@ -113,17 +113,16 @@ bool IsOther(std::string_view head) {
 
 std::int64_t PrefixOf(const ByteSource& file) {
     constexpr int kMostTags = 16;
-    constexpr std::size_t kHeader = 10;
+    constexpr std::int64_t kHeader = 10;
     constexpr std::uint8_t kFooter = 0x10;
     std::int64_t prefix = 0;
     for (int i = 0; i < kMostTags; ++i) {
         const std::string head = file.Bytes(prefix, kHeader);
-        if (head.size() < kHeader || !head.starts_with("ID3")) break;
+        if (head.size() < std::size_t{kHeader} || !head.starts_with("ID3")) break;
         const auto size = GetNumber<std::uint32_t>(head, 6, std::endian::big);
         if ((size & 0x80808080U) != 0) break;
-        prefix += static_cast<std::int64_t>((size & 0x7F) | (size & 0x7F00) >> 1 |
-                                            (size & 0x7F0000) >> 2 | (size & 0x7F000000) >> 3) +
-                  kHeader + ((static_cast<std::uint8_t>(head[5]) & kFooter) != 0 ? kHeader : 0);
+        prefix += kHeader + std::int64_t{FromSevenBits(size)};
+        if ((static_cast<std::uint8_t>(head[5]) & kFooter) != 0) prefix += kHeader;
     }
     return std::min(prefix, file.Length());
 }

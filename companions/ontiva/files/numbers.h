@@ -31,4 +31,14 @@ void AddNumber(std::string& bytes, Number value, std::endian order) {
     }
 }
 
+// A number with 7 bits in each of its four bytes, as in ID3v2 tags.
+constexpr std::uint32_t FromSevenBits(std::uint32_t number) {
+    return (number & 0x7F) | (number & 0x7F00) >> 1 | (number & 0x7F0000) >> 2 |
+           (number & 0x7F000000) >> 3;
+}
+constexpr std::uint32_t ToSevenBits(std::uint32_t number) {
+    return (number & 0x7F) | (number & 0x3F80) << 1 | (number & 0x1FC000) << 2 |
+           (number & 0xFE00000) << 3;
+}
+
 }  // namespace mavrin2::ontiva

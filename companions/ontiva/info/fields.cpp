@@ -34,6 +34,13 @@ const std::string& Fields::First(std::string_view name) const {
     return all.empty() ? none : all.front();
 }
 
+std::string Fields::Joined(std::string_view name) const {
+    std::string text;
+    for (const std::string& value : All(name))
+        text += (text.empty() ? "" : "; ") + value;
+    return text;
+}
+
 void Fields::Set(std::string_view name, std::string value) {
     if (value.empty()) return Erase(name);
     SetAll(name, {std::move(value)});

@@ -16,6 +16,8 @@ public:
 
     // The first value, empty if there is none.
     const std::string& First(std::string_view name) const;
+    // All values as one text.
+    std::string Joined(std::string_view name) const;
     // No values for a name without any.
     const Values& All(std::string_view name) const;
     // One value instead of all; an empty one removes the name.

@@ -1,6 +1,7 @@
 #include "companions/ontiva/markers/exact_marker.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <limits>
 #include <utility>
@@ -75,13 +76,15 @@ std::optional<Marker> ParseExact(std::string_view line) {
     const auto label = Take(line, '\t');
     const auto note = Take(line, '\t');
     if (!note) return std::nullopt;
-    std::int32_t* const parts[] = {&marker.Position,   &marker.Length,     &marker.Numbers[0],
-                                   &marker.Numbers[1], &marker.Numbers[2], &marker.Numbers[3]};
-    for (std::int32_t* part : parts) {
-        const bool last = part == &marker.Numbers[3];
+    std::array<std::int32_t, 6> parts{};
+    for (std::int32_t& part : parts) {
+        const bool last = &part == &parts.back();
         const auto digits = last ? *numbers : Take(*numbers, ' ').value_or(std::string_view());
-        if (!ParseNumber(digits, *part)) return std::nullopt;
+        if (!ParseNumber(digits, part)) return std::nullopt;
     }
+    marker.Position = parts[0];
+    marker.Length = parts[1];
+    std::copy(parts.begin() + 2, parts.end(), marker.Numbers.begin());
     if (marker.Position < 0 || marker.Length < 0) return std::nullopt;
     marker.Label = Unescaped(*label);
     marker.Note = Unescaped(*note);

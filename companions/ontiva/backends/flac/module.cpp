@@ -37,8 +37,10 @@ private:
                                       kIdSize);
             std::string chunk(reinterpret_cast<const char*>(block.data.application.data),
                               block.length - kIdSize);
-            if (id == "riff") blocks_.WaveChunks.push_back(std::move(chunk));
-            if (id == "aiff") blocks_.AiffChunks.push_back(std::move(chunk));
+            if (id == "riff")
+                blocks_.WaveChunks.push_back(std::move(chunk));
+            else if (id == "aiff")
+                blocks_.AiffChunks.push_back(std::move(chunk));
         }
     }
 

@@ -1,7 +1,5 @@
 #include "companions/ontiva/backends/taglib/conversions.h"
 
-#include <taglib/flacpicture.h>
-
 #include <memory>
 
 namespace mavrin2::ontiva {

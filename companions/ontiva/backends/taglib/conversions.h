@@ -1,5 +1,6 @@
 #pragma once
 
+#include <taglib/flacpicture.h>
 #include <taglib/tbytevector.h>
 #include <taglib/tpropertymap.h>
 #include <taglib/tstring.h>
@@ -8,10 +9,6 @@
 #include <string_view>
 
 #include "companions/ontiva/info/sound_info.h"
-
-namespace TagLib::FLAC {
-class Picture;
-}
 
 namespace mavrin2::ontiva {
 

@@ -22,12 +22,6 @@ std::uint32_t Number(std::string_view bytes, std::size_t offset) {
     return GetNumber<std::uint32_t>(bytes, offset, std::endian::big);
 }
 
-// A number with 7 bits in each byte.
-std::uint32_t SevenBits(std::uint32_t number) {
-    return (number & 0x7F) | (number & 0x7F00) >> 1 | (number & 0x7F0000) >> 2 |
-           (number & 0x7F000000) >> 3;
-}
-
 std::string Decoded(std::string_view bytes) {
     return ToBytes(id3::SynchData::decode(ToVector(bytes)));
 }
@@ -70,7 +64,7 @@ private:
         const std::uint32_t plain = Number(bytes_, 4);
         if (version_ == 3) return plain;
         // Some programs write sizes of version 2.4 as in 2.3: then the next frame tells.
-        const std::uint32_t sevenBits = SevenBits(plain);
+        const std::uint32_t sevenBits = FromSevenBits(plain);
         if ((plain & 0x80808080U) != 0) return plain;
         if (plain == sevenBits || IsFrameAfter(sevenBits) || !IsFrameAfter(plain)) return sevenBits;
         return plain;
@@ -121,15 +115,11 @@ private:
             AddNumber(frame, size << 8, std::endian::big);
             frame.pop_back();
         } else {
-            AddNumber(frame, version_ == 4 ? Spread(size) : size, std::endian::big);
+            AddNumber(frame, version_ == 4 ? ToSevenBits(size) : size, std::endian::big);
             frame.push_back('\0');
             frame.push_back(static_cast<char>(version_ == 4 ? raw.Flags & 0xFD : raw.Flags));
         }
         return frame.append(content);
-    }
-    static std::uint32_t Spread(std::uint32_t size) {
-        return (size & 0x7F) | (size & 0x3F80) << 1 | (size & 0x1FC000) << 2 |
-               (size & 0xFE00000) << 3;
     }
 
     id3::Header header_;
@@ -178,14 +168,14 @@ Id3Frames::Id3Frames(std::string_view bytes) {
         Complete = false;
         return;
     }
-    std::string_view rest = bytes.substr(kTagHeader, SevenBits(Number(bytes, 6)));
+    std::string_view rest = bytes.substr(kTagHeader, FromSevenBits(Number(bytes, 6)));
     const std::string decoded =
         (flags & kUnsynchronised) != 0 && Version < 4 ? Decoded(rest) : std::string();
     if (!decoded.empty()) rest = decoded;
     if ((flags & kExtended) != 0 && Version > 2) {
         // Its size includes itself in version 2.4 only.
         const std::size_t size =
-            Version == 4 ? SevenBits(Number(rest, 0)) : std::size_t{Number(rest, 0)} + 4;
+            Version == 4 ? FromSevenBits(Number(rest, 0)) : std::size_t{Number(rest, 0)} + 4;
         rest.remove_prefix(std::min(size, rest.size()));
     }
 

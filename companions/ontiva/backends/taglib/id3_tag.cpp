@@ -84,8 +84,9 @@ TagLib::ByteVector FramesLeftOut(const id3::Tag& tag) {
 std::string WithSize(std::string tag) {
     const auto size = static_cast<std::uint32_t>(tag.size() - 10);
     if (size >> 28 != 0) throw NotWritable("an ID3v2 tag cannot be that long");
-    for (std::size_t i = 0; i < 4; ++i)
-        tag[6 + i] = static_cast<char>(size >> (7 * (3 - i)) & 0x7F);
+    std::string field;
+    AddNumber(field, ToSevenBits(size), std::endian::big);
+    tag.replace(6, field.size(), field);
     return tag;
 }
 
@@ -105,16 +106,15 @@ Id3Content ReadId3Tag(std::string_view bytes, std::int32_t rate) {
     content.Info.Texts = ToFields(frames.Tag.properties());
     AdoptUsualNames(content.Info.Texts);
     for (id3::Frame* frame : frames.Tag.frameList()) {
-        const auto* picture = dynamic_cast<const id3::AttachedPictureFrame*>(frame);
-        if (picture)
+        if (!TravelsWhole(*frame)) continue;
+        FrameAccess::SetVersion(*frame, 4);
+        content.Info.Frames.push_back(ToBytes(frame->render()));
+    }
+    for (const id3::Frame* frame : frames.Tag.frameList("APIC"))
+        if (const auto* picture = dynamic_cast<const id3::AttachedPictureFrame*>(frame))
             content.Info.Pictures.push_back(
                 {static_cast<std::int32_t>(picture->type()), ToUtf8(picture->mimeType()),
                  ToUtf8(picture->description()), ToBytes(picture->picture())});
-        if (TravelsWhole(*frame)) {
-            FrameAccess::SetVersion(*frame, 4);
-            content.Info.Frames.push_back(ToBytes(frame->render()));
-        }
-    }
     if (rate > 0) ReadChapters(frames, rate, content);
     return content;
 }
