@@ -68,7 +68,9 @@ public:
     // system's place for such folders cannot be written to.
     virtual std::filesystem::path TemporaryFolder() = 0;
 
-    // Whether the drive or mount that holds `path` is a CD drive.
+    // Whether the drive or mount that holds `path` is a CD drive. On Linux so is a disc image that
+    // the environment variable MAVRIN2_CD_IMAGES names, with colons between several, and what is
+    // below it.
     virtual bool IsOnCdDrive(const std::filesystem::path& path) = 0;
 };
 

@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
+#include <sstream>
 #include <string>
 #include <system_error>
 
@@ -33,6 +35,16 @@ bool IsFolderPath(const char* path) {
 bool HasDots(const std::filesystem::path& path) {
     return std::any_of(path.begin(), path.end(),
                        [](const auto& step) { return step == "." || step == ".."; });
+}
+
+// Whether the user has said that this file counts as a CD drive.
+bool IsDiscImage(const std::filesystem::path& path) {
+    const char* const named = std::getenv("MAVRIN2_CD_IMAGES");
+    std::istringstream images(named ? named : "");
+    std::error_code error;
+    for (std::string image; std::getline(images, image, ':');)
+        if (std::filesystem::equivalent(image, path, error)) return true;
+    return false;
 }
 
 class LinuxFiles final : public FileSystem {
@@ -130,6 +142,8 @@ public:
         constexpr unsigned cdDrives = 11;
         struct statfs mounted = {};
         return ::major(status.st_dev) == cdDrives ||
+               (S_ISBLK(status.st_mode) && ::major(status.st_rdev) == cdDrives) ||
+               (S_ISREG(status.st_mode) && IsDiscImage(existing)) ||
                (::statfs(existing.c_str(), &mounted) == 0 && mounted.f_type == ISOFS_SUPER_MAGIC);
     }
 };

@@ -56,6 +56,17 @@ TEST_F(LinuxFiles, AreNotPipesOrDevices) {
     EXPECT_FALSE(Files().OpenForReading("/dev/zero"));
 }
 
+TEST_F(LinuxFiles, AreDrivesWhereTheUserSaysThatTheyAreImagesOfDiscs) {
+    for (const auto* const name : {"disc.cue", "other.cue"})
+        Files().Create(At(name));
+    const EnvironmentVariable images("MAVRIN2_CD_IMAGES",
+                                     "/missing.cue:" + At("disc.cue").string());
+    EXPECT_TRUE(Files().IsOnCdDrive(At("disc.cue")));
+    EXPECT_TRUE(Files().IsOnCdDrive(At("disc.cue") / "Track05.cda"));
+    EXPECT_FALSE(Files().IsOnCdDrive(At("other.cue") / "Track05.cda"));
+    EXPECT_FALSE(Files().IsOnCdDrive(At("missing.cue") / "Track05.cda"));
+}
+
 TEST_F(LinuxFiles, ResolveARelativeFolderWithoutMovingTheProcess) {
     fs::create_directories(At("real/inner"));
     fs::create_directory_symlink(At("real/inner"), At("link"));
