@@ -11,9 +11,13 @@ namespace mavrin2::automation {
 using OleString = std::basic_string<OLECHAR>;
 using OleStringView = std::basic_string_view<OLECHAR>;
 
-// UTF-8 inside, UTF-16 at the edge. What is not well formed becomes U+FFFD.
+// UTF-8 inside, UTF-16 at the edge. Bytes that are not UTF-8, as names of files may have, survive
+// the way there and back (platform/ole_text.h says how).
 std::string ToUtf8(OleStringView text);
 OleString ToOle(std::string_view utf8);
+
+// UTF-8 for others to read, as in a file: what is not well formed becomes U+FFFD.
+std::string ToWellFormedUtf8(OleStringView text);
 
 std::filesystem::path ToPath(OleStringView text);
 OleString ToOle(const std::filesystem::path& path);

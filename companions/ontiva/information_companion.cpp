@@ -12,7 +12,7 @@ namespace {
 
 // Texts in files end at a zero.
 std::string TextOf(BSTR text) {
-    std::string utf8 = automation::ToUtf8(automation::Bstr::View(text));
+    std::string utf8 = automation::ToWellFormedUtf8(automation::Bstr::View(text));
     std::replace(utf8.begin(), utf8.end(), '\0', ' ');
     return utf8;
 }

@@ -12,6 +12,7 @@ using automation::OleStringView;
 using automation::ToOle;
 using automation::ToPath;
 using automation::ToUtf8;
+using automation::ToWellFormedUtf8;
 using namespace std::string_view_literals;
 
 TEST(Text, ConvertsWellFormedTextBothWays) {
@@ -30,38 +31,57 @@ TEST(Text, ConvertsWellFormedTextBothWays) {
     }
 }
 
-TEST(Text, ReplacesWhatIsMalformedAndGoesOnBehindIt) {
-    const std::pair<std::string_view, OleStringView> toOle[] = {
-        {"a\x80z", OLESTR("a\ufffdz")},                            // a continuation alone
-        {"\xc3", OLESTR("\ufffd")},                                // cut short
-        {"\xf0\x9d\x84", OLESTR("\ufffd\ufffd\ufffd")},            // cut shorter
-        {"\xc3z", OLESTR("\ufffdz")},                              // no continuation
-        {"\xc0\xaf", OLESTR("\ufffd\ufffd")},                      // longer than needed
-        {"\xe0\x80\xaf", OLESTR("\ufffd\ufffd\ufffd")},            // so too
-        {"\xed\xa0\x80", OLESTR("\ufffd\ufffd\ufffd")},            // half of a pair
-        {"\xf4\x90\x80\x80", OLESTR("\ufffd\ufffd\ufffd\ufffd")},  // beyond the last character
-        {"\xff\xfe", OLESTR("\ufffd\ufffd")},
+TEST(Text, KeepsBytesThatAreNoCharacters) {
+    const std::string_view texts[] = {
+        "a\x80z",            // a continuation alone
+        "\xc3",              // cut short
+        "\xf0\x9d\x84",      // cut shorter
+        "\xc3z",             // no continuation
+        "\xc0\xaf",          // longer than needed
+        "\xe0\x80\xaf",      // so too
+        "\xed\xb3\xa9",      // the surrogate that stands for a byte
+        "\xf4\x90\x80\x80",  // beyond the last character
+        "\xf5\xff\xfe",
     };
-    for (const auto& [utf8, utf16] : toOle)
-        EXPECT_EQ(ToOle(utf8), utf16);
+    for (const auto& bytes : texts) {
+        const OleString text = ToOle(bytes);
+        EXPECT_EQ(text.size(), bytes.size()) << "one character for each";
+        EXPECT_EQ(ToUtf8(text), bytes);
+    }
+    EXPECT_EQ(ToOle("caf\xe9\xc3\xa9"sv),
+              OleString(OLESTR("caf")) + OLECHAR(0xdce9) + OLECHAR(0xe9));
+}
 
+TEST(Text, ReplacesLoneSurrogates) {
     const OLECHAR high = 0xd834;
     const OLECHAR low = 0xdd1e;
-    const std::pair<OleString, std::string_view> toUtf8[] = {
-        {{high}, "\xef\xbf\xbd"},
-        {{low, OLECHAR('z')}, "\xef\xbf\xbdz"},
-        {{high, OLECHAR('z')}, "\xef\xbf\xbdz"},
-        {{low, high}, "\xef\xbf\xbd\xef\xbf\xbd"},
-        {{high, high, low}, "\xef\xbf\xbd\xf0\x9d\x84\x9e"},
+    const OLECHAR byte = 0xdce9;
+    const struct {
+        OleString Text;
+        std::string_view Utf8;
+        std::string_view WellFormed;
+    } cases[] = {
+        {{high}, "\xef\xbf\xbd", "\xef\xbf\xbd"},
+        {{low, OLECHAR('z')}, "\xef\xbf\xbdz", "\xef\xbf\xbdz"},
+        {{high, OLECHAR('z')}, "\xef\xbf\xbdz", "\xef\xbf\xbdz"},
+        {{high, high, low}, "\xef\xbf\xbd\xf0\x9d\x84\x9e", "\xef\xbf\xbd\xf0\x9d\x84\x9e"},
+        {{byte}, "\xe9", "\xef\xbf\xbd"},
+        {{high, byte}, "\xf0\x9d\x83\xa9", "\xf0\x9d\x83\xa9"},
     };
-    for (const auto& [utf16, utf8] : toUtf8)
-        EXPECT_EQ(ToUtf8(utf16), utf8);
+    for (const auto& one : cases) {
+        EXPECT_EQ(ToUtf8(one.Text), one.Utf8);
+        EXPECT_EQ(ToWellFormedUtf8(one.Text), one.WellFormed);
+    }
 }
 
 TEST(Text, KeepsTheNamesOfFiles) {
     const std::filesystem::path path = u8"/tmp/na\u00efve \U0001d11e.wav";
     EXPECT_EQ(ToPath(ToOle(path)), path);
     EXPECT_EQ(ToPath(OLESTR("x/\u00ef")), u8"x/\u00ef");
+    // On Linux bytes that are not UTF-8, on Windows half of a pair.
+    const std::filesystem::path odd = ToPath(OleString(OLESTR("caf")) + OLECHAR(0xdce9));
+    EXPECT_EQ(odd.native().size(), 4u);
+    EXPECT_EQ(ToPath(ToOle(odd)), odd);
 }
 
 TEST(Text, ComparesAsciiLettersWithoutCase) {

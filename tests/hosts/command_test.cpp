@@ -191,6 +191,39 @@ TEST_F(Commands, ConvertJoinAndMixWholeSounds) {
     EXPECT_EQ(written(stereo).size(), 48000U);
 }
 
+// Two names that differ in one byte, which is no UTF-8, are two files on every way.
+TEST_F(Commands, KeepNamesThatAreNotUtf8) {
+    host_.Write("script.lua", R"(
+        local editor = mavrin2.create()
+        editor.TempDirectory = arg[1] .. "/"
+        print(editor.TempDirectory)
+        editor:Open(arg[2])
+        editor:Save(arg[3], false)
+        editor:Copy()
+    )");
+    std::uint32_t frames = 100;
+    for (const std::string byte : {"\xE8", "\xE9"}) {
+        const std::string in = "caf" + byte + ".wav";
+        const std::string converted = "converted" + byte + ".wav";
+        const std::string saved = "saved" + byte + ".wav";
+        host_.WriteWave(in, 8000, 1, ++frames);
+        Program info({"info", in}, host_.In());
+        EXPECT_EQ(info.Finish(), 0) << info.Err;
+        EXPECT_THAT(info.Out, HasSubstr(in));
+        Program convert({"convert", in, converted}, host_.In());
+        EXPECT_EQ(convert.Finish(), 0) << convert.Err;
+        const auto folder = host_.Path("folder" + byte);
+        std::filesystem::create_directory(folder);
+        Program script({"run", "script.lua", folder, in, saved}, host_.In());
+        EXPECT_EQ(script.Finish(), 0) << script.Err;
+        EXPECT_EQ(script.Out, folder.string() + "/\n");
+    }
+    for (const std::string name : {"converted", "saved"}) {
+        EXPECT_EQ(host_.Read(name + "\xE8.wav")->size(), 44u + 2 * 101) << name;
+        EXPECT_EQ(host_.Read(name + "\xE9.wav")->size(), 44u + 2 * 102) << name;
+    }
+}
+
 TEST_F(Commands, DestroyNothingWhenTheyFail) {
     std::filesystem::create_hard_link(host_.Path("tone.wav"), host_.Path("twin.wav"));
     std::filesystem::create_symlink("tone.wav", host_.Path("link.wav"));

@@ -12,8 +12,8 @@
 #include "platform/linux/automation/functions.h"
 #include "platform/linux/automation/identifier_text.h"
 #include "platform/linux/automation/status.h"
-#include "platform/linux/automation/text_encoding.h"
 #include "platform/module_loader.h"
+#include "platform/ole_text.h"
 
 namespace mavrin2::platform::automation {
 namespace {
@@ -67,7 +67,7 @@ std::u16string DefaultValue(const std::u16string& key) {
 HRESULT FindClassObject(REFCLSID clsid, DWORD context, REFIID iid, LPVOID* object) {
     // Every class here lives in the process that asks for it.
     if ((context & CLSCTX_INPROC_SERVER) == 0) return REGDB_E_CLASSNOTREG;
-    const std::string path = ToUtf8(DefaultValue(ClassKey(clsid) + u"\\InprocServer32"));
+    const std::string path = Utf8Of(DefaultValue(ClassKey(clsid) + u"\\InprocServer32"));
     if (path.empty()) return REGDB_E_CLASSNOTREG;
     ClassObjectGetter getter = nullptr;
     const HRESULT status = ProcessModules().Load(path, getter);

@@ -11,15 +11,13 @@
 
 #include "platform/component_registry.h"
 #include "platform/linux/automation/registry_file.h"
-#include "platform/linux/automation/text_encoding.h"
+#include "platform/ole_text.h"
 
 namespace mavrin2::platform {
 namespace {
 
-using automation::FromUtf8;
 using automation::RegistryFile;
 using automation::RegistryText;
-using automation::ToUtf8;
 
 constexpr const char* SystemFile = "/etc/mavrin2/components";
 
@@ -104,7 +102,7 @@ std::string WithModulePath(std::string_view key, std::string_view name, std::str
 
 HRESULT Make(const RegistryChange& change, RegistryText& text,
              const std::filesystem::path& registry) {
-    const std::string key = ToUtf8(change.Key);
+    const std::string key = Utf8Of(change.Key);
     if (!automation::IsKeyPath(key)) return E_INVALIDARG;
     switch (change.What) {
         case RegistryChange::Kind::ReplaceKey:
@@ -115,9 +113,9 @@ HRESULT Make(const RegistryChange& change, RegistryText& text,
             text.RemoveKeyAndBelow(key);
             return S_OK;
         case RegistryChange::Kind::SetValue: {
-            const std::string name = ToUtf8(change.Name);
+            const std::string name = Utf8Of(change.Name);
             text.SetValue(key, name,
-                          WithModulePath(key, name, ToUtf8(change.Value),
+                          WithModulePath(key, name, Utf8Of(change.Value),
                                          [&](const auto& path) { return Stored(path, registry); }));
             return S_OK;
         }
@@ -146,15 +144,15 @@ public:
 
     std::optional<std::u16string> Value(std::u16string_view key,
                                         std::u16string_view name) const override {
-        const std::string keyText = ToUtf8(key);
-        const std::string nameText = ToUtf8(name);
+        const std::string keyText = Utf8Of(key);
+        const std::string nameText = Utf8Of(name);
         for (const RegistryFile& file : Files()) {
             const auto text = file.Read();
             // A user's key hides the system's of that name, whatever values either has.
             if (!text || !text->HasKey(keyText)) continue;
             const auto value = text->Value(keyText, nameText);
             if (!value) return std::nullopt;
-            return FromUtf8(WithModulePath(keyText, nameText, *value, [&](const auto& path) {
+            return OleTextOf(WithModulePath(keyText, nameText, *value, [&](const auto& path) {
                 return Resolved(path, file.Path());
             }));
         }
