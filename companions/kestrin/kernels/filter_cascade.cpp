@@ -8,11 +8,11 @@ namespace mavrin2::kestrin {
 namespace {
 
 // Transposed direct form II.
-StateSpace<2> ToStateSpace(const FilterSection& section) {
-    StateSpace<2> system;
+StateSpace<2, double> ToStateSpace(const FilterSection& section) {
+    StateSpace<2, double> system;
     system.Direct = section.B0;
     system.Output = {1, 0};
-    system.Transition = {{{-section.A1, 1}, {-section.A2, 0}}};
+    system.Transition = {{{-section.A1, -section.A2}, {1, 0}}};
     system.Input = {section.B1 - section.A1 * section.B0, section.B2 - section.A2 * section.B0};
     return system;
 }

@@ -18,7 +18,7 @@ public:
     std::size_t LeadIn() const override { return leadIn_; }
 
 private:
-    std::vector<Recursion<2>> sections_;
+    std::vector<Recursion<2, double>> sections_;
     std::size_t leadIn_;
 };
 

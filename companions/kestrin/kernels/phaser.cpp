@@ -8,8 +8,10 @@ namespace {
 
 constexpr double kSweepsPerSecond = 0.5;
 constexpr double kOctaves = 3;
-// The filters keep their frequency for so many samples.
+// The filters keep their coefficient for so many samples.
 constexpr std::size_t kPiece = 64;
+// Between points so many pieces apart it moves along a straight line.
+constexpr std::size_t kPiecesOfLine = 8;
 
 }  // namespace
 
@@ -18,59 +20,57 @@ Phaser::Phaser(const Settings& settings, double rate)
     : settings_(settings),
       rate_(rate),
       lowest_(kStages / (std::numbers::pi * settings.Delay)),
-      sweep_(kSweepsPerSecond, -90, rate) {}
+      sweep_(kSweepsPerSecond, -90, rate),
+      coefficient_(CoefficientAt(0)) {}
+
+void Phaser::NextPoint() {
+    point_ += kPiece * kPiecesOfLine;
+    step_ = (CoefficientAt(point_) - coefficient_) / kPiecesOfLine;
+    left_ = kPiecesOfLine;
+}
 
 void Phaser::Process(std::span<float> block) {
-    std::array<double, kPiece> values;
     while (!block.empty()) {
         const std::size_t count = std::min(block.size(), kPiece);
-        const auto piece = std::span(values).first(count);
-        std::copy_n(block.begin(), count, piece.begin());
-        recursion_.Set(SystemAt(position_));
-        recursion_.Process(piece);
-        std::transform(piece.begin(), piece.end(), block.begin(),
-                       [](double value) { return static_cast<float>(value); });
-        position_ += static_cast<double>(count);
+        if (left_ == 0) NextPoint();
+        recursion_.Set(SystemOf(static_cast<float>(coefficient_)));
+        recursion_.Process(block.first(count));
+        coefficient_ += step_;
+        --left_;
         block = block.subspan(count);
     }
 }
 
-// Each stage is y = a · x + s with the next s = (1 − a²) · x − a · s. The first one hears the last
-// one without a delay: the loop is solved for it.
-StateSpace<Phaser::kStages> Phaser::SystemAt(double position) const {
+double Phaser::CoefficientAt(double position) const {
     const double frequency =
         std::min(lowest_ * std::exp2(kOctaves * 0.5 * (1 + sweep_.At(position))), rate_ * 0.49);
     const double tangent = std::tan(std::numbers::pi * frequency / rate_);
-    const double a = (tangent - 1) / (tangent + 1);
-    const double level = 1 / (1 + settings_.Mix);
-    const double loop = 1 / (1 - settings_.Feedback * std::pow(a, kStages));
+    return (tangent - 1) / (tangent + 1);
+}
 
-    StateSpace<kStages> system;
-    // What an input, or the state of one stage, makes of outputs and next states.
-    const auto run = [&](double input, std::array<double, kStages> state, auto&& put) {
-        double turned = 0;  // by the states alone
-        for (std::size_t k = 0; k < kStages; ++k)
-            turned = a * turned + state[k];
-        double x = (input + settings_.Feedback * turned) * loop;
-        std::array<double, kStages> next;
+// With the coefficient a, each stage is y = a · x + s with the next s = (1 − a²) · x − a · s. Stage
+// k so hears an input through aᵏ, and the state of stage j before it through aᵏ⁻¹⁻ʲ. The first one
+// hears the last one without a delay: the loop is solved for it.
+Phaser::System Phaser::SystemOf(float coefficient) const {
+    const float a = coefficient;
+    const std::array<float, kStages + 1> power = {1, a, a * a, a * a * a, a * a * a * a};
+    const float loop = 1 / (1 - settings_.Feedback * power[kStages]);
+    const float level = 1 / (1 + settings_.Mix);
+    const float turned = settings_.Mix * level;  // of what the last stage gives
+
+    System system;
+    system.Direct = level + turned * power[kStages] * loop;
+    for (std::size_t k = 0; k < kStages; ++k)
+        system.Input[k] = (1 - a * a) * power[k] * loop;
+    for (std::size_t j = 0; j < kStages; ++j) {
+        const float last = power[kStages - 1 - j];
+        const float entering = settings_.Feedback * last * loop;
+        system.Output[j] = turned * (power[kStages] * entering + last);
         for (std::size_t k = 0; k < kStages; ++k) {
-            next[k] = (1 - a * a) * x - a * state[k];
-            x = a * x + state[k];
+            const float direct = j < k ? power[k - 1 - j] : 0.0F;
+            system.Transition[j][k] =
+                (1 - a * a) * (power[k] * entering + direct) - (j == k ? a : 0.0F);
         }
-        put((input + settings_.Mix * x) * level, next);
-    };
-    run(1, {}, [&](double output, const auto& next) {
-        system.Direct = output;
-        system.Input = next;
-    });
-    for (std::size_t i = 0; i < kStages; ++i) {
-        std::array<double, kStages> state{};
-        state[i] = 1;
-        run(0, state, [&](double output, const auto& next) {
-            system.Output[i] = output;
-            for (std::size_t row = 0; row < kStages; ++row)
-                system.Transition[row][i] = next[row];
-        });
     }
     return system;
 }

@@ -11,9 +11,9 @@ namespace mavrin2::kestrin {
 class Phaser final : public Effect {
 public:
     struct Settings {
-        double Delay = 0;     // seconds by which the four hold back low tones, at the lowest point
-        double Mix = 0;       // of the turned sound, 1 as loud as the sound itself
-        double Feedback = 0;  // of the turned sound into the first filter, −1 … 1 excluded
+        double Delay = 0;    // seconds by which the four hold back low tones, at the lowest point
+        float Mix = 0;       // of the turned sound, 1 as loud as the sound itself
+        float Feedback = 0;  // of the turned sound into the first filter, −1 … 1 excluded
     };
     Phaser(const Settings& settings, double rate);
 
@@ -21,14 +21,22 @@ public:
 
 private:
     static constexpr std::size_t kStages = 4;
-    StateSpace<kStages> SystemAt(double position) const;
+    using System = StateSpace<kStages, float>;
+
+    // The one coefficient of the four filters.
+    double CoefficientAt(double position) const;
+    void NextPoint();
+    System SystemOf(float coefficient) const;
 
     Settings settings_;
     double rate_;
     double lowest_;  // Hz
     Sweep sweep_;
-    Recursion<kStages> recursion_;
-    double position_ = 0;
+    Recursion<kStages, float> recursion_;
+    double point_ = 0;
+    double coefficient_;
+    double step_ = 0;       // of the coefficient, from one piece to the next
+    std::size_t left_ = 0;  // pieces to the next point
 };
 
 }  // namespace mavrin2::kestrin

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstring>
 #include <span>
 
 #include "companions/kestrin/kernels/quiet_floor.h"
@@ -10,135 +11,154 @@ namespace mavrin2::kestrin {
 
 // A linear recursive system with one input and one output, in the form of its state:
 //   output = Direct · input + Output · state,  next state = Transition · state + Input · input.
-template <std::size_t Order>
+template <std::size_t Order, class Number>
 struct StateSpace {
-    using Vector = std::array<double, Order>;
-    std::array<Vector, Order> Transition{};  // by rows
-    Vector Input{};
-    Vector Output{};
-    double Direct = 1;
+    using State = std::array<Number, Order>;
+    std::array<State, Order> Transition{};  // by columns: what each number of the state becomes
+    State Input{};
+    State Output{};
+    Number Direct = 1;
 };
 
-// Runs such a system four samples at a time. A recursive filter computed sample by sample waits
-// for its own last result; here four outputs and the state after them are sums of the same five
-// … eight numbers, which the processor adds up side by side.
-template <std::size_t Order>
-class Recursion {
-    static_assert(Order % 2 == 0);
+// As many numbers as one vector register holds on every processor.
+template <class Number>
+struct VectorOf;
+template <>
+struct VectorOf<double> {
+    using Type [[gnu::vector_size(16)]] = double;
+};
+template <>
+struct VectorOf<float> {
+    using Type [[gnu::vector_size(16)]] = float;
+};
 
+// Runs such a system four samples at a time. A recursive filter that is computed sample by sample
+// waits for its own last result; here four outputs and the state after them are sums of the same
+// numbers, which the processor adds up side by side.
+template <std::size_t Order, class Number>
+class Recursion {
 public:
+    using System = StateSpace<Order, Number>;
+
     Recursion() = default;
-    explicit Recursion(const StateSpace<Order>& system) { Set(system); }
+    explicit Recursion(const System& system) { Set(system); }
 
     // The state is kept.
-    void Set(const StateSpace<Order>& system);
-    void Process(std::span<double> block);
+    void Set(const System& system);
+    void Process(std::span<Number> block);
 
 private:
     static constexpr std::size_t kSteps = 4;
-    // Two numbers of one vector register.
-    using Pair = double __attribute__((vector_size(16)));
-    static Pair Both(double value) { return Pair{value, value}; }
+    static constexpr std::size_t kLanes = 16 / sizeof(Number);
+    static_assert(Order % kLanes == 0);
 
-    void Step(double& value);
+    using Vector = typename VectorOf<Number>::Type;
+    using State = std::array<Vector, Order / kLanes>;
+    using Outputs = std::array<Vector, kSteps / kLanes>;
 
-    StateSpace<Order> system_;
+    static State Load(const typename System::State& state) {
+        State loaded;
+        std::memcpy(loaded.data(), state.data(), sizeof loaded);
+        return loaded;
+    }
+    static void Add(State& sum, Number factor, const State& column) {
+        for (std::size_t i = 0; i < sum.size(); ++i)
+            sum[i] += factor * column[i];
+    }
+    State Advanced(const State& state) const {
+        State next{};
+        for (std::size_t i = 0; i < Order; ++i)
+            Add(next, state[i / kLanes][i % kLanes], transition_[i]);
+        return next;
+    }
+    Number OutputOf(const State& state) const {
+        State parts = state;
+        for (std::size_t i = 0; i < parts.size(); ++i)
+            parts[i] *= output_[i];
+        Number sum = 0;
+        for (std::size_t i = 0; i < Order; ++i)
+            sum += parts[i / kLanes][i % kLanes];
+        return sum;
+    }
+
+    Number direct_ = 1;
+    State input_{};
+    State output_{};
+    std::array<State, Order> transition_{};
     // What each number of the state, and each of four inputs, adds to four outputs and to the state
     // after them.
-    std::array<std::array<Pair, kSteps / 2>, Order> stateToOutput_{};
-    std::array<std::array<Pair, Order / 2>, Order> stateToState_{};
-    std::array<std::array<Pair, kSteps / 2>, kSteps> inputToOutput_{};
-    std::array<std::array<Pair, Order / 2>, kSteps> inputToState_{};
-    std::array<double, Order> state_{};
+    std::array<Outputs, Order> stateToOutput_{};
+    std::array<State, Order> stateToState_{};
+    std::array<Outputs, kSteps> inputToOutput_{};
+    std::array<State, kSteps> inputToState_{};
+    State state_{};
 };
 
-template <std::size_t Order>
-void Recursion<Order>::Set(const StateSpace<Order>& system) {
-    system_ = system;
-    using Vector = typename StateSpace<Order>::Vector;
-    const auto advanced = [&](const Vector& state) {
-        Vector next{};
-        for (std::size_t row = 0; row < Order; ++row)
-            for (std::size_t i = 0; i < Order; ++i)
-                next[row] += system.Transition[row][i] * state[i];
-        return next;
-    };
-    const auto output = [&](const Vector& state) {
-        double sum = 0;
-        for (std::size_t i = 0; i < Order; ++i)
-            sum += system.Output[i] * state[i];
-        return sum;
-    };
-    for (std::size_t s = 0; s < Order; ++s) {
-        Vector state{};
-        state[s] = 1;
+template <std::size_t Order, class Number>
+void Recursion<Order, Number>::Set(const System& system) {
+    direct_ = system.Direct;
+    input_ = Load(system.Input);
+    output_ = Load(system.Output);
+    for (std::size_t i = 0; i < Order; ++i)
+        transition_[i] = Load(system.Transition[i]);
+
+    for (std::size_t i = 0; i < Order; ++i) {
+        State state{};
+        state[i / kLanes][i % kLanes] = 1;
         for (std::size_t step = 0; step < kSteps; ++step) {
-            stateToOutput_[s][step / 2][step % 2] = output(state);
-            state = advanced(state);
+            stateToOutput_[i][step / kLanes][step % kLanes] = OutputOf(state);
+            state = Advanced(state);
         }
-        for (std::size_t i = 0; i < Order; ++i)
-            stateToState_[s][i / 2][i % 2] = state[i];
+        stateToState_[i] = state;
     }
-    for (std::size_t input = 0; input < kSteps; ++input) {
-        Vector state = system.Input;
-        inputToOutput_[input] = {};
-        inputToOutput_[input][input / 2][input % 2] = system.Direct;
-        for (std::size_t step = input + 1; step < kSteps; ++step) {
-            inputToOutput_[input][step / 2][step % 2] = output(state);
-            state = advanced(state);
-        }
-        for (std::size_t i = 0; i < Order; ++i)
-            inputToState_[input][i / 2][i % 2] = state[i];
+    // An input acts on the outputs after it as the first one does, later.
+    std::array<Number, kSteps> answer{direct_};
+    State state = input_;
+    for (std::size_t step = 1; step <= kSteps; ++step) {
+        inputToState_[kSteps - step] = state;
+        if (step == kSteps) break;
+        answer[step] = OutputOf(state);
+        state = Advanced(state);
     }
+    for (std::size_t input = 0; input < kSteps; ++input)
+        for (std::size_t step = 0; step < kSteps; ++step)
+            inputToOutput_[input][step / kLanes][step % kLanes] =
+                step < input ? Number(0) : answer[step - input];
 }
 
-template <std::size_t Order>
-void Recursion<Order>::Process(std::span<double> block) {
-    double* value = block.data();
-    std::array<Pair, Order / 2> state;
-    for (std::size_t i = 0; i < Order; ++i)
-        state[i / 2][i % 2] = state_[i];
+template <std::size_t Order, class Number>
+void Recursion<Order, Number>::Process(std::span<Number> block) {
+    Number* value = block.data();
+    State state = state_;
     for (std::size_t left = block.size() / kSteps; left > 0; --left, value += kSteps) {
-        std::array<Pair, kSteps / 2> outputs{};
-        std::array<Pair, Order / 2> next{};
+        Outputs outputs{};
+        State next{};
         for (std::size_t i = 0; i < kSteps; ++i) {
-            const Pair input = Both(value[i]);
-            for (std::size_t k = i / 2; k < kSteps / 2; ++k)
-                outputs[k] += input * inputToOutput_[i][k];
-            for (std::size_t k = 0; k < Order / 2; ++k)
-                next[k] += input * inputToState_[i][k];
+            for (std::size_t k = i / kLanes; k < outputs.size(); ++k)
+                outputs[k] += value[i] * inputToOutput_[i][k];
+            Add(next, value[i], inputToState_[i]);
         }
-        for (std::size_t s = 0; s < Order; ++s) {
-            const Pair number = Both(state[s / 2][s % 2]);
-            for (std::size_t k = 0; k < kSteps / 2; ++k)
-                outputs[k] += number * stateToOutput_[s][k];
-            for (std::size_t k = 0; k < Order / 2; ++k)
-                next[k] += number * stateToState_[s][k];
+        for (std::size_t i = 0; i < Order; ++i) {
+            const Number number = state[i / kLanes][i % kLanes];
+            for (std::size_t k = 0; k < outputs.size(); ++k)
+                outputs[k] += number * stateToOutput_[i][k];
+            Add(next, number, stateToState_[i]);
         }
-        for (std::size_t i = 0; i < kSteps; ++i)
-            value[i] = outputs[i / 2][i % 2];
+        std::memcpy(value, outputs.data(), sizeof outputs);
         state = next;
     }
-    for (std::size_t i = 0; i < Order; ++i)
-        state_[i] = state[i / 2][i % 2];
-    for (std::size_t i = 0; i < block.size() % kSteps; ++i)
-        Step(value[i]);
-    for (double& number : state_)
-        FlushToZero(number);
-}
-
-template <std::size_t Order>
-void Recursion<Order>::Step(double& value) {
-    std::array<double, Order> next{};
-    double output = system_.Direct * value;
-    for (std::size_t row = 0; row < Order; ++row) {
-        output += system_.Output[row] * state_[row];
-        next[row] = system_.Input[row] * value;
-        for (std::size_t i = 0; i < Order; ++i)
-            next[row] += system_.Transition[row][i] * state_[i];
+    for (std::size_t i = 0; i < block.size() % kSteps; ++i) {
+        const Number input = value[i];
+        value[i] = direct_ * input + OutputOf(state);
+        state = Advanced(state);
+        Add(state, input, input_);
     }
-    state_ = next;
-    value = output;
+    for (std::size_t i = 0; i < Order; ++i) {
+        Number number = state[i / kLanes][i % kLanes];
+        FlushToZero(number);
+        state[i / kLanes][i % kLanes] = number;
+    }
+    state_ = state;
 }
 
 }  // namespace mavrin2::kestrin

@@ -51,8 +51,8 @@ std::unique_ptr<Effect> MakeChorus(const Request& request) {
 
 std::unique_ptr<Effect> MakePhaser(const Request& request) {
     return std::make_unique<Phaser>(
-        Phaser::Settings{request.Values[0] / 1000, request.Values[1] / 100,
-                         request.Values[2] / 100},
+        Phaser::Settings{request.Values[0] / 1000, static_cast<float>(request.Values[1] / 100),
+                         static_cast<float>(request.Values[2] / 100)},
         request.Rate);
 }
 
