@@ -17,6 +17,7 @@ namespace {
 constexpr std::array<double, 8> kLengths = {1.000, 1.171, 1.332, 1.473, 1.657, 1.849, 2.043, 2.229};
 constexpr double kShortestLine = 0.010;
 constexpr double kLongestLine = 0.080;
+constexpr std::size_t kPiece = 512;
 // Early reflections arrive until so many times the first one's delay.
 constexpr double kEarlySpread = 3;
 
@@ -33,7 +34,7 @@ std::size_t Samples(double seconds, double rate) {
 Reverb::Reverb(const Settings& settings, double rate)
     : mix_(settings.Mix),
       tailGain_(settings.TailGain),
-      input_(Samples(settings.Delay * kEarlySpread, rate) + 1),
+      history_(Samples(settings.Delay * kEarlySpread, rate) + kPiece + 1),
       tailDelay_(Samples(settings.Delay, rate)) {
     // One reflection in each of equal times, somewhere in it, weaker with the way it has come.
     // Their power together is that of a single one.
@@ -63,13 +64,6 @@ Reverb::Reverb(const Settings& settings, double rate)
         std::exp(-2 * std::numbers::pi * std::min(settings.Frequency, rate / 2) / rate));
 }
 
-float Reverb::Early() const {
-    float sum = 0;
-    for (const Tap& tap : taps_)
-        sum += tap.Gain * input_.Read(tap.Delay);
-    return sum;
-}
-
 float Reverb::Tail(float input) {
     const auto line = [&](std::size_t i) {
         return lines_[(at_ - lengths_[i]) & mask_][i / 4][i % 4];
@@ -80,7 +74,7 @@ float Reverb::Tail(float input) {
         damped_[i] = ends[i] + (damped_[i] - ends[i]) * damping_;
 
     // The Hadamard matrix of eight, by three rounds of sums and differences.
-    using Places = std::int32_t __attribute__((vector_size(16)));
+    using Places [[gnu::vector_size(16)]] = std::int32_t;
     const Four low = damped_[0] * gains_[0];
     const Four high = damped_[1] * gains_[1];
     Eight mixed = {low + high, low - high};
@@ -102,11 +96,26 @@ float Reverb::Tail(float input) {
 }
 
 void Reverb::Process(std::span<float> block) {
-    for (float& value : block) {
-        input_.Write(value);
-        const float room = Early() + tailGain_ * Tail(input_.Read(tailDelay_));
-        value += mix_ * room;
+    while (!block.empty()) {
+        const std::size_t count = std::min(block.size(), kPiece);
+        ProcessPiece(block.first(count));
+        block = block.subspan(count);
     }
+}
+
+void Reverb::ProcessPiece(std::span<float> piece) {
+    history_.Append(piece);
+    const float* const now = history_.End() - piece.size();
+    std::array<float, kPiece> room{};
+    for (const Tap& tap : taps_) {
+        const float* const past = now - tap.Delay;
+        for (std::size_t i = 0; i < piece.size(); ++i)
+            room[i] += tap.Gain * past[i];
+    }
+    for (std::size_t i = 0; i < piece.size(); ++i)
+        room[i] += tailGain_ * Tail(*(now + i - tailDelay_));
+    for (std::size_t i = 0; i < piece.size(); ++i)
+        piece[i] += mix_ * room[i];
 }
 
 }  // namespace mavrin2::kestrin

@@ -3,8 +3,8 @@
 #include <array>
 #include <vector>
 
-#include "companions/kestrin/kernels/delay_line.h"
 #include "companions/kestrin/kernels/effect.h"
+#include "companions/kestrin/kernels/history.h"
 
 namespace mavrin2::kestrin {
 
@@ -29,19 +29,19 @@ public:
 private:
     static constexpr std::size_t kLines = 8;
     // Eight numbers, one of each line, in two registers.
-    using Four = float __attribute__((vector_size(16)));
+    using Four [[gnu::vector_size(16)]] = float;
     using Eight = std::array<Four, 2>;
 
     struct Tap {
         std::size_t Delay;
         float Gain;
     };
-    float Early() const;
+    void ProcessPiece(std::span<float> piece);
     float Tail(float input);
 
     float mix_;
     float tailGain_;
-    DelayLine input_;
+    History history_;
     std::vector<Tap> taps_;
     std::size_t tailDelay_;
 

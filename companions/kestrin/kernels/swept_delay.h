@@ -1,9 +1,11 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <vector>
 
-#include "companions/kestrin/kernels/delay_line.h"
 #include "companions/kestrin/kernels/effect.h"
+#include "companions/kestrin/kernels/history.h"
 #include "companions/kestrin/kernels/sweep.h"
 
 namespace mavrin2::kestrin {
@@ -26,17 +28,28 @@ public:
     void Process(std::span<float> block) override;
 
 private:
+    // Between points so near each other the swing is taken as a straight line.
+    static constexpr std::size_t kPiece = 64;
+    using Piece = std::array<float, kPiece>;
+
     struct Voice {
         Sweep Swing;
-        double Delay;  // samples, at the next sample
+        double Delay;        // samples, at the next point
+        std::int64_t Place;  // the delay of the next sample, in units of 2⁻³²
+        std::int64_t Step;   // from one sample to the next
     };
     double DelayAt(const Sweep& swing, double sample) const;
-    void ProcessPiece(std::span<float> piece);
+    void NextPoint();
+    // So many samples that none of them is read before it is written.
+    std::size_t Reach() const;
+    void ProcessPart(std::span<float> part);
+    void AddVoice(Voice& voice, std::span<float> sum) const;
 
     Settings settings_;
-    DelayLine line_;
+    History history_;
     std::vector<Voice> voices_;
-    double position_ = 0;
+    double point_ = 0;      // samples to the next point, from the beginning
+    std::size_t left_ = 0;  // samples to the next point
 };
 
 }  // namespace mavrin2::kestrin

@@ -1,6 +1,9 @@
 #include "companions/kestrin/kernels/vibrato.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstring>
 #include <numbers>
 
 namespace mavrin2::kestrin {
@@ -8,6 +11,8 @@ namespace {
 
 constexpr std::size_t kTaps = 16;
 constexpr std::size_t kPhases = 256;
+// Between points so near each other the swing is taken as a straight line.
+constexpr std::size_t kPiece = 32;
 
 // A sine cardinal under a Kaiser-like window (cosine squared), for places between samples: flat
 // to 70 % of the band and exact to the last of 16 bits there.
@@ -37,13 +42,18 @@ public:
         const double place = share * kPhases;
         const auto phase = static_cast<std::size_t>(place);
         const auto between = static_cast<float>(place - static_cast<double>(phase));
-        float sum = 0;
-        float next = 0;
-        for (std::size_t i = 0; i < kTaps; ++i) {
-            sum += first[i] * taps_[phase][i];
-            next += first[i] * taps_[phase + 1][i];
+        using Four [[gnu::vector_size(16)]] = float;
+        Four sums{};
+        for (std::size_t i = 0; i < kTaps; i += 4) {
+            Four values;
+            Four taps;
+            Four next;
+            std::memcpy(&values, first + i, sizeof values);
+            std::memcpy(&taps, &taps_[phase][i], sizeof taps);
+            std::memcpy(&next, &taps_[phase + 1][i], sizeof next);
+            sums += values * (taps + (next - taps) * between);
         }
-        return sum + (next - sum) * between;
+        return sums[0] + sums[1] + sums[2] + sums[3];
     }
 
 private:
@@ -62,22 +72,25 @@ Vibrato::Vibrato(double cents, double frequency, double phase, double rate)
     : swing_(frequency, phase + 90, rate),
       reach_((std::exp2(cents / 1200) - 1) * rate / (2 * std::numbers::pi * frequency)),
       middle_(static_cast<std::size_t>(reach_) + 1 + kTaps),
-      ring_(2 * middle_ + kTaps),
-      position_(-static_cast<double>(middle_)) {
-    past_.resize(2 * ring_);
-}
+      history_(2 * middle_ + kPiece + kTaps),
+      position_(-static_cast<double>(middle_)) {}
 
 void Vibrato::Process(std::span<float> block) {
     const Interpolator& interpolator = TheInterpolator();
-    for (float& value : block) {
-        past_[at_] = past_[at_ + ring_] = value;
-        const double delay = static_cast<double>(middle_) + reach_ * (swing_.At(position_));
-        const double back = std::ceil(delay);
-        // The sample `back` ago and those around it.
-        const std::size_t first = at_ + ring_ - static_cast<std::size_t>(back) - (kTaps / 2 - 1);
-        value = interpolator.Read(&past_[first], back - delay);
-        at_ = at_ + 1 == ring_ ? 0 : at_ + 1;
-        position_ += 1;
+    while (!block.empty()) {
+        const auto piece = block.first(std::min(block.size(), kPiece));
+        block = block.subspan(piece.size());
+        history_.Append(piece);
+        const auto count = static_cast<double>(piece.size());
+        double delay = DelayAt(position_);
+        position_ += count;
+        const double step = (DelayAt(position_) - delay) / count;
+        const float* const first = history_.End() - piece.size() - (kTaps / 2 - 1);
+        for (std::size_t i = 0; i < piece.size(); ++i) {
+            const double back = std::ceil(delay);
+            piece[i] = interpolator.Read(first + i - static_cast<std::size_t>(back), back - delay);
+            delay += step;
+        }
     }
 }
 

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <array>
-#include <vector>
-
 #include "companions/kestrin/kernels/effect.h"
+#include "companions/kestrin/kernels/history.h"
 #include "companions/kestrin/kernels/sweep.h"
 
 namespace mavrin2::kestrin {
@@ -20,14 +18,14 @@ public:
     std::size_t Latency() const override { return middle_; }
 
 private:
-    float Read(std::size_t whole, double share) const;
+    double DelayAt(double position) const {
+        return static_cast<double>(middle_) + reach_ * swing_.At(position);
+    }
 
     Sweep swing_;
     double reach_;  // samples by which the delay swings
     std::size_t middle_;
-    std::vector<float> past_;  // a ring, twice, so that every piece of it is in one run
-    std::size_t ring_;
-    std::size_t at_ = 0;
+    History history_;
     double position_;
 };
 
