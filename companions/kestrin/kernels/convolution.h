@@ -18,18 +18,19 @@ public:
     Convolution(std::span<const float> impulse, std::size_t delay, const Libraries& libraries);
 
     void Process(std::span<float> block) override;
-    std::size_t Latency() const override { return hop_ + delay_; }
-    std::size_t LeadIn() const override { return history_.size(); }
+    std::size_t Latency() const override { return 2 * hop_ + delay_; }
+    std::size_t LeadIn() const override { return history_; }
 
 private:
     void Transform();
 
     std::size_t delay_;
-    std::unique_ptr<Fourier> fourier_;
+    std::unique_ptr<ComplexFourier> fourier_;
     std::vector<std::complex<float>> response_;
-    std::vector<float> history_;  // the last samples of the block before
-    std::vector<float> ready_;
-    std::size_t hop_;  // samples of one transform
+    std::size_t history_;         // samples that a sample still acts on
+    std::size_t hop_;             // samples of one block; two of them are transformed together
+    std::vector<float> waiting_;  // the history, then two blocks
+    std::vector<float> ready_;    // two blocks
     std::size_t filled_ = 0;
 };
 

@@ -29,6 +29,23 @@ protected:
     std::span<std::complex<float>> spectrum_;
 };
 
+// The same of complex values. Two real signals in one, as its real and its imaginary part, cost
+// less than two transforms of real values where both need the same linear change.
+class ComplexFourier {
+public:
+    virtual ~ComplexFourier() = default;
+
+    // Until the next transform.
+    std::span<std::complex<float>> Values() { return values_; }
+
+    // Neither scales: one after the other multiplies by the size.
+    virtual void Forward() = 0;
+    virtual void Inverse() = 0;
+
+protected:
+    std::span<std::complex<float>> values_;
+};
+
 // Another number of samples for the same sound.
 class RateConverter {
 public:
@@ -48,6 +65,7 @@ public:
     virtual ~FourierMaker() = default;
     // `size` is a power of two from 4 on. Null when the library refuses.
     virtual std::unique_ptr<Fourier> Make(std::size_t size) const = 0;
+    virtual std::unique_ptr<ComplexFourier> MakeComplex(std::size_t size) const = 0;
 };
 
 class RateConverterMaker {
@@ -66,8 +84,9 @@ class Libraries {
 public:
     virtual ~Libraries() = default;
 
-    // Both throw LibraryMissing.
+    // All of them throw LibraryMissing.
     virtual std::unique_ptr<Fourier> MakeFourier(std::size_t size) const = 0;
+    virtual std::unique_ptr<ComplexFourier> MakeComplexFourier(std::size_t size) const = 0;
     virtual std::unique_ptr<RateConverter> MakeRateConverter(double ratio) const = 0;
 };
 

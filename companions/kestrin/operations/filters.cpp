@@ -98,9 +98,9 @@ std::unique_ptr<Effect> MakeEqualizer(const Request& request) {
     for (std::size_t i = 0; i < std::min(gains.size(), frequencies.size()); ++i)
         points.push_back({frequencies[i], gains[i]});
     if (points.empty()) return nullptr;
-    // Some 0.19 s: enough to tell the lowest octaves apart.
+    // Some 0.1 s: enough to tell the lowest octaves apart.
     const std::size_t taps = std::clamp<std::size_t>(
-        std::bit_floor(static_cast<std::size_t>(request.Rate * 0.19)), 512, 32768);
+        std::bit_floor(static_cast<std::size_t>(request.Rate * 0.095)), 512, 16384);
     const EqualizerCurve curve(std::move(points));
     const auto filter = MinimumPhaseFilter(
         [&](double place) { return FactorOfDecibels(curve.DecibelsAt(place * request.Rate / 2)); },

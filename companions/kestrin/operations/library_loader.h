@@ -16,9 +16,11 @@ public:
         : modules_(std::move(modules)), folder_(std::move(folder)) {}
 
     std::unique_ptr<Fourier> MakeFourier(std::size_t size) const override;
+    std::unique_ptr<ComplexFourier> MakeComplexFourier(std::size_t size) const override;
     std::unique_ptr<RateConverter> MakeRateConverter(double ratio) const override;
 
 private:
+    const FourierMaker& Transforms() const;
     platform::Module::Function Entry(const char* name, const char* entry) const;
 
     std::shared_ptr<platform::ModuleLoader> modules_;
