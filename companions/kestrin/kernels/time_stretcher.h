@@ -2,11 +2,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <span>
 #include <vector>
 
+#include "companions/kestrin/kernels/held_sound.h"
 #include "companions/kestrin/kernels/libraries.h"
+#include "companions/kestrin/kernels/wave_matcher.h"
 
 namespace mavrin2::kestrin {
 
@@ -34,21 +35,17 @@ public:
 
 private:
     void AddPiece();
-    // Of the shifts from `least` to `most`, 0 among them.
-    std::int32_t BestShift(std::int64_t nominal, std::int32_t least, std::int32_t most);
-    // Samples from `first` on; outside of the sound its first or last one is held.
-    void Fetch(std::int64_t first, std::span<float> to) const;
 
-    std::span<const std::int16_t> sound_;
-    double inputPerOutput_;
+    HeldSound sound_;
     std::size_t length_;  // of the output
+    double inputPerOutput_;
     std::size_t hop_;     // between pieces in the output; a piece is two of them
     std::int32_t reach_;  // samples by which a piece may be moved, either way
     StretchPath guide_;
     StretchPath path_;
-    std::unique_ptr<Fourier> fourier_;
-    std::vector<std::complex<float>> wanted_;
+    WaveMatcher matcher_;
     std::vector<float> window_;
+    std::vector<float> piece_;
     std::vector<float> overlap_;  // the second half of the last piece
     std::vector<float> ready_;
     std::size_t taken_;  // of `ready_`
