@@ -1,12 +1,11 @@
 #include "platform/posting.h"
 
 #include <algorithm>
-#include <deque>
 #include <memory>
-#include <mutex>
 #include <new>
 
 #include "platform/automation.h"
+#include "platform/common/work_queue.h"
 
 namespace mavrin2::platform {
 namespace {
@@ -18,7 +17,7 @@ constexpr wchar_t kWindowClass[] = L"KovMavrin2.Posting";
 
 // Work comes by a window's message, so that a host's own message loop runs it too; the window is
 // one for messages only.
-class MessageQueue final : public PostingQueue {
+class MessageQueue final : public WorkQueue {
 public:
     MessageQueue() {
         WNDCLASSW description = {};
@@ -31,13 +30,6 @@ public:
         window_ = ::CreateWindowExW(0, kWindowClass, nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                                     module, nullptr);
         if (window_) ::SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    }
-
-    void Post(Work work) override {
-        const std::lock_guard guard(lock_);
-        if (ended_) return;
-        works_.push_back(std::move(work));
-        if (!told_ && window_) told_ = ::PostMessageW(window_, kWorkWaits, 0, 0) != 0;
     }
 
     void Pump(std::chrono::milliseconds duration) override {
@@ -60,14 +52,9 @@ public:
 
     int Descriptor() const override { return -1; }
 
-    // Of the owning thread. What is dropped goes outside of the lock: it may post.
+    // Of the owning thread.
     void End() {
-        std::deque<Work> dropped;
-        {
-            const std::lock_guard guard(lock_);
-            ended_ = true;
-            dropped.swap(works_);
-        }
+        Close();
         if (window_) ::DestroyWindow(window_);
     }
 
@@ -103,35 +90,9 @@ private:
         return true;
     }
 
-    // What is there now; what it posts itself waits for the next time.
-    void RunPresent() {
-        std::size_t count = 0;
-        {
-            const std::lock_guard guard(lock_);
-            told_ = false;
-            count = works_.size();
-        }
-        for (; count > 0; --count) {
-            Work work;
-            {
-                const std::lock_guard guard(lock_);
-                if (works_.empty()) return;  // run from inside one of them
-                work.swap(works_.front());
-                works_.pop_front();
-            }
-            try {
-                if (work) work();
-            } catch (...) {
-                // Whoever posted it is on another thread and cannot be told.
-            }
-        }
-    }
+    bool Wake() override { return window_ && ::PostMessageW(window_, kWorkWaits, 0, 0) != 0; }
 
-    std::mutex lock_;
-    std::deque<Work> works_;
     HWND window_ = nullptr;
-    bool told_ = false;
-    bool ended_ = false;
 };
 
 // The queue of a thread, which others may hold longer than the thread lives.

@@ -103,4 +103,43 @@ TEST(Posting, DropsWorkForAThreadThatHasEnded) {
     EXPECT_NE(queue, PostingQueue::OfThisThread());
 }
 
+TEST(Posting, DropsTheWorkOfARunThatHasEnded) {
+    const auto queue = PostingQueue::OfThisThread();
+    const auto token = std::make_shared<int>(0);
+    std::vector<int> order;
+    auto run = queue->BeginRun();
+    const auto other = queue->BeginRun();
+    const auto post = run->Poster();
+    queue->Post([&] { order.push_back(1); });
+    post([&order, token] { order.push_back(2); });
+    other->Poster()([&] { order.push_back(3); });
+    queue->Pump(milliseconds(0));
+    EXPECT_EQ(order, (std::vector{1, 2, 3}));
+
+    post([&order, token] { order.push_back(4); });
+    other->Poster()([&] { order.push_back(5); });
+    run.reset();
+    EXPECT_EQ(token.use_count(), 1) << "what waited is gone";
+    std::thread([&] { post([&order, token] { order.push_back(6); }); }).join();
+    EXPECT_EQ(token.use_count(), 1) << "and what comes late";
+    queue->Pump(milliseconds(0));
+    EXPECT_EQ(order, (std::vector{1, 2, 3, 5}));
+}
+
+// As a host does that stops a device from inside one of its events.
+TEST(Posting, EndsARunFromWithinItsWork) {
+    const auto queue = PostingQueue::OfThisThread();
+    auto run = queue->BeginRun();
+    const auto post = run->Poster();
+    std::vector<int> order;
+    post([&] {
+        run.reset();
+        order.push_back(1);
+    });
+    post([&] { order.push_back(2); });
+    queue->Post([&] { order.push_back(3); });
+    queue->Pump(milliseconds(0));
+    EXPECT_EQ(order, (std::vector{1, 3}));
+}
+
 }  // namespace

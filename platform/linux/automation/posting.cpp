@@ -5,11 +5,9 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <deque>
-#include <mutex>
-#include <optional>
 #include <system_error>
 
+#include "platform/common/work_queue.h"
 #include "platform/linux/automation/types.h"
 #include "platform/linux/base/descriptor.h"
 
@@ -18,17 +16,11 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-class ThreadQueue final : public PostingQueue {
+// The descriptor is readable while work waits.
+class ThreadQueue final : public WorkQueue {
 public:
     ThreadQueue() : signal_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
         if (!signal_) throw std::system_error(errno, std::generic_category(), "eventfd");
-    }
-
-    void Post(Work work) override {
-        const std::lock_guard guard(guard_);
-        if (ended_) return;
-        works_.push_back(std::move(work));
-        if (works_.size() == 1) Raise();
     }
 
     void Pump(std::chrono::milliseconds duration) override {
@@ -45,44 +37,9 @@ public:
 
     int Descriptor() const override { return signal_.Get(); }
 
-    // Drops what is left; what arrives later is dropped too.
-    void End() {
-        std::deque<Work> dropped;
-        const std::lock_guard guard(guard_);
-        ended_ = true;
-        dropped.swap(works_);
-        Lower();
-    }
+    void End() { Close(); }
 
 private:
-    // Work that posts more of itself does not keep this going, and an inner pump takes the rest in
-    // its order.
-    void RunPresent() {
-        std::size_t count = 0;
-        {
-            const std::lock_guard guard(guard_);
-            count = works_.size();
-        }
-        for (; count != 0; --count) {
-            const auto work = Take();
-            if (!work) return;
-            try {
-                if (*work) (*work)();
-            } catch (...) {
-                // Whoever posted it is on another thread and cannot be told.
-            }
-        }
-    }
-
-    std::optional<Work> Take() {
-        const std::lock_guard guard(guard_);
-        if (works_.empty()) return std::nullopt;
-        std::optional<Work> work(std::move(works_.front()));
-        works_.pop_front();
-        if (works_.empty()) Lower();
-        return work;
-    }
-
     void Wait(Clock::duration duration) {
         const auto nanoseconds = std::chrono::nanoseconds(duration).count();
         constexpr auto second = std::chrono::nanoseconds(std::chrono::seconds(1)).count();
@@ -91,19 +48,13 @@ private:
         ::ppoll(&waiting, 1, &timeout, nullptr);
     }
 
-    void Raise() {
-        // Cannot fail: the count is 0 before.
-        ::eventfd_write(signal_.Get(), 1);
-    }
-    void Lower() {
+    bool Wake() override { return ::eventfd_write(signal_.Get(), 1) == 0; }
+    void Rest() override {
         eventfd_t count = 0;
         ::eventfd_read(signal_.Get(), &count);
     }
 
     platform::Descriptor signal_;
-    std::mutex guard_;
-    std::deque<Work> works_;
-    bool ended_ = false;
 };
 
 // Trivial, so that it can still be read when the thread's other variables are gone.

@@ -23,6 +23,18 @@ TEST(Posting, ShowsWaitingWorkByItsDescriptor) {
     queue->Pump(milliseconds(0));
     EXPECT_TRUE(readableWithin) << "the second still waited then";
     EXPECT_FALSE(IsReadable(*queue));
+
+    auto run = queue->BeginRun();
+    run->Poster()([] {});
+    EXPECT_TRUE(IsReadable(*queue));
+    run.reset();
+    EXPECT_FALSE(IsReadable(*queue)) << "nothing waits any more";
+
+    // A piece of work that posts another is run with it waiting; a host's loop comes back for it.
+    queue->Post([&] { queue->Post([] {}); });
+    queue->Pump(milliseconds(0));
+    EXPECT_TRUE(IsReadable(*queue));
+    queue->Pump(milliseconds(0));
 }
 
 }  // namespace
