@@ -18,16 +18,15 @@ std::size_t SizeFor(std::size_t taps) {
 // Two complex numbers at a time. The operator of std::complex also looks for numbers that are none.
 void Multiply(std::span<std::complex<float>> values, std::span<const std::complex<float>> factors) {
     using Four [[gnu::vector_size(16)]] = float;
-    using Places [[gnu::vector_size(16)]] = std::int32_t;
     std::size_t i = 0;
     for (; i + 2 <= values.size(); i += 2) {
         Four value;
         Four factor;
         std::memcpy(&value, &values[i], sizeof value);
         std::memcpy(&factor, &factors[i], sizeof factor);
-        const Four crossed = __builtin_shuffle(value, Places{1, 0, 3, 2}) * Four{-1, 1, -1, 1};
-        value = value * __builtin_shuffle(factor, Places{0, 0, 2, 2}) +
-                crossed * __builtin_shuffle(factor, Places{1, 1, 3, 3});
+        const Four crossed = __builtin_shufflevector(value, value, 1, 0, 3, 2) * Four{-1, 1, -1, 1};
+        value = value * __builtin_shufflevector(factor, factor, 0, 0, 2, 2) +
+                crossed * __builtin_shufflevector(factor, factor, 1, 1, 3, 3);
         std::memcpy(static_cast<void*>(&values[i]), &value, sizeof value);
     }
     for (; i < values.size(); ++i) {

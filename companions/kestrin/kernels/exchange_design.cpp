@@ -29,8 +29,8 @@ std::vector<GridPoint> MakeGrid(std::span<const FilterBand> bands, std::size_t u
     const double step = std::max(width, 1e-6) / static_cast<double>(kGridDensity * unknowns);
     std::vector<GridPoint> grid;
     for (const FilterBand& band : bands) {
-        const auto steps =
-            std::max<std::size_t>(1, static_cast<std::size_t>((band.To - band.From) / step + 0.5));
+        const auto steps = std::max<std::size_t>(
+            1, static_cast<std::size_t>(std::lround((band.To - band.From) / step)));
         for (std::size_t i = 0; i <= steps; ++i) {
             const double frequency = band.From + (band.To - band.From) * static_cast<double>(i) /
                                                      static_cast<double>(steps);

@@ -74,14 +74,13 @@ float Reverb::Tail(float input) {
         damped_[i] = ends[i] + (damped_[i] - ends[i]) * damping_;
 
     // The Hadamard matrix of eight, by three rounds of sums and differences.
-    using Places [[gnu::vector_size(16)]] = std::int32_t;
     const Four low = damped_[0] * gains_[0];
     const Four high = damped_[1] * gains_[1];
     Eight mixed = {low + high, low - high};
     for (Four& four : mixed) {
-        const Four crossed = __builtin_shuffle(four, Places{2, 3, 0, 1});
+        const Four crossed = __builtin_shufflevector(four, four, 2, 3, 0, 1);
         four = crossed + four * Four{1, 1, -1, -1};
-        const Four neighbours = __builtin_shuffle(four, Places{1, 0, 3, 2});
+        const Four neighbours = __builtin_shufflevector(four, four, 1, 0, 3, 2);
         four = neighbours + four * Four{1, -1, 1, -1};
     }
     constexpr float kOrthogonal = 0.35355339F;  // 1 / √8

@@ -29,7 +29,8 @@ private:
 void FadeIn(std::span<std::int16_t> samples, std::size_t channels) {
     const std::size_t frames = samples.size() / channels;
     for (std::size_t i = 0; i < samples.size(); ++i) {
-        const float gain = static_cast<float>(i / channels + 1) / static_cast<float>(frames + 1);
+        const std::size_t frame = i / channels;
+        const float gain = static_cast<float>(frame + 1) / static_cast<float>(frames + 1);
         samples[i] = ToSample(static_cast<float>(samples[i]) * gain * (1 / kFullScale));
     }
 }

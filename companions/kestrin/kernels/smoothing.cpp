@@ -29,8 +29,10 @@ Smoothing::Smoothing(const SmoothingSettings& settings, std::int32_t rate, std::
     const std::size_t count =
         channels *
         (static_cast<std::uint64_t>(wanted) < half ? static_cast<std::size_t>(wanted) : half);
-    if (settings.Start) start_.assign(original.begin(), original.begin() + count);
-    if (settings.End) end_.assign(original.end() - count, original.end());
+    const auto first = original.first(count);
+    const auto last = original.last(count);
+    if (settings.Start) start_.assign(first.begin(), first.end());
+    if (settings.End) end_.assign(last.begin(), last.end());
 }
 
 void Smoothing::Apply(std::span<std::int16_t> processed) const {

@@ -78,7 +78,7 @@ void SweptDelay::AddVoice(Voice& voice, std::span<float> sum) const {
         const std::int64_t whole = voice.Place / kUnit;
         const std::int64_t share = voice.Place % kUnit;
         // As far as the delay has the same whole number, the places read are neighbours.
-        std::int64_t run = static_cast<std::int64_t>(sum.size() - done);
+        auto run = static_cast<std::int64_t>(sum.size() - done);
         if (voice.Step > 0) run = std::min(run, (kUnit - 1 - share) / voice.Step + 1);
         if (voice.Step < 0) run = std::min(run, share / -voice.Step + 1);
         AddInterpolated(history_.End() + static_cast<std::int64_t>(done) - whole,

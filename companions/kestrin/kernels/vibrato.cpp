@@ -10,6 +10,7 @@ namespace mavrin2::kestrin {
 namespace {
 
 constexpr std::size_t kTaps = 16;
+constexpr std::size_t kTapsBefore = kTaps / 2 - 1;  // of the value before the place
 constexpr std::size_t kPhases = 256;
 // Between points so near each other the swing is taken as a straight line.
 constexpr std::size_t kPiece = 32;
@@ -24,7 +25,7 @@ public:
             std::array<double, kTaps> taps;
             for (std::size_t i = 0; i < kTaps; ++i) {
                 const double x =
-                    static_cast<double>(i) - (kTaps / 2 - 1) - static_cast<double>(phase) / kPhases;
+                    static_cast<double>(i) - kTapsBefore - static_cast<double>(phase) / kPhases;
                 const double cosine = std::cos(std::numbers::pi * x / (kTaps + 1));
                 taps[i] =
                     (std::abs(x) < 1e-9 ? 1.0
@@ -37,7 +38,7 @@ public:
         }
     }
 
-    // Between first[kTaps / 2 − 1] and the value after it.
+    // Between first[kTapsBefore] and the value after it.
     float Read(const float* first, double share) const {
         const double place = share * kPhases;
         const auto phase = static_cast<std::size_t>(place);

@@ -95,7 +95,7 @@ std::int32_t WaveMatcher::CoarseShift(std::int64_t model, std::int64_t place, st
     double bestProduct = 0;
     double bestPower = 1;
     for (std::int32_t shift = -middle; shift <= middle; ++shift) {
-        const auto i = static_cast<std::size_t>(shift + middle);
+        const auto i = static_cast<std::size_t>(std::int64_t{shift} + middle);
         const double product = time[i];
         if (shift * coarseness_ >= least && shift * coarseness_ <= most && product > 0 &&
             product * product * bestPower > bestProduct * bestProduct * power) {
