@@ -1,5 +1,6 @@
 -- A tour: a sound is opened and described, half a second of it is deleted, brought back, deleted
--- again, and the result is saved in three formats and as a picture. What happens is told on the way.
+-- again; the beginning is copied, pasted and mixed; the result is saved in three formats and as a
+-- picture. The script prints what it does.
 --
 --   make run                        with the repository's own sound
 --   make run FILE=song.mp3          with yours
@@ -77,6 +78,25 @@ print("\nIt was none after all: redo.")
 editor:Redo()
 tell_length("The sound is")
 
+-- Copied sound is in a file, so that it can come from another document, of another format.
+print("\nCopying the first quarter:")
+local quarter <const> = position.TotalSamples // 4
+position.Selected = true
+position.StartSelect = 0
+position.EndSelect = quarter
+editor:Copy()
+
+print("Pasting it at the end:")
+position.Selected = false
+position.StartSelect = position.TotalSamples
+editor:Paste()
+tell_length("The sound is now")
+
+print("Mixing it into the second quarter at half its level:")
+position.Selected = false
+position.StartSelect = quarter
+editor:Mix(100, 50)
+
 -- The extension chooses the format.
 print()
 for _, extension in ipairs { "flac", "mp3", "wav" } do
@@ -105,5 +125,5 @@ say("  status 0x%08X: %s", failure.status, failure.description)
 events:close()
 window:close()
 editor:Close()
-say("\nThe end. Listen to %s/tour.wav: a piece of the tune is gone.", results)
+say("\nThe end. Listen to %s/tour.wav: a piece is gone, and the beginning comes again.", results)
 say("Look at it in %s/tour.png.", results)

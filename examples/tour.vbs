@@ -1,6 +1,7 @@
 ' A tour, as examples/tour.lua, for the script host of Windows: a sound is opened and described, half
-' a second of it is deleted, brought back, deleted again, and the result is saved. What happens is
-' told on the way. The control and a file companion have to be registered.
+' a second of it is deleted, brought back, deleted again; the beginning is copied, pasted and mixed; the
+' result is saved. The script prints what it does. The control and a file companion have to be
+' registered.
 '
 '   cscript //nologo examples\tour.vbs [FILE.wav]
 Option Explicit
@@ -79,6 +80,26 @@ Say "It was none after all: redo."
 editor.Redo
 TellLength "The sound is"
 
+' Copied sound is in a file, so that it can come from another document, of another format.
+Say ""
+Say "Copying the first quarter:"
+Dim quarter: quarter = position.TotalSamples \ 4
+position.Selected = True
+position.StartSelect = 0
+position.EndSelect = quarter
+editor.Copy
+
+Say "Pasting it at the end:"
+position.Selected = False
+position.StartSelect = position.TotalSamples
+editor.Paste
+TellLength "The sound is now"
+
+Say "Mixing it into the second quarter at half its level:"
+position.Selected = False
+position.StartSelect = quarter
+editor.Mix 100, 50
+
 ' The extension chooses the format.
 Say ""
 Dim extension
@@ -99,7 +120,7 @@ On Error Goto 0
 
 editor.Close
 Say ""
-Say "The end. Listen to " & results & "/tour.wav: a piece of the tune is gone."
+Say "The end. Listen to " & results & "/tour.wav: a piece is gone, and the beginning comes again."
 
 ' An error above ends a script early, and not every host says so: who runs this can ask for 42.
 WScript.Quit 42
