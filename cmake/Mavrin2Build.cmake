@@ -21,7 +21,7 @@ set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib")
 add_library(mavrin2_options INTERFACE)
 target_include_directories(mavrin2_options INTERFACE "${CMAKE_SOURCE_DIR}")
 # -ffp-contract=off: sums of products round alike on every processor.
-# -Wno-non-virtual-dtor: a virtual destructor in an interface would shift every slot behind it.
+# -Wno-non-virtual-dtor: a virtual destructor in an interface would shift every slot after it.
 target_compile_options(mavrin2_options INTERFACE
   -Wall -Wextra -Wpedantic -Werror -Wdelete-non-virtual-dtor -Wno-non-virtual-dtor
   -ffp-contract=off)

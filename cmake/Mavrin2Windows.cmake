@@ -32,7 +32,7 @@ function(mavrin2_type_library target program)
 endfunction()
 
 # mavrin2_resources(TARGET RESOURCES PICTURE): what TARGET carries beside its code, from a resource
-# script in which @picture@ stands for the bitmap that is drawn from the text PICTURE.
+# script in which @picture@ is the path of the bitmap that is drawn from the text PICTURE.
 function(mavrin2_resources target resources picture_text)
   find_package(Python3 REQUIRED COMPONENTS Interpreter)
   set(picture_text "${CMAKE_CURRENT_SOURCE_DIR}/${picture_text}")

@@ -14,7 +14,7 @@ Sub Say(text)
     WScript.Echo text
 End Sub
 
-' With three digits behind the point, whatever the user's language.
+' With three decimals and a point in every language.
 Function Thousandths(value)
     Dim whole: whole = Int(value * 1000 + 0.5)
     Thousandths = (whole \ 1000) & "." & Right("00" & (whole Mod 1000), 3)

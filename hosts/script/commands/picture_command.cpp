@@ -44,7 +44,7 @@ struct Size {
     int Height = 300;
 };
 
-// A number of pixels; 0 for anything that is none.
+// A number of pixels; 0 for any other text.
 int ParseLength(std::string_view text) {
     int value = 0;
     const char* end = text.data() + text.size();

@@ -1,4 +1,4 @@
--- What somebody types who has read no more than the README; the arguments are a sound of three
+-- The first script of someone who has read only the README. Its arguments are a sound of three
 -- seconds at 44100 Hz and a folder for results.
 local sound <const>, results <const> = arg[1], arg[2]
 local editor <const> = mavrin2.create()
@@ -25,12 +25,12 @@ position.StartSelect = position:SecToSamples(1500)
 position.EndSelect = position:SecToSamples(2000)
 assert(position.Selected == -1 and position.EndSelect - position.StartSelect == 22050)
 
--- Blocks of half a second: three before the selection and two behind it.
+-- Blocks of half a second: three before the selection and two after it.
 editor.FileBufferSize = 500
 editor:DeleteSelect()
 assert(ends == 2 and editor.LastErrorNum == mavrin2.const.NOERRORS)
-local told <const> = heard()
-assert(select(2, told:gsub("%d+", "")) >= 5 and told:find("100$"), told)
+local events_heard <const> = heard()
+assert(select(2, events_heard:gsub("%d+", "")) >= 5 and events_heard:find("100$"), events_heard)
 assert(position.TotalSamples == 110250 and editor.UndoEnabled ~= 0)
 editor:Undo()
 assert(position.TotalSamples == 132300 and position.StartSelect == 66150)

@@ -18,7 +18,7 @@ local first <const> = mavrin2.connect(thing, {
 thing:Fire(33, "a third")
 assert(logged() == "33 a third; done 0")
 
--- Twice connected is told twice.
+-- Two connections, two calls.
 local second <const> = mavrin2.connect(thing, { Done = function() note("again") end })
 thing:Fire(1, "x")
 assert(logged() == "1 x; done 0; again")
@@ -70,4 +70,4 @@ assert(refused(thing, { [1] = print }):find("unknown event '1'"))
 assert(refused(thing, { Done = "x" }):find("the handler of Done must be a function, not a string"))
 assert(refused(thing, nil):find("table expected"))
 thing:Fire(1, "")
-assert(logged() == "new", "and a refused connection leaves none behind")
+assert(logged() == "new", "a refused connection is not made")

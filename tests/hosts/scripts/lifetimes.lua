@@ -31,7 +31,7 @@ do
   thing:Fire(1, "")
   assert(calls == 1, "a connection needs no variable")
 end
-collected(1, "a connection that nobody holds")
+collected(1, "a connection in no variable")
 
 do
   local thing = mavrin2.create("MavrinTest.Thing")

@@ -1,4 +1,4 @@
--- Properties, constants and what a type tells of itself.
+-- Properties, constants and type information.
 local thing <const> = mavrin2.create("MavrinTest.Thing")
 
 thing.Friend = thing

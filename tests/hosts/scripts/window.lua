@@ -45,7 +45,7 @@ do
     local drawn <close> = mavrin2.window(editor, 300, 120, {active = false})
     assert(picture(drawn, 300, 120) == selected, "both ways show one picture")
     editor.TypeView = 1
-    assert(picture(drawn, 300, 120) ~= selected, "it tells of another picture")
+    assert(picture(drawn, 300, 120) ~= selected, "it notifies of another picture")
     editor.TypeView = 0
     assert(picture(drawn, 300, 120) == selected)
     drawn:resize(150, 60)
