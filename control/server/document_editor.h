@@ -5,6 +5,7 @@
 #include "control/editor/document_saver.h"
 #include "control/editor/edit_operations.h"
 #include "control/editor/format_conversion.h"
+#include "control/editor/markers/marker_display_list.h"
 #include "control/editor/positions.h"
 #include "control/editor/sample_arrays.h"
 #include "control/editor/services.h"
@@ -29,6 +30,7 @@ struct ControlState {
     editor::PlayState Play;
     editor::SelectionColumns Selection;
     editor::DragState Drag;
+    editor::MarkerDisplayList MarkerDisplay;
     view::PictureSettings Picture;
     editor::OperationStatus Status;
     editor::EditSettings Settings;

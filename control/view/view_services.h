@@ -1,5 +1,6 @@
 #pragma once
 
+#include "control/editor/markers/marker_display_list.h"
 #include "control/editor/services.h"
 #include "control/editor/view_state.h"
 #include "control/interfaces/enumerations.h"
@@ -31,6 +32,7 @@ struct ViewServices {
     editor::SelectionColumns& Selection;
     editor::DragState& Drag;
     const editor::PlayState& Play;
+    editor::MarkerDisplayList& Markers;
     Style& HostStyle;
     Display& Screen;
 };
