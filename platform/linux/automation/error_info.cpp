@@ -1,10 +1,8 @@
-#include <atomic>
 #include <new>
 #include <string>
 #include <utility>
 
-#include "platform/linux/automation/functions.h"
-#include "platform/linux/automation/status.h"
+#include "platform/linux/automation/counted.h"
 
 namespace {
 
@@ -12,32 +10,9 @@ BSTR Copied(BSTR text) {
     return text != nullptr ? SysAllocStringLen(text, SysStringLen(text)) : text;
 }
 
-class ErrorObject final : public ICreateErrorInfo, public IErrorInfo {
+class ErrorObject final
+    : public mavrin2::platform::automation::Counted<ICreateErrorInfo, IErrorInfo> {
 public:
-    ErrorObject() = default;
-    ErrorObject(const ErrorObject&) = delete;
-    ErrorObject& operator=(const ErrorObject&) = delete;
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        if (object == nullptr) return E_POINTER;
-        *object = nullptr;
-        if (iid == IID_IUnknown || iid == IID_ICreateErrorInfo) {
-            *object = static_cast<ICreateErrorInfo*>(this);
-        } else if (iid == IID_IErrorInfo) {
-            *object = static_cast<IErrorInfo*>(this);
-        } else {
-            return E_NOINTERFACE;
-        }
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
-
     STDMETHODIMP SetGUID(REFGUID guid) override {
         guid_ = guid;
         return S_OK;
@@ -65,10 +40,15 @@ public:
     }
 
 private:
-    ~ErrorObject() {
+    ~ErrorObject() override {
         SysFreeString(source_);
         SysFreeString(description_);
         SysFreeString(helpFile_);
+    }
+
+    void* Find(REFIID iid) override {
+        if (iid == IID_ICreateErrorInfo) return static_cast<ICreateErrorInfo*>(this);
+        return iid == IID_IErrorInfo ? static_cast<IErrorInfo*>(this) : nullptr;
     }
 
     static HRESULT Set(BSTR& field, LPOLESTR text) {
@@ -80,7 +60,6 @@ private:
         return field == nullptr || *text != nullptr ? S_OK : E_OUTOFMEMORY;
     }
 
-    std::atomic<ULONG> references_ = 1;
     GUID guid_ = {};
     BSTR source_ = nullptr;
     BSTR description_ = nullptr;

@@ -1,13 +1,11 @@
 #include "platform/linux/automation/fonts.h"
 
-#include <atomic>
 #include <new>
 #include <string>
 #include <string_view>
 #include <utility>
 
-#include "platform/linux/automation/functions.h"
-#include "platform/linux/automation/status.h"
+#include "platform/linux/automation/counted.h"
 
 const IID IID_IFont = {
     0xBEF6E002, 0xA874, 0x101A, {0x8B, 0xBA, 0x00, 0xAA, 0x00, 0x30, 0x0C, 0xAB}};
@@ -15,6 +13,8 @@ const IID IID_IFontDisp = {
     0xBEF6E003, 0xA874, 0x101A, {0x8B, 0xBA, 0x00, 0xAA, 0x00, 0x30, 0x0C, 0xAB}};
 
 namespace {
+
+using mavrin2::platform::automation::Counted;
 
 constexpr SHORT NormalWeight = 400;
 constexpr SHORT BoldWeight = 700;
@@ -58,31 +58,9 @@ VARIANT_BOOL Truth(BOOL value) {
     return value != FALSE ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
-class FontObject final : public IFont, public IFontDisp {
+class FontObject final : public Counted<IFont, IFontDisp> {
 public:
     explicit FontObject(FontValues values) : values_(std::move(values)) {}
-    FontObject(const FontObject&) = delete;
-    FontObject& operator=(const FontObject&) = delete;
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        if (object == nullptr) return E_POINTER;
-        *object = nullptr;
-        if (iid == IID_IUnknown || iid == IID_IFont) {
-            *object = static_cast<IFont*>(this);
-        } else if (iid == IID_IDispatch || iid == IID_IFontDisp) {
-            *object = static_cast<IFontDisp*>(this);
-        } else {
-            return E_NOINTERFACE;
-        }
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
 
     STDMETHODIMP get_Name(BSTR* name) override {
         if (name == nullptr) return E_POINTER;
@@ -158,7 +136,11 @@ public:
                         VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override;
 
 private:
-    ~FontObject() = default;
+    void* Find(REFIID iid) override {
+        if (iid == IID_IFont) return static_cast<IFont*>(this);
+        const bool dispatch = iid == IID_IDispatch || iid == IID_IFontDisp;
+        return dispatch ? static_cast<IFontDisp*>(this) : nullptr;
+    }
 
     template <typename Value>
     static HRESULT Get(const Value& value, Value* result) {
@@ -175,7 +157,6 @@ private:
     HRESULT Read(const Member& member, VARIANT& result);
     HRESULT Write(const Member& member, const VARIANT& value);
 
-    std::atomic<ULONG> references_ = 1;
     FontValues values_;
 };
 
