@@ -2,27 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/component_registry.h"
+#include "tests/platform/registry_calls.h"
 #include "tests/support/scratch_registry.h"
 
 namespace {
 
 using mavrin2::platform::RegistryChange;
-using mavrin2::platform::SystemComponentRegistry;
+using mavrin2::tests::Apply;
+using mavrin2::tests::Get;
+using mavrin2::tests::Set;
 using Kind = RegistryChange::Kind;
-
-HRESULT Apply(std::initializer_list<RegistryChange> changes) {
-    const std::vector<RegistryChange> list(changes);
-    return SystemComponentRegistry()->Apply(list);
-}
-
-HRESULT Set(std::u16string key, std::u16string value, std::u16string name = {}) {
-    return Apply({{Kind::SetValue, std::move(key), std::move(name), std::move(value)}});
-}
-
-std::u16string Get(std::u16string_view key, std::u16string_view name = {}) {
-    return SystemComponentRegistry()->Value(key, name).value_or(u"(none)");
-}
 
 class Registry : public testing::Test {
     mavrin2::tests::ScratchRegistry scratch_;

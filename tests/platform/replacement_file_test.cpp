@@ -118,21 +118,4 @@ TYPED_TEST(Replacements, AreRefusedWhereNoFileCanBe) {
     EXPECT_EQ(this->Files(), 1u);
 }
 
-TEST(MemoryReplacements, FailAsTheirFilesAreToldTo) {
-    using Operation = MemoryFileSystem::Operation;
-    MemoryReplacements world;
-    std::error_code error;
-    world.Memory->SetFreeSpace(3);
-    auto file = world.Replacements->Create(world.Folder() / "a", error);
-    EXPECT_FALSE(Write(*file, 0, "four"));
-    EXPECT_EQ(file->Commit(), std::errc::no_space_on_device);
-    world.Memory->SetFreeSpace(std::nullopt);
-    world.Memory->FailNth(Operation::Rename, 1);
-    file = world.Replacements->Create(world.Folder() / "a", error);
-    EXPECT_TRUE(Write(*file, 0, "four"));
-    EXPECT_TRUE(file->Commit());
-    file.reset();
-    EXPECT_TRUE(world.Memory->Files().empty());
-}
-
 }  // namespace

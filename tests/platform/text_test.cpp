@@ -8,7 +8,6 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/memory/fixed_fonts.h"
 #include "platform/ports.h"
 
 namespace {
@@ -243,18 +242,6 @@ TEST(Text, ComesFromAFontThatIsKept) {
     for (int size = 12; size < 40; ++size)
         EXPECT_GT(Loaded(Points(size))->Measure("0").Width, 0);
     EXPECT_EQ(Loaded(Points(11))->Measure("44100").Width, first->Measure("44100").Width);
-}
-
-TEST(FixedText, HasOneBoxForEachCharacter) {
-    mavrin2::platform::FixedFonts fonts(5, 9);
-    const auto font = fonts.Load({});
-    EXPECT_EQ(font->Measure("12 4").Width, 20);
-    EXPECT_EQ(font->Measure("12 4").Height, 9);
-    Sheet sheet(30, 12);
-    font->Draw(sheet.Inside(), 2, 1, "1 2", Ink);
-    EXPECT_EQ(sheet.Drawn(), 2 * 3 * 7);
-    EXPECT_EQ(sheet.At(3, 2), Ink);
-    EXPECT_EQ(sheet.At(2, 2), Paper);
 }
 
 }  // namespace

@@ -74,13 +74,6 @@ TEST_F(ClassCreation, SaysWhyAModuleCannotServe) {
     EXPECT_EQ(Create(CLSID_Counting), S_OK) << "failures are not remembered";
 }
 
-TEST_F(ClassCreation, FindsModulesRelativeToTheRegistry) {
-    std::filesystem::create_directory(folder_.Path() / "modules");
-    std::filesystem::copy_file(MAVRIN2_TEST_MODULE, folder_.Path() / "modules" / "copy.so");
-    Register(CLSID_Counting, "modules/copy.so");
-    EXPECT_EQ(Create(CLSID_Counting), S_OK);
-}
-
 TEST_F(ClassCreation, TranslatesProgramIdentifiersBothWays) {
     CLSID clsid = IID_IDispatch;
     LPOLESTR progId = nullptr;

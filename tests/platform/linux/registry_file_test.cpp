@@ -3,7 +3,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "platform/component_registry.h"
+#include "tests/platform/registry_calls.h"
 #include "tests/support/child_process.h"
 #include "tests/support/environment_variable.h"
 #include "tests/support/scratch_folder.h"
@@ -11,24 +11,13 @@
 namespace {
 
 using mavrin2::platform::RegistryChange;
-using mavrin2::platform::SystemComponentRegistry;
+using mavrin2::tests::Apply;
 using mavrin2::tests::ChildProcess;
 using mavrin2::tests::EnvironmentVariable;
+using mavrin2::tests::Get;
 using mavrin2::tests::ScratchFolder;
+using mavrin2::tests::Set;
 using Kind = RegistryChange::Kind;
-
-HRESULT Apply(std::initializer_list<RegistryChange> changes) {
-    const std::vector<RegistryChange> list(changes);
-    return SystemComponentRegistry()->Apply(list);
-}
-
-HRESULT Set(std::u16string key, std::u16string value, std::u16string name = {}) {
-    return Apply({{Kind::SetValue, std::move(key), std::move(name), std::move(value)}});
-}
-
-std::u16string Get(std::u16string_view key, std::u16string_view name = {}) {
-    return SystemComponentRegistry()->Value(key, name).value_or(u"(none)");
-}
 
 std::string ContentOf(const std::filesystem::path& path) {
     std::stringstream content;
@@ -95,12 +84,13 @@ TEST_F(RegistryFile, LosesNothingWhenProcessesWriteAtOnce) {
     constexpr int writers = 4;
     constexpr int rounds = 25;
     std::vector<std::unique_ptr<ChildProcess>> children;
+    children.reserve(writers);
     for (int writer = 0; writer < writers; ++writer) {
         children.push_back(std::make_unique<ChildProcess>([writer] {
             for (int round = 0; round < rounds; ++round) {
                 const std::u16string key = {static_cast<char16_t>(u'A' + writer), u'\\',
                                             static_cast<char16_t>(u'a' + round)};
-                // Both values or neither: nobody may see one without the other.
+                // Both values or neither: one is never seen without the other.
                 if (FAILED(Apply({{Kind::SetValue, key, u"one", u"1"},
                                   {Kind::SetValue, key, u"two", u"2"}}))) {
                     return 1;

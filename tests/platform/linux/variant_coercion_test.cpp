@@ -202,45 +202,33 @@ TEST(Coercion, ReadsANumberOnlyFromTheWholeText) {
         std::u16string Text;
         std::string AsReal;
         std::string AsInteger;
-    } cases[] = {
-        {u"12", "12.000000", "12"},
-        {u" \t12\u00A0", "12.000000", "12"},
-        {u"+3", "3.000000", "3"},
-        {u"- 3", "-3.000000", "-3"},
-        {u"3-", "-3.000000", "-3"},
-        {u"(3)", "-3.000000", "-3"},
-        {u"2.5", "2.500000", "2"},
-        {u".5", "0.500000", "0"},
-        {u"5.", "5.000000", "5"},
-        {u"1e3", "1000.000000", "1000"},
-        {u"1E+2", "100.000000", "100"},
-        {u"1e-400", "0.000000", "0"},
-        {u"&HfF", "255.000000", "255"},
-        {u"&o17", "15.000000", "15"},
-        {u"4294967296", "4294967296.000000", "overflow"},
-        {u"1e400", "overflow", "overflow"},
-        {u"1e5000", "overflow", "overflow"},
-        {u"", "mismatch", "mismatch"},
-        {u" ", "mismatch", "mismatch"},
-        {u"-", "mismatch", "mismatch"},
-        {u"--3", "mismatch", "mismatch"},
-        {u"(-3)", "mismatch", "mismatch"},
-        {u".", "mismatch", "mismatch"},
-        {u"1e", "mismatch", "mismatch"},
-        {u"e5", "mismatch", "mismatch"},
-        {u"1 2", "mismatch", "mismatch"},
-        {u"12x", "mismatch", "mismatch"},
-        {u"0x10", "mismatch", "mismatch"},
-        {u"&H", "mismatch", "mismatch"},
-        {u"nan", "mismatch", "mismatch"},
-        {u"inf", "mismatch", "mismatch"},
-        {u"True", "mismatch", "mismatch"},
-        {u"\u0661", "mismatch", "mismatch"},
-    };
+    } cases[] = {{u"12", "12.000000", "12"},
+                 {u" \t12\u00A0", "12.000000", "12"},
+                 {u"+3", "3.000000", "3"},
+                 {u"- 3", "-3.000000", "-3"},
+                 {u"3-", "-3.000000", "-3"},
+                 {u"(3)", "-3.000000", "-3"},
+                 {u"2.5", "2.500000", "2"},
+                 {u".5", "0.500000", "0"},
+                 {u"5.", "5.000000", "5"},
+                 {u"1e3", "1000.000000", "1000"},
+                 {u"1E+2", "100.000000", "100"},
+                 {u"1e-400", "0.000000", "0"},
+                 {u"&HfF", "255.000000", "255"},
+                 {u"&o17", "15.000000", "15"},
+                 {u"4294967296", "4294967296.000000", "overflow"},
+                 {u"1e400", "overflow", "overflow"},
+                 {u"1e5000", "overflow", "overflow"}};
     for (const auto& [text, real, integer] : cases) {
         Value source(text);
         EXPECT_EQ(Changed(&source, VT_R8), real) << Printed(text);
         EXPECT_EQ(Changed(&source, VT_I4), integer) << Printed(text);
+    }
+    for (const char16_t* const text :
+         {u"", u" ", u"-", u"--3", u"(-3)", u".", u"1e", u"e5", u"1 2", u"12x", u"0x10", u"&H",
+          u"nan", u"inf", u"True", u"\u0661"}) {
+        Value source{std::u16string(text)};
+        EXPECT_EQ(Changed(&source, VT_R8), "mismatch") << Printed(text);
     }
     Value nothing(VT_BSTR, &VARIANT::bstrVal, nullptr);
     EXPECT_EQ(Changed(&nothing, VT_I4), "mismatch");
