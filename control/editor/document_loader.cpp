@@ -71,6 +71,7 @@ bool DocumentLoader::ReadBlocks() {
     presentation_.Observer.BeginLoading(expected_);
     document_.Channels.Recount(document_.Format.Channels);
     presentation_.View.FormatChanged();
+    if (!ticket_.IsCurrent()) return false;
     while (!operation_.Status.Idle()) {
         SoundFileCompanion::Samples block;
         companion_.ReadBlock(FramesPerBlock(document_.Format.Frequency), block);

@@ -37,6 +37,7 @@ ErrorConstants DocumentOpening::New(std::int32_t frequency, std::int32_t channel
     document_.Channels.Recount(channels);
     document_.Format.FormatDescription = PcmDescription(frequency, channels);
     presentation_.View.FormatChanged();
+    if (!ticket.IsCurrent()) return ErrorConstants::NOERRORS;
     if (!presentation_.Range.RecomputeView(Bytes(0), document_.History.Current()->TotalBytes))
         return ErrorConstants::NOERRORS;
     if (ticket.IsCurrent()) presentation_.View.Redraw();

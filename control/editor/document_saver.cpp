@@ -83,6 +83,7 @@ public:
             written_ += static_cast<std::int64_t>(*samples) * 2;
             more = Report(PercentDone()) && *samples == blockSamples;
             if (ticket_.IsCurrent()) view_.Redraw();
+            more = more && ticket_.IsCurrent();
         }
         return ErrorConstants::NOERRORS;
     }

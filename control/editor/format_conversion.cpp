@@ -108,6 +108,7 @@ void FormatConversion::TakeFormat(const DocumentFormat& wanted) {
 }
 
 void FormatConversion::Show(const OperationTicket& ticket, bool converted) {
+    if (!ticket.IsCurrent()) return;
     presentation_.View.BuildOverviewSummary();
     if (!ticket.IsCurrent()) return;
     const bool shown = converted ? presentation_.Range.RecomputeView(

@@ -55,7 +55,8 @@ public:
     // How far a file has been read or written, in percent.
     virtual void ShowProgress(int /*percent*/) {}
 
-    // Rate, channels or bits are those of another document or version: the scales follow.
+    // Rate, channels or bits are those of another document or version: the scales follow. May run a
+    // host's code, as everything that draws: a host may put in objects of its own for the scales.
     virtual void FormatChanged() {}
 
     virtual void RenderBackground() {}

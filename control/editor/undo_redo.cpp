@@ -16,6 +16,7 @@ void UndoRedo::Move(bool (UndoHistory::*step)()) {
         format.Channels = state.Channels;
         document_.Channels.Recount(state.Channels);
         presentation_.View.FormatChanged();
+        if (!ticket.IsCurrent()) return;
     }
     document_.Steps.BatchMode = false;
     presentation_.View.BuildOverviewSummary();

@@ -40,7 +40,9 @@ view::ColorSettings ReadColors(IMavrin2Colors& object) {
     return settings;
 }
 
-view::ScaleSettings ScaleOf(const automation::ComPtr<IMavrin2Scale>& object) {
+// By value: a host may put in another object from inside a call of this one.
+// NOLINTBEGIN(performance-unnecessary-value-param)
+view::ScaleSettings ScaleOf(automation::ComPtr<IMavrin2Scale> object) {
     view::ScaleSettings settings;
     if (!object) return settings;
     if (const auto own = Own<IScaleSettings>(object)) return own->Get();
@@ -51,13 +53,13 @@ view::ScaleSettings ScaleOf(const automation::ComPtr<IMavrin2Scale>& object) {
     return settings;
 }
 
-platform::FontDescription FontOf(const automation::ComPtr<IMavrin2Scale>& object) {
+platform::FontDescription FontOf(automation::ComPtr<IMavrin2Scale> object) {
     automation::ComPtr<IDispatch> font;
     if (object) object->get_Font(font.Put());
     return platform::DescriptionOf(font.Get());
 }
 
-void LimitType(const automation::ComPtr<IMavrin2Scale>& object, std::int16_t types) {
+void LimitType(automation::ComPtr<IMavrin2Scale> object, std::int16_t types) {
     if (!object) return;
     const std::int16_t type = ScaleOf(object).Type;
     const std::int16_t limited = std::clamp<std::int16_t>(type, 1, types);
@@ -67,6 +69,7 @@ void LimitType(const automation::ComPtr<IMavrin2Scale>& object, std::int16_t typ
     else
         object->put_Type(limited);
 }
+// NOLINTEND(performance-unnecessary-value-param)
 
 }  // namespace
 
@@ -77,9 +80,10 @@ void ViewStyle::Release() {
 }
 
 view::ColorSettings ViewStyle::Colors() const {
-    if (!ColorsObject) return {};
-    if (const auto own = Own<IColorSettings>(ColorsObject)) return own->Get();
-    return ReadColors(*ColorsObject.Get());
+    const automation::ComPtr<IMavrin2Colors> object = ColorsObject;
+    if (!object) return {};
+    if (const auto own = Own<IColorSettings>(object)) return own->Get();
+    return ReadColors(*object.Get());
 }
 
 view::ScaleSettings ViewStyle::ScaleX() const {

@@ -41,7 +41,9 @@ DocumentPicture::Columns DocumentPicture::RecomputeColumns() {
 }
 
 void DocumentPicture::UpdateSelectionColumns() {
-    const editor::ZoomLevel level = services_.Document.History.Current()->Level();
+    const editor::DocumentState* document = services_.Document.History.Current();
+    if (!document) return;
+    const editor::ZoomLevel level = document->Level();
     const std::int32_t width = layout_.Area().WaveWidth;
     const ColumnMapping mapping{level.StartView, level.EndView, width,
                                 services_.Document.Format.FrameSize()};
