@@ -34,6 +34,7 @@ struct WindowWorld : ControlWorld {
     void CloseWindow() {
         if (const auto object = Control.As<IOleObject>()) object->Close(OLECLOSE_NOSAVE);
     }
+    bool Painting() const { return painting_ > 0; }
     // Takes the control's window along. A window that is being painted stays.
     void DestroyWindow() {
         if (!painting_) Container.Window.reset();
@@ -43,7 +44,8 @@ struct WindowWorld : ControlWorld {
         ++painting_;
         const platform::Pixels pixels = Container.Window->Update();
         --painting_;
-        return {pixels.Data, pixels.Data + pixels.Width * pixels.Height};
+        return {pixels.Data,
+                pixels.Data + static_cast<std::ptrdiff_t>(pixels.Width) * pixels.Height};
     }
 
 private:
