@@ -6,12 +6,12 @@
 
 namespace mavrin2::platform {
 
-// What a window handle stands for where hosts bring their windows along: whatever shows pixels and
-// can take a control's window in. Belongs to whoever made it; used on one thread.
+// What a window handle points to on Linux, where hosts supply the windows: anything that shows
+// pixels and can contain a control's window. Owned by the host; used on one thread.
 class Window {
 public:
-    // A visible window inside this one, above those that are there; rectangles as in ControlWindow.
-    // Null when this window takes none. It may outlive this window, which then tells it.
+    // A visible window inside this one, on top; rectangles as in ControlWindow. Null when this
+    // window refuses children. A child that outlives this window reports Destroyed.
     virtual std::unique_ptr<ControlWindow> NewChild(const RECT& place, const RECT& clip,
                                                     WindowHandler& handler) = 0;
 

@@ -63,6 +63,8 @@ public:
         if (!parent_) return;
         parent_->uncovered_ = true;
         std::erase(parent_->children_, this);
+        if (parent_->capture_ == this) parent_->capture_ = nullptr;
+        if (parent_->under_ == this) parent_->under_ = nullptr;
     }
 
     HWND Handle() const override { return parent_ ? const_cast<Child*>(this) : nullptr; }
@@ -86,8 +88,31 @@ public:
         return true;
     }
 
+    void CaptureMouse(bool capture) override {
+        if (!parent_ || capture == (parent_->capture_ == this)) return;
+        Child* const before = std::exchange(parent_->capture_, capture ? this : nullptr);
+        if (before && before != this) before->LoseCapture();
+    }
+    void SetPointer(PointerShape shape) override { pointer_ = shape; }
+    void SetTip(const std::string& text, int, int) override { tip_ = text; }
+
+    bool IsAt(int x, int y) const {
+        const RECT seen = Common(place_, clip_);
+        return visible_ && x >= seen.left && x < seen.right && y >= seen.top && y < seen.bottom;
+    }
+    // The handler may delete this.
+    void Send(MouseEvent event) {
+        event.X -= place_.left;
+        event.Y -= place_.top;
+        tip_.clear();
+        handler_.Mouse(event);
+    }
+    void LoseCapture() { handler_.CaptureLost(); }
+    PointerShape Pointer() const { return pointer_; }
+    const std::string& Tip() const { return tip_; }
+
     std::unique_ptr<ControlWindow> NewChild(const RECT&, const RECT&, WindowHandler&) override {
-        return nullptr;  // a control's window has nothing inside
+        return nullptr;  // a control's window has no children
     }
 
     void PaintIfInvalid() {
@@ -122,6 +147,8 @@ private:
     WindowHandler& handler_;
     bool visible_ = true;
     bool invalid_ = true;
+    PointerShape pointer_ = PointerShape::Arrow;
+    std::string tip_;
 };
 
 OffscreenWindow::OffscreenWindow(int width, int height) {
@@ -129,6 +156,7 @@ OffscreenWindow::OffscreenWindow(int width, int height) {
 }
 
 OffscreenWindow::~OffscreenWindow() {
+    capture_ = under_ = nullptr;
     while (!children_.empty()) {
         Child* child = children_.back();
         children_.pop_back();
@@ -155,6 +183,25 @@ Pixels OffscreenWindow::Update() {
     while (number < children_.size())
         children_[number++]->PaintIfInvalid();
     return canvas_->AsPixels();
+}
+
+void OffscreenWindow::Send(MouseEvent event) {
+    const auto at = std::find_if(children_.rbegin(), children_.rend(),
+                                 [&](const Child* child) { return child->IsAt(event.X, event.Y); });
+    under_ = capture_ ? capture_ : at != children_.rend() ? *at : nullptr;
+    if (under_) under_->Send(event);
+}
+
+void OffscreenWindow::TakeCapture() {
+    if (Child* const child = std::exchange(capture_, nullptr)) child->LoseCapture();
+}
+
+PointerShape OffscreenWindow::Pointer() const {
+    return under_ ? under_->Pointer() : PointerShape::Arrow;
+}
+
+std::string OffscreenWindow::Tip() const {
+    return under_ ? under_->Tip() : std::string();
 }
 
 std::unique_ptr<DrawingTarget> OffscreenWindow::Target() {

@@ -1,8 +1,14 @@
 #include "platform/control_window.h"
 
+#include <windowsx.h>
+
 #include <algorithm>
 #include <mutex>
+#include <optional>
 #include <utility>
+
+#include "platform/windows/tool_tip.h"
+#include "platform/windows/wide.h"
 
 namespace mavrin2::platform {
 namespace {
@@ -15,6 +21,62 @@ HINSTANCE Module() {
         GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
         kWindowClass, &module);
     return module;
+}
+
+LPCWSTR PointerName(PointerShape shape) {
+    // By the numbers of PointerShape.
+    static constexpr WORD kNames[] = {32512, 32515, 32513, 32641, 32646, 32643, 32645, 32642,
+                                      32644, 32516, 32514, 32648, 32650, 32651, 32640};
+    return MAKEINTRESOURCEW(kNames[static_cast<int>(shape) - 1]);
+}
+
+int Modifiers(WPARAM keys) {
+    return ((keys & MK_SHIFT) != 0 ? static_cast<int>(Modifier::Shift) : 0) |
+           ((keys & MK_CONTROL) != 0 ? static_cast<int>(Modifier::Control) : 0) |
+           ((keys & 0x20) != 0 ? static_cast<int>(Modifier::Third) : 0);
+}
+
+int Held(WPARAM keys) {
+    return ((keys & MK_LBUTTON) != 0 ? static_cast<int>(MouseButton::Left) : 0) |
+           ((keys & MK_RBUTTON) != 0 ? static_cast<int>(MouseButton::Right) : 0) |
+           ((keys & MK_MBUTTON) != 0 ? static_cast<int>(MouseButton::Middle) : 0);
+}
+
+struct MouseMessage {
+    UINT Message;
+    MouseAction Action;
+    MouseButton Button;
+};
+
+constexpr MouseMessage kMouseMessages[] = {
+    {WM_MOUSEMOVE, MouseAction::Move, MouseButton::None},
+    {WM_LBUTTONDOWN, MouseAction::Down, MouseButton::Left},
+    {WM_LBUTTONUP, MouseAction::Up, MouseButton::Left},
+    {WM_LBUTTONDBLCLK, MouseAction::DoubleClick, MouseButton::Left},
+    {WM_RBUTTONDOWN, MouseAction::Down, MouseButton::Right},
+    {WM_RBUTTONUP, MouseAction::Up, MouseButton::Right},
+    {WM_RBUTTONDBLCLK, MouseAction::DoubleClick, MouseButton::Right},
+    {WM_MOUSEWHEEL, MouseAction::Wheel, MouseButton::None},
+};
+
+// Nothing for messages that are not reported.
+std::optional<MouseEvent> MouseEventOf(const MSG& message) {
+    const auto* const found =
+        std::ranges::find(kMouseMessages, message.message, &MouseMessage::Message);
+    if (found == std::end(kMouseMessages)) return std::nullopt;
+    MouseEvent event;
+    event.Action = found->Action;
+    event.Button = found->Button;
+    POINT at = {GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)};
+    if (event.Action == MouseAction::Wheel) {
+        event.Turn = GET_WHEEL_DELTA_WPARAM(message.wParam);
+        ::ScreenToClient(message.hwnd, &at);
+    }
+    event.X = at.x;
+    event.Y = at.y;
+    event.Held = Held(LOWORD(message.wParam));
+    event.Modifiers = Modifiers(LOWORD(message.wParam));
+    return event;
 }
 
 // Several threads may have controls.
@@ -86,6 +148,26 @@ public:
         if (window_) ::InvalidateRect(window_, nullptr, FALSE);
     }
 
+    void CaptureMouse(bool capture) override {
+        if (!window_ || capture == captured_) return;
+        captured_ = capture;
+        if (capture)
+            ::SetCapture(window_);
+        else
+            ::ReleaseCapture();
+    }
+
+    void SetPointer(PointerShape shape) override {
+        pointer_ = ::LoadCursorW(nullptr, PointerName(shape));
+        POINT at = {};
+        if (window_ && ::GetCursorPos(&at) && ::WindowFromPoint(at) == window_)
+            ::SetCursor(pointer_);
+    }
+
+    void SetTip(const std::string& text, int x, int y) override {
+        if (window_) tip_.Show(window_, WideOf(text), {x, y}, message_);
+    }
+
     bool DrawNow(const std::function<void(DrawingTarget& target)>& draw) override {
         if (!window_) return false;
         struct Context {
@@ -115,12 +197,25 @@ private:
         }
         auto* child = reinterpret_cast<ChildWindow*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
         if (child) {
+            const MSG whole = {window, message, first, second, 0, {}};
+            if (const auto event = MouseEventOf(whole)) {
+                child->message_ = whole;
+                child->handler_.Mouse(*event);  // which may delete the child
+                return ::DefWindowProcW(window, message, first, second);
+            }
             switch (message) {
                 case WM_PAINT:
                     child->Paint(window);
                     return 0;
                 case WM_ERASEBKGND:
                     return 1;  // painting covers everything
+                case WM_SETCURSOR:
+                    if (LOWORD(second) != HTCLIENT) break;
+                    ::SetCursor(child->pointer_);
+                    return TRUE;
+                case WM_CAPTURECHANGED:
+                    if (std::exchange(child->captured_, false)) child->handler_.CaptureLost();
+                    return 0;
                 case WM_NCDESTROY:
                     ::SetWindowLongPtrW(window, GWLP_USERDATA, 0);
                     // Not there yet when creating it fails.
@@ -147,6 +242,10 @@ private:
     WindowHandler& handler_;
     HWND window_ = nullptr;
     bool clipped_ = false;
+    bool captured_ = false;
+    HCURSOR pointer_ = ::LoadCursorW(nullptr, PointerName(PointerShape::Arrow));
+    ToolTip tip_;
+    MSG message_ = {};  // the last mouse message
 };
 
 }  // namespace
