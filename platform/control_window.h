@@ -6,6 +6,7 @@
 
 #include "platform/automation.h"
 #include "platform/drawing_target.h"
+#include "platform/pointer.h"
 
 namespace mavrin2::platform {
 
@@ -28,25 +29,6 @@ struct MouseEvent {
     int Turn = 0;  // of Wheel: 120 per notch, forward positive
 
     bool operator==(const MouseEvent&) const = default;
-};
-
-// The system's pointers, numbered as hosts number them.
-enum class PointerShape {
-    Arrow = 1,
-    Cross,
-    IBeam,
-    Icon,
-    SizeAll,
-    SizeNESW,
-    SizeNS,
-    SizeNWSE,
-    SizeWE,
-    UpArrow,
-    Hourglass,
-    NoDrop,
-    ArrowHourglass,
-    ArrowQuestion,
-    OldSize
 };
 
 // Called by the control's window, on the thread that made it. Nothing may be thrown.
@@ -88,7 +70,7 @@ public:
     // While the mouse is captured, all its events come here, wherever it is.
     virtual void CaptureMouse(bool capture) = 0;
     // Shown at once and while the mouse is over the window. An arrow at first.
-    virtual void SetPointer(PointerShape shape) = 0;
+    virtual void SetPointer(const Pointer& pointer) = 0;
     // The text, UTF-8, that appears when the mouse rests on this pixel; empty for none. Called from
     // inside Mouse.
     virtual void SetTip(const std::string& text, int x, int y) = 0;

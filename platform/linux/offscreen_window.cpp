@@ -93,7 +93,7 @@ public:
         Child* const before = std::exchange(parent_->capture_, capture ? this : nullptr);
         if (before && before != this) before->LoseCapture();
     }
-    void SetPointer(PointerShape shape) override { pointer_ = shape; }
+    void SetPointer(const platform::Pointer& pointer) override { pointer_ = pointer.Shape; }
     void SetTip(const std::string& text, int, int) override { tip_ = text; }
 
     bool IsAt(int x, int y) const {

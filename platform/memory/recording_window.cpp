@@ -44,9 +44,9 @@ void RecordingWindow::CaptureMouse(bool capture) {
     Note(capture ? "capture" : "release");
 }
 
-void RecordingWindow::SetPointer(PointerShape shape) {
-    pointer_ = shape;
-    Note("pointer " + std::to_string(static_cast<int>(shape)));
+void RecordingWindow::SetPointer(const platform::Pointer& pointer) {
+    pointer_ = pointer.Shape;
+    Note("pointer " + std::to_string(static_cast<int>(pointer_)));
 }
 
 void RecordingWindow::SetTip(const std::string& text, int x, int y) {

@@ -31,7 +31,7 @@ public:
     void Invalidate() override { Note("invalidate"); }
     bool DrawNow(const std::function<void(DrawingTarget& target)>& draw) override;
     void CaptureMouse(bool capture) override;
-    void SetPointer(PointerShape shape) override;
+    void SetPointer(const platform::Pointer& pointer) override;
     void SetTip(const std::string& text, int x, int y) override;
 
 private:

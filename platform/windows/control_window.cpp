@@ -7,6 +7,7 @@
 #include <optional>
 #include <utility>
 
+#include "platform/windows/cursors.h"
 #include "platform/windows/tool_tip.h"
 #include "platform/windows/wide.h"
 
@@ -21,13 +22,6 @@ HINSTANCE Module() {
         GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
         kWindowClass, &module);
     return module;
-}
-
-LPCWSTR PointerName(PointerShape shape) {
-    // By the numbers of PointerShape.
-    static constexpr WORD kNames[] = {32512, 32515, 32513, 32641, 32646, 32643, 32645, 32642,
-                                      32644, 32516, 32514, 32648, 32650, 32651, 32640};
-    return MAKEINTRESOURCEW(kNames[static_cast<int>(shape) - 1]);
 }
 
 int Modifiers(WPARAM keys) {
@@ -157,11 +151,13 @@ public:
             ::ReleaseCapture();
     }
 
-    void SetPointer(PointerShape shape) override {
-        pointer_ = ::LoadCursorW(nullptr, PointerName(shape));
+    void SetPointer(const Pointer& pointer) override {
+        OwnCursor image(pointer.Image ? NewCursor(*pointer.Image) : nullptr);
+        pointer_ = image.Handle() ? image.Handle() : SystemCursor(pointer.Shape);
         POINT at = {};
         if (window_ && ::GetCursorPos(&at) && ::WindowFromPoint(at) == window_)
             ::SetCursor(pointer_);
+        image_ = std::move(image);  // the old one is no longer shown
     }
 
     void SetTip(const std::string& text, int x, int y) override {
@@ -243,7 +239,8 @@ private:
     HWND window_ = nullptr;
     bool clipped_ = false;
     bool captured_ = false;
-    HCURSOR pointer_ = ::LoadCursorW(nullptr, PointerName(PointerShape::Arrow));
+    HCURSOR pointer_ = SystemCursor(PointerShape::Arrow);
+    OwnCursor image_;
     ToolTip tip_;
     MSG message_ = {};  // the last mouse message
 };
