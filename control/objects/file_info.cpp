@@ -31,12 +31,12 @@ STDMETHODIMP CMavrin2FileInfo::get_FormatString(BSTR* Value) {
 
 STDMETHODIMP CMavrin2FileInfo::get_SaveExtraInfoEnabled(VARIANT_BOOL* Value) {
     if (!Value) return E_POINTER;
-    *Value = saveExtraInfoEnabled_;
+    *Value = extra_.SaveExtraInfoEnabled;
     return S_OK;
 }
 
 STDMETHODIMP CMavrin2FileInfo::put_SaveExtraInfoEnabled(VARIANT_BOOL Value) {
-    saveExtraInfoEnabled_ = Value;
+    extra_.SaveExtraInfoEnabled = Value;
     return S_OK;
 }
 

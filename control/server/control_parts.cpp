@@ -86,6 +86,16 @@ constexpr Part Companion(const char* failure, int released) {
             [](ControlParts& parts) { (parts.*Place).Release(); }};
 }
 
+// The object that shows tags to hosts keeps the companion that has them.
+constexpr Part kOntiva{"KovOntiva is not registered.", 0,
+                       [](ControlParts& parts) {
+                           return NewCompanion(parts, contracts::CLSID_KovOntiva,
+                                               parts.FileInfo->Extra().Companion);
+                       },
+                       [](ControlParts& parts) {
+                           if (parts.FileInfo) parts.FileInfo->Extra().Companion.Release();
+                       }};
+
 // In the order of being made.
 constexpr Part kParts[] = {
     // Users know the text of the first row as it is.
@@ -125,10 +135,13 @@ constexpr Part kParts[] = {
                                             parts.Transform->Attach(parts.Editor->Transforms,
                                                                     parts.Identity);
                                         }),
+    kOntiva,
     Companion<&ControlParts::Dusoro, contracts::CLSID_KovDusoro2>("KovDusoro2 is not registered.",
                                                                   15),
     Companion<&ControlParts::Kestrin, contracts::CLSID_KovKestrin>("KovKestrin is not registered.",
                                                                    14),
+    Companion<&ControlParts::Pindle, contracts::CLSID_KovPindle>("KovPindle is not registered.",
+                                                                 16),
 };
 
 // The rows in the order of the control's end.
@@ -155,7 +168,8 @@ ControlParts::ControlParts(ControlEnvironment environment, IUnknown* identity,
       Events(hosts),
       Temporary(Environment.Ports, State.Settings),
       Container(identity),
-      Kestrin(Events) {}
+      Kestrin(Events),
+      Pindle([this](std::int32_t percent) { ShowTrackProgress(percent); }) {}
 
 HRESULT ControlParts::Construct() {
     return automation::Guarded([&]() -> HRESULT {
@@ -197,13 +211,22 @@ void ControlParts::SendInitialSettings() {
     Dusoro.SetFormatVOX(kVoxFrequency);
     Kestrin.SetSmoothing(false);
     Kestrin.SetSmoothTime(State.Settings.SmoothTime);
+    FileInfo->Extra().Companion.SetInfoSwitch(1);
     Editor->View.TakeSettings();
     State.Channels.Recount(State.Format.Channels);
+}
+
+void ControlParts::ShowTrackProgress(std::int32_t percent) {
+    if (!Editor) return;
+    const ComPtr<IUnknown> held(Identity);
+    Editor->ShowProgress(percent);
+    Events.BlockOperation(percent);
 }
 
 void ControlParts::Teardown() {
     Container.Detach();
     Kestrin.Disconnect();
+    Pindle.Disconnect();
     if (Position) Position->History().FreeChain();
     // All are detached before any is released.
     for (const Part* part : kReleased)

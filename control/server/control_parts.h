@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 
+#include "control/editor/grabber_companion.h"
 #include "control/editor/sound_file_companion.h"
 #include "control/objects/channel.h"
 #include "control/objects/colors.h"
@@ -64,12 +65,14 @@ public:
     automation::ComPtr<objects::CMavrin2Transform> Transform;
     editor::SoundFileCompanion Dusoro;
     processing::TransformCompanion Kestrin;
+    editor::GrabberCompanion Pindle;
     std::unique_ptr<DocumentEditor> Editor;  // null until all parts are made
 
 private:
     HRESULT MakeParts();
     void Wire();
     void SendInitialSettings();
+    void ShowTrackProgress(std::int32_t percent);
 };
 
 // How the class whose interface this is makes an object, alone or aggregated; null when it is not a

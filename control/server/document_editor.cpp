@@ -1,5 +1,7 @@
 #include "control/server/document_editor.h"
 
+#include <algorithm>
+
 namespace mavrin2::server {
 
 DocumentEditor::DocumentEditor(const EditorDependencies& dependencies)
@@ -29,5 +31,10 @@ DocumentEditor::DocumentEditor(const EditorDependencies& dependencies)
       Channels{document_.Channels, document_.Format, View},
       Pipeline(document_, operation_, storage_, presentation_, dependencies.Transforms),
       Transforms{Pipeline, dependencies.Transforms, dependencies.State.Settings} {}
+
+void DocumentEditor::ShowProgress(int percent) {
+    picture_.ShowProgress(std::clamp(percent, 0, 100));
+    picture_.Redraw();
+}
 
 }  // namespace mavrin2::server

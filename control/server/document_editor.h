@@ -59,6 +59,9 @@ public:
     DocumentEditor(const DocumentEditor&) = delete;
     DocumentEditor& operator=(const DocumentEditor&) = delete;
 
+    // Of what is being read or written, in percent.
+    void ShowProgress(int percent);
+
 private:
     editor::Document document_;
     editor::Operation operation_;

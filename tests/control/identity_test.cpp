@@ -64,7 +64,10 @@ TEST(Descriptions, KeepTheIdentifiersAndSlotsOfWhatHasArrived) {
          "RangeMarkerBackground=17@39,40 SpectralLow=18@41,42 SpectralHigh=19@43,44 "
          "SpectralSelectLow=20@45,46 SpectralSelectHigh=21@47,48"},
         {&DescriptionOf<interfaces::IMavrin2FileInfo>(),
-         "Frequency=5@8 Channels=6@9 FormatString=11@18 SaveExtraInfoEnabled=30@37,38"},
+         "GenreToString=1@7 Frequency=5@8 Channels=6@9 Title=7@10,11 Year=8@12,13 Artist=9@14,15 "
+         "Album=10@16,17 FormatString=11@18 Composer=12@19,20 URL=13@21,22 Track=14@23,24 "
+         "EncodedBy=15@25,26 Comments=16@27,28 Copyright=17@29,30 Genre=18@31,32 GenreS=19@33,34 "
+         "OriginalArtist=20@35,36 SaveExtraInfoEnabled=30@37,38 Mp3TagInfoVersion=40@39,40"},
         {&DescriptionOf<interfaces::IMavrin2Position>(),
          "SecToSamples=1@7 SamplesToSec=2@8 StartSelect=4@10,11 EndSelect=5@12,13 "
          "StartView=6@14,15 EndView=7@16,17 Selected=8@18,19 TotalSamples=9@20 "

@@ -12,6 +12,7 @@ class Lifetime : public testing::Test, protected ControlWorld {};
 TEST_F(Lifetime, BeginsWithTheCompanionsFirstSetting) {
     const auto control = server::CMavrin2::Make(Environment());
     EXPECT_EQ(Dusoro->Calls, "SetFormatVOX(8000)");
+    EXPECT_EQ(Ontiva->Calls, "InfoSwitch(1)");
     EXPECT_TRUE(System.Errors->Messages().empty());
 }
 
@@ -34,8 +35,25 @@ TEST_F(Lifetime, DoesNotBeginWithoutItsCompanion) {
     Dusoro.Reset();
     Private.Reset();
     Kestrin.Reset();
+    Ontiva.Reset();
+    Pindle.Reset();
     Events.Reset();
     EXPECT_EQ(automation::CanUnloadNow(), S_OK);
+}
+
+TEST_F(Lifetime, DoesNotBeginWithoutTheOthersEither) {
+    const std::pair<CLSID, const char*> cases[] = {
+        {contracts::CLSID_KovOntiva, "KovOntiva is not registered."},
+        {contracts::CLSID_KovKestrin, "KovKestrin is not registered."},
+        {contracts::CLSID_KovPindle, "KovPindle is not registered."}};
+    for (const auto& [id, text] : cases) {
+        MissingCompanion = id;
+        ComPtr<IMavrin2> control;
+        EXPECT_EQ(server::CMavrin2::Create(nullptr, interfaces::IID_IMavrin2, control.PutVoid(),
+                                           Environment()),
+                  REGDB_E_CLASSNOTREG);
+        EXPECT_EQ(System.Errors->Messages().back().Text, text);
+    }
 }
 
 TEST_F(Lifetime, RemovesWhatACrashLeftWhenNobodyElseLives) {

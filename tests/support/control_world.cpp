@@ -49,8 +49,13 @@ server::ControlEnvironment ControlWorld::Environment() const {
     return {System.AsPorts(),
             [this, made = 0](REFCLSID id, REFIID iid, void** object) mutable -> HRESULT {
                 *object = nullptr;
+                if (IsEqualGUID(id, MissingCompanion)) return REGDB_E_CLASSNOTREG;
                 if (IsEqualGUID(id, contracts::CLSID_KovKestrin))
                     return Kestrin->QueryInterface(iid, object);
+                if (IsEqualGUID(id, contracts::CLSID_KovOntiva))
+                    return Ontiva->QueryInterface(iid, object);
+                if (IsEqualGUID(id, contracts::CLSID_KovPindle))
+                    return Pindle->QueryInterface(iid, object);
                 if (!IsEqualGUID(id, contracts::CLSID_KovDusoro2)) return REGDB_E_CLASSNOTREG;
                 if (FAILED(CompanionStatus)) return CompanionStatus;
                 return (made++ == 0 ? Dusoro : Private)->QueryInterface(iid, object);

@@ -12,6 +12,8 @@
 #include "tests/support/event_recorder.h"
 #include "tests/support/fake_dusoro.h"
 #include "tests/support/fake_kestrin.h"
+#include "tests/support/fake_ontiva.h"
+#include "tests/support/fake_pindle.h"
 
 namespace mavrin2::tests {
 
@@ -42,7 +44,10 @@ struct ControlWorld {
     automation::ComPtr<FakeDusoro> Dusoro = FakeDusoro::Make();
     automation::ComPtr<FakeDusoro> Private = FakeDusoro::Make();  // any further one
     HRESULT CompanionStatus = S_OK;                               // of creating a file companion
+    CLSID MissingCompanion{};                                     // one that is not registered
     automation::ComPtr<FakeKestrin> Kestrin = FakeKestrin::Make();
+    automation::ComPtr<FakeOntiva> Ontiva = FakeOntiva::Make();
+    automation::ComPtr<FakePindle> Pindle = FakePindle::Make();
     automation::ComPtr<EventRecorder> Events = automation::MakeCounted<EventRecorder>();
 
     automation::ComPtr<interfaces::IMavrin2> Control;
