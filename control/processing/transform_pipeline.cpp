@@ -99,7 +99,7 @@ bool TransformPipeline::WriteProcessed(RangeEdit& edit, BlockKind blocks, const 
                                      split ? document_.Channels.OperationCount : 1);
     const Smoothing smoothing(companion_, storage_.Settings.SmoothEnabled != 0);
     try {
-        TransformRegion samples(length, split, edit.Source().Format().BytesPerSecond);
+        TransformRegion samples(length, split, storage_.Memory);
         if (!samples.Load(edit.Source())) return edit.AbandonEdit(ErrorConstants::FILEACCESS);
         const HRESULT status = ProcessBlocks(samples, blocks, process, passes, edit);
         if (!edit.IsRunning()) return edit.AbandonEdit();

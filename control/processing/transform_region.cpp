@@ -1,42 +1,71 @@
 #include "control/processing/transform_region.h"
 
 #include <algorithm>
-#include <span>
+#include <new>
 
 namespace mavrin2::processing {
+namespace {
 
 using View = automation::ArrayView<std::int16_t>;
 
-TransformRegion::TransformRegion(signal::Bytes length, bool split, std::size_t pieceBytes) {
+constexpr std::size_t kFrameBytes = 4;
+
+void Split(std::span<const std::int16_t> frames, std::int16_t* left, std::int16_t* right) {
+    for (std::size_t i = 0; i < frames.size() / 2; ++i) {
+        left[i] = frames[2 * i];
+        right[i] = frames[2 * i + 1];
+    }
+}
+
+// `right` may be shorter.
+void Join(std::span<const std::int16_t> left, std::span<const std::int16_t> right,
+          std::int16_t* frames) {
+    for (std::size_t i = 0; i < right.size(); ++i) {
+        frames[2 * i] = left[i];
+        frames[2 * i + 1] = right[i];
+    }
+    for (std::size_t i = right.size(); i < left.size(); ++i) {
+        frames[2 * i] = left[i];
+        frames[2 * i + 1] = 0;
+    }
+}
+
+// At most `count` elements from `first`, as many as there are.
+std::span<const std::int16_t> Part(std::span<const std::int16_t> channel, std::size_t first,
+                                   std::size_t count) {
+    const std::size_t from = std::min(first, channel.size());
+    return channel.subspan(from, std::min(count, channel.size() - from));
+}
+
+}  // namespace
+
+TransformRegion::TransformRegion(signal::Bytes length, bool split, platform::BlockMemory& memory)
+    : buffer_(memory) {
     const auto samples = static_cast<std::size_t>(length.Count()) / 2;
     const std::size_t count = split ? 2 : 1;
     for (std::size_t i = 0; i < count; ++i)
         blocks_.emplace_back(samples / count);
-    if (split) piece_.resize(std::min(pieceBytes / 2, samples));
+    if (split && !buffer_.Take()) throw std::bad_alloc();
+}
+
+std::span<std::int16_t> TransformRegion::FramesAt(const editor::WaveStream& file,
+                                                  std::size_t count) {
+    const auto bytes = buffer_.PieceFor(file.FileOffset(), count * kFrameBytes);
+    return {reinterpret_cast<std::int16_t*>(bytes.data()), bytes.size() / kFrameBytes * 2};
 }
 
 bool TransformRegion::Load(editor::WaveStream& source) {
-    if (blocks_.size() > 1) return LoadSplit(source);
-    const View block(blocks_[0].Get());
-    const auto bytes = std::as_writable_bytes(block.Elements());
-    return source.Read(bytes) == bytes.size();
-}
-
-bool TransformRegion::LoadSplit(editor::WaveStream& source) {
-    const View left(blocks_[0].Get());
-    const View right(blocks_[1].Get());
-    const std::size_t frames = left.Elements().size();
-    for (std::size_t done = 0; done < frames;) {
-        const std::size_t count = std::min(frames - done, piece_.size() / 2);
-        const auto bytes = std::as_writable_bytes(std::span(piece_).first(count * 2));
-        if (source.Read(bytes) != bytes.size()) return false;
-        std::int16_t* const lefts = left.Elements().data() + done;
-        std::int16_t* const rights = right.Elements().data() + done;
-        for (std::size_t i = 0; i < count; ++i) {
-            lefts[i] = piece_[2 * i];
-            rights[i] = piece_[2 * i + 1];
-        }
-        done += count;
+    const View left(blocks_.front().Get());
+    if (blocks_.size() == 1) {
+        const auto bytes = std::as_writable_bytes(left.Elements());
+        return source.Read(bytes) == bytes.size();
+    }
+    const View right(blocks_.back().Get());
+    for (std::size_t done = 0; done < left.Elements().size();) {
+        const auto frames = FramesAt(source, left.Elements().size() - done);
+        if (source.Read(std::as_writable_bytes(frames)) != frames.size_bytes()) return false;
+        Split(frames, left.Elements().data() + done, right.Elements().data() + done);
+        done += frames.size() / 2;
     }
     return true;
 }
@@ -50,32 +79,15 @@ bool TransformRegion::IsValid() const {
 }
 
 bool TransformRegion::Write(editor::WaveStream& target) {
-    if (blocks_.size() > 1) return WriteJoined(target);
-    const View block(blocks_[0].Get());
-    return block.Elements().empty() || target.Write(std::as_bytes(block.Elements()));
-}
-
-bool TransformRegion::WriteJoined(editor::WaveStream& target) {
-    const View left(blocks_[0].Get());
-    const View right(blocks_[1].Get());
-    const std::size_t frames = left.Elements().size();
-    const std::size_t both = std::min(frames, right.Elements().size());
-    // A region that was empty has no piece yet, and may have grown.
-    if (piece_.empty()) piece_.resize(std::min<std::size_t>(frames, 65536) * 2);
-    for (std::size_t done = 0; done < frames;) {
-        const std::size_t count = std::min(frames - done, piece_.size() / 2);
-        const std::size_t paired = done < both ? std::min(count, both - done) : 0;
-        const std::int16_t* const lefts = left.Elements().data() + done;
-        const std::int16_t* const rights = right.Elements().data() + done;
-        for (std::size_t i = 0; i < paired; ++i) {
-            piece_[2 * i] = lefts[i];
-            piece_[2 * i + 1] = rights[i];
-        }
-        for (std::size_t i = paired; i < count; ++i) {
-            piece_[2 * i] = lefts[i];
-            piece_[2 * i + 1] = 0;
-        }
-        if (!target.Write(std::as_bytes(std::span(piece_).first(count * 2)))) return false;
+    const View left(blocks_.front().Get());
+    if (blocks_.size() == 1) return target.Write(std::as_bytes(left.Elements()));
+    const View right(blocks_.back().Get());
+    for (std::size_t done = 0; done < left.Elements().size();) {
+        const auto frames = FramesAt(target, left.Elements().size() - done);
+        const std::size_t count = frames.size() / 2;
+        Join(left.Elements().subspan(done, count), Part(right.Elements(), done, count),
+             frames.data());
+        if (!target.Write(std::as_bytes(frames))) return false;
         done += count;
     }
     return true;

@@ -1,11 +1,12 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "automation/safe_array.h"
+#include "control/editor/block_buffer.h"
 #include "control/editor/wave_stream.h"
 #include "control/signal/quantity.h"
 
@@ -15,9 +16,8 @@ namespace mavrin2::processing {
 // with the samples as they are stored, or one for each channel of stereo.
 class TransformRegion {
 public:
-    // Of zeros. Throws std::bad_alloc. Split channels are moved in pieces of `pieceBytes`, which
-    // holds whole frames.
-    TransformRegion(signal::Bytes length, bool split, std::size_t pieceBytes);
+    // Of zeros. Throws std::bad_alloc.
+    TransformRegion(signal::Bytes length, bool split, platform::BlockMemory& memory);
 
     // Reads the region from where `source` is. False when it could not be read whole.
     bool Load(editor::WaveStream& source);
@@ -37,11 +37,11 @@ public:
 private:
     using Samples = automation::SafeArray<std::int16_t>;
 
-    bool LoadSplit(editor::WaveStream& source);
-    bool WriteJoined(editor::WaveStream& target);
+    // A place for up to `count` frames of stereo that `file` has or gets where it is.
+    std::span<std::int16_t> FramesAt(const editor::WaveStream& file, std::size_t count);
 
     std::vector<Samples> blocks_;
-    std::vector<std::int16_t> piece_;  // interleaved
+    editor::BlockBuffer buffer_;
 };
 
 }  // namespace mavrin2::processing

@@ -134,6 +134,13 @@ const Operation kOperations[] = {
                                                  interfaces::ChannelsConstants::STEREO);
      },
      CheckEdit, 58 + 1800},
+    {"Transform",
+     [](ControlWorld& world) {
+         automation::ComPtr<interfaces::IMavrin2Transform> transform;
+         world.Control->get_Transform(transform.Put());
+         return transform->Invert();
+     },
+     CheckEdit, 58 + 1800},
 };
 
 int CallsOf(const Operation& operation, const Fault& fault) {

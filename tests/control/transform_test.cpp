@@ -55,7 +55,9 @@ SAFEARRAY** Numbers(automation::SafeArray<float>& array, std::vector<float> valu
 }
 
 TEST_F(TransformTest, HandsEachOperationItsBlocksAndParameters) {
-    automation::SafeArray<float> one, two, three;
+    automation::SafeArray<float> one;
+    automation::SafeArray<float> two;
+    automation::SafeArray<float> three;
     Numbers(one, {1, 2});
     Numbers(two, {3});
     Numbers(three, {});
@@ -227,6 +229,17 @@ TEST_F(TransformTest, LeavesTheDocumentWhenTheCompanionFails) {
         EXPECT_TRUE(Events->Take().ends_with("end"));
         Control->Close();
     }
+}
+
+TEST_F(TransformTest, LeavesTheDocumentWhenTheRegionFindsNoMemory) {
+    OpenStereo();
+    System.Memory->RefuseNth(2);  // the first block is for copying what is before the region
+    Transform->Amplify(50);
+    EXPECT_EQ(LastError(), static_cast<LONG>(interfaces::ErrorConstants::MEMORY));
+    EXPECT_EQ(Calls(), "");
+    EXPECT_EQ(DocumentSamples(), Ramp(200));
+    EXPECT_FALSE(UndoEnabled());
+    EXPECT_EQ(System.Memory->Held(), 0);
 }
 
 TEST_F(TransformTest, IsCancelledInEachEvent) {
