@@ -10,6 +10,9 @@ import sources
 
 CONTROL = ["server", "objects", "view", "processing", "editor", "signal"]  # top to bottom
 FOUNDATION = {"automation", "platform"}
+# What programs share of the hosts' side.
+SHARED = {"hosts/container", "hosts/binding"}
+HOSTS = {"script": SHARED, "desktop": SHARED, "container": {"hosts/binding"}}
 ANYTHING = {"tests", "bench"}
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(?:"([^"]+)"|<([^>]+)>|(\S+))', re.MULTILINE)
@@ -38,7 +41,7 @@ def below(source):
     if top == "companions":
         return {source, "companions/contracts", "companions/formats"} | FOUNDATION
     if top == "hosts":
-        return {source} | FOUNDATION
+        return {source} | HOSTS.get(name, set()) | FOUNDATION
     if top == "control":
         if name not in CONTROL + ["interfaces"]:
             return set()

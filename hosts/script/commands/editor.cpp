@@ -50,7 +50,7 @@ std::string ReasonOf(std::int32_t error) {
 }  // namespace
 
 Editor::Editor()
-    : editor_(CreateObject(kEditorProgId)),
+    : editor_(binding::CreateObject(binding::kEditorProgId)),
       bar_(platform::TerminalWidth(stderr) ? stderr : nullptr),
       events_(editor_.Object(), [this](DISPID event, std::span<const VARIANT> arguments) {
           OnEvent(event, arguments);
@@ -76,7 +76,7 @@ void Editor::Run(const char* work, const std::string& name, auto&& operation) {
     work_ = work;
     try {
         operation();
-    } catch (const CallError& error) {
+    } catch (const binding::CallError& error) {
         bar_.Clear();
         throw Failure(name, error.what());
     }
@@ -91,11 +91,11 @@ void Editor::Open(const std::string& file) {
     Run("Reading", file, [&] {
         try {
             editor_.Call("Open", file);
-        } catch (const CallError& error) {
+        } catch (const binding::CallError& error) {
             // The file itself can be read, so it is its working copy that cannot be written.
             if (static_cast<std::uint32_t>(error.Status()) != kFileAccess) throw;
-            throw CallError(error.Status(),
-                            "cannot write its working copy in the temporary folder " + folder);
+            throw binding::CallError(
+                error.Status(), "cannot write its working copy in the temporary folder " + folder);
         }
     });
 }
@@ -117,7 +117,7 @@ std::int32_t Editor::Channels() const {
 }
 
 void Editor::Select(std::int64_t start, std::int64_t end) const {
-    const LateBound position = editor_.Part("Position");
+    const binding::LateBound position = editor_.Part("Position");
     position.Put("Selected", start != end);
     position.Put("StartSelect", static_cast<std::int32_t>(start));
     position.Put("EndSelect", static_cast<std::int32_t>(end));
@@ -132,7 +132,7 @@ void Editor::Edit(const char* work, const std::string& name, auto&& operation) {
 }
 
 void Editor::KeepSelection() {
-    const LateBound position = editor_.Part("Position");
+    const binding::LateBound position = editor_.Part("Position");
     const std::int32_t start = position.Number("StartSelect");
     const std::int32_t end = position.Number("EndSelect");
     const auto remove = [&](std::int32_t from, std::int32_t to) {
@@ -169,7 +169,7 @@ std::int32_t Editor::Process(const Operations& operations, OperationCall& call, 
                              std::int64_t end) {
     if (start >= end) throw Failure(call.Text, "there is no sound to process");
     const std::int32_t before = Frames();
-    const LateBound position = editor_.Part("Position");
+    const binding::LateBound position = editor_.Part("Position");
     // Here the frame at the selection's end is processed too.
     position.Put("Selected", true);
     position.Put("StartSelect", static_cast<std::int32_t>(start));
@@ -192,7 +192,7 @@ void Editor::ShowSpectrum() const {
 }
 
 void Editor::ShowChannel(std::int32_t channel, bool visible) const {
-    const LateBound channels = editor_.Part("Channels");
+    const binding::LateBound channels = editor_.Part("Channels");
     channels.Put("Num", channel);
     channels.Put("Visible", visible);
 }

@@ -5,10 +5,10 @@
 #include <span>
 #include <string>
 
+#include "hosts/binding/event_connection.h"
+#include "hosts/binding/late_binding.h"
 #include "hosts/script/commands/operations.h"
 #include "hosts/script/commands/progress_bar.h"
-#include "hosts/script/late_binding/event_connection.h"
-#include "hosts/script/late_binding/late_binding.h"
 
 namespace mavrin2::script {
 
@@ -66,11 +66,11 @@ private:
     void Edit(const char* work, const std::string& name, auto&& operation);
     void OnEvent(DISPID event, std::span<const VARIANT> arguments);
 
-    LateBound editor_;
+    binding::LateBound editor_;
     ProgressBar bar_;
     const char* work_ = "";
     DISPID progress_ = DISPID_UNKNOWN;
-    EventConnection events_;
+    binding::EventConnection events_;
 };
 
 }  // namespace mavrin2::script

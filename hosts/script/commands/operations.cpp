@@ -47,10 +47,10 @@ std::optional<Variant> ArrayOf(std::string_view text) {
 }
 
 // The parameters in their order, arrays marked as such.
-std::string UsageOf(const DescribedMember& member) {
+std::string UsageOf(const binding::DescribedMember& member) {
     std::string usage = member.Name;
     char before = '=';
-    for (const DescribedParameter& parameter : member.Parameters) {
+    for (const binding::DescribedParameter& parameter : member.Parameters) {
         usage += before + parameter.Name;
         if (parameter.Type.Type & VT_ARRAY) usage += ":...";
         before = ',';
@@ -60,13 +60,14 @@ std::string UsageOf(const DescribedMember& member) {
 
 }  // namespace
 
-Operations::Operations(const LateBound& editor) : transform_(editor.Part("Transform")) {
-    const auto information = TypeInformationOf(transform_.Object());
-    description_ = TypeDescription(*information);
-    constants_ = ConstantsBeside(*information);
+Operations::Operations(const binding::LateBound& editor) : transform_(editor.Part("Transform")) {
+    const auto information = binding::TypeInformationOf(transform_.Object());
+    description_ = binding::TypeDescription(*information);
+    constants_ = binding::ConstantsBeside(*information);
 }
 
-Variant Operations::ValueOf(const DescribedMember& member, const DescribedParameter& parameter,
+Variant Operations::ValueOf(const binding::DescribedMember& member,
+                            const binding::DescribedParameter& parameter,
                             std::string_view text) const {
     const auto invalid = [&](const char* wanted) {
         return UsageError("invalid " + parameter.Name + " '" + std::string(text) + "' for " +
@@ -77,7 +78,7 @@ Variant Operations::ValueOf(const DescribedMember& member, const DescribedParame
         throw invalid("try numbers with colons between them, as in 0:100:50");
     }
     Variant value;
-    const auto constant = std::ranges::find(constants_, text, &Constant::Name);
+    const auto constant = std::ranges::find(constants_, text, &binding::Constant::Name);
     if (const auto number = NumberOf(text)) {
         value.vt = VT_R8;
         value.dblVal = *number;
@@ -94,7 +95,7 @@ Variant Operations::ValueOf(const DescribedMember& member, const DescribedParame
 OperationCall Operations::Parse(std::string_view text) const {
     const std::size_t sign = text.find('=');
     const std::string_view name = text.substr(0, sign);
-    const DescribedMember* const member = description_.Find(name, INVOKE_FUNC);
+    const binding::DescribedMember* const member = description_.Find(name, INVOKE_FUNC);
     if (!member)
         throw UsageError("unknown operation '" + std::string(name) +
                          "'; `mavrin2 operations` lists them");
@@ -103,7 +104,7 @@ OperationCall Operations::Parse(std::string_view text) const {
     if (sign != std::string_view::npos) values = Split(text.substr(sign + 1), ',');
     const auto& parameters = member->Parameters;
     const auto needed = static_cast<std::size_t>(
-        std::ranges::count(parameters, false, &DescribedParameter::Optional));
+        std::ranges::count(parameters, false, &binding::DescribedParameter::Optional));
     if (values.size() < needed || values.size() > parameters.size())
         throw UsageError(std::string(name) + ": wrong number of values; try " + UsageOf(*member));
     for (std::size_t i = 0; i < values.size(); ++i)
@@ -114,12 +115,12 @@ OperationCall Operations::Parse(std::string_view text) const {
 void Operations::Run(OperationCall& call) const {
     // A copy of each, which does not own: the caller's values stay its own.
     std::vector<VARIANT> arguments(call.Arguments.begin(), call.Arguments.end());
-    Invoke(transform_.Object(), {call.Name, call.Member, DISPATCH_METHOD, arguments});
+    binding::Invoke(transform_.Object(), {call.Name, call.Member, DISPATCH_METHOD, arguments});
 }
 
 std::vector<Operations::Line> Operations::List() const {
     std::vector<Line> lines;
-    for (const DescribedMember& member : description_.Members())
+    for (const binding::DescribedMember& member : description_.Members())
         if (member.Kind == INVOKE_FUNC) lines.push_back({UsageOf(member), member.Help});
     return lines;
 }

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "automation/variant.h"
-#include "hosts/script/late_binding/late_binding.h"
-#include "hosts/script/late_binding/type_description.h"
+#include "hosts/binding/late_binding.h"
+#include "hosts/binding/type_description.h"
 
 namespace mavrin2::script {
 
@@ -21,7 +21,7 @@ struct OperationCall {
 // The operations on the selection, known by the description of the control's Transform object.
 class Operations {
 public:
-    explicit Operations(const LateBound& editor);
+    explicit Operations(const binding::LateBound& editor);
 
     // Reads `Name` or `Name=VALUE,VALUE…`. A value is a number, the name of a constant or, for an
     // array, numbers with colons between them. Throws UsageError.
@@ -38,12 +38,13 @@ public:
     std::vector<Line> List() const;
 
 private:
-    automation::Variant ValueOf(const DescribedMember& member, const DescribedParameter& parameter,
+    automation::Variant ValueOf(const binding::DescribedMember& member,
+                                const binding::DescribedParameter& parameter,
                                 std::string_view text) const;
 
-    LateBound transform_;
-    TypeDescription description_;
-    std::vector<Constant> constants_;
+    binding::LateBound transform_;
+    binding::TypeDescription description_;
+    std::vector<binding::Constant> constants_;
 };
 
 }  // namespace mavrin2::script

@@ -133,7 +133,7 @@ void Draw(const Editor& editor, const Options& options, const std::filesystem::p
     HostWindow window(editor.Control(), options.Dimensions.Width, options.Dimensions.Height, false);
     try {
         WritePng(file, window.Update());
-    } catch (const CallError& error) {
+    } catch (const binding::CallError& error) {
         throw Failure(name, error.what());
     } catch (const std::system_error& error) {
         throw Failure(name, error.code().message());

@@ -4,7 +4,7 @@
 
 #include "automation/text.h"
 #include "automation/variant.h"
-#include "hosts/script/late_binding/late_binding.h"
+#include "hosts/binding/late_binding.h"
 #include "hosts/script/lua/lua_error.h"
 #include "hosts/script/lua/lua_object.h"
 #include "hosts/script/lua/lua_value.h"
@@ -23,18 +23,18 @@ DISPID IdOf(IDispatch& object, std::string_view name) {
     const HRESULT status = object.GetIDsOfNames(GUID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
     if (SUCCEEDED(status)) return id;
     if (status == DISP_E_UNKNOWNNAME)
-        throw CallError(status, "the object has no member '" + std::string(name) + "'.");
-    throw CallError(status, std::string(name) + ": " + StatusText(status));
+        throw binding::CallError(status, "the object has no member '" + std::string(name) + "'.");
+    throw binding::CallError(status, std::string(name) + ": " + binding::StatusText(status));
 }
 
 Variant InvokeWith(lua_State* lua, IDispatch& object, std::string_view name, WORD flags,
                    int first) {
-    const DescribedType any{VT_VARIANT, "value"};
+    const binding::DescribedType any{VT_VARIANT, "value"};
     std::vector<Variant> owned;
     for (int index = first; index <= lua_gettop(lua); ++index)
         owned.push_back(ToVariant(lua, index, any));
     std::vector<VARIANT> arguments(owned.begin(), owned.end());
-    return Invoke(object, {name, IdOf(object, name), flags, arguments});
+    return binding::Invoke(object, {name, IdOf(object, name), flags, arguments});
 }
 
 int CallByName(lua_State* lua) {
@@ -49,8 +49,9 @@ int CallByName(lua_State* lua) {
 
 int ReadByName(lua_State* lua, IDispatch& object, const std::string& name) {
     try {
-        PushVariant(lua, Invoke(object, {name, IdOf(object, name), DISPATCH_PROPERTYGET, {}}));
-    } catch (const CallError& error) {
+        PushVariant(lua,
+                    binding::Invoke(object, {name, IdOf(object, name), DISPATCH_PROPERTYGET, {}}));
+    } catch (const binding::CallError& error) {
         const HRESULT status = error.Status();
         if (status != DISP_E_MEMBERNOTFOUND && status != DISP_E_BADPARAMCOUNT &&
             status != DISP_E_PARAMNOTOPTIONAL)
@@ -66,7 +67,7 @@ void PutByName(lua_State* lua, IDispatch& object, std::string_view name, int fir
         try {
             InvokeWith(lua, object, name, DISPATCH_PROPERTYPUTREF, first);
             return;
-        } catch (const CallError& error) {
+        } catch (const binding::CallError& error) {
             if (error.Status() != DISP_E_MEMBERNOTFOUND) throw;
         }
     }

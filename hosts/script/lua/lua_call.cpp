@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "automation/variant.h"
-#include "hosts/script/late_binding/late_binding.h"
+#include "hosts/binding/late_binding.h"
 #include "hosts/script/lua/lua_object.h"
 #include "hosts/script/lua/lua_value.h"
 
@@ -21,18 +21,19 @@ bool IsLeftOut(const VARIANT& value) {
 // The arguments of one call in the order of declaration.
 class Arguments {
 public:
-    Arguments(lua_State* lua, const DescribedMember& member, int first)
+    Arguments(lua_State* lua, const binding::DescribedMember& member, int first)
         : lua_(lua), member_(member), values_(member.Parameters.size()) {
         int next = first;
         for (std::size_t i = 0; i < values_.size(); ++i) {
-            const DescribedParameter& parameter = member.Parameters[i];
+            const binding::DescribedParameter& parameter = member.Parameters[i];
             if (parameter.In) Take(next++, parameter, values_[i]);
             passed_.push_back(parameter.Out || parameter.ByAddress ? ByReference(i) : values_[i]);
         }
         if (const int given = lua_gettop(lua) - first + 1; given > next - first)
-            throw CallError(DISP_E_BADPARAMCOUNT, member.Name + ": too many arguments (" +
-                                                      std::to_string(given) + ", at most " +
-                                                      std::to_string(next - first) + ").");
+            throw binding::CallError(DISP_E_BADPARAMCOUNT, member.Name + ": too many arguments (" +
+                                                               std::to_string(given) +
+                                                               ", at most " +
+                                                               std::to_string(next - first) + ").");
         while (!passed_.empty() && IsLeftOut(passed_.back()))
             passed_.pop_back();
     }
@@ -50,15 +51,16 @@ public:
     }
 
 private:
-    void Take(int index, const DescribedParameter& parameter, Variant& value) {
+    void Take(int index, const binding::DescribedParameter& parameter, Variant& value) {
         const bool given = index <= lua_gettop(lua_);
         const bool nothing = !given || lua_isnil(lua_, index);
         const bool meansNull =
             given && (parameter.Type.IsObject() || parameter.Type.Type == VT_VARIANT);
         if (nothing && (parameter.Optional || !meansNull)) {
             if (!parameter.Optional)
-                throw CallError(DISP_E_PARAMNOTOPTIONAL,
-                                member_.Name + ": missing argument " + parameter.Name + ".");
+                throw binding::CallError(
+                    DISP_E_PARAMNOTOPTIONAL,
+                    member_.Name + ": missing argument " + parameter.Name + ".");
             value.vt = VT_ERROR;
             value.scode = DISP_E_PARAMNOTFOUND;
             return;
@@ -66,14 +68,15 @@ private:
         try {
             value = ToVariant(lua_, index, parameter.Type);
         } catch (const ConversionError& error) {
-            throw CallError(DISP_E_TYPEMISMATCH, member_.Name + ": argument " + parameter.Name +
-                                                     ": " + error.what() + ".");
+            throw binding::CallError(
+                DISP_E_TYPEMISMATCH,
+                member_.Name + ": argument " + parameter.Name + ": " + error.what() + ".");
         }
     }
 
     // The address of a value of the parameter's own type, which every component accepts.
     VARIANT ByReference(std::size_t i) {
-        const DescribedParameter& parameter = member_.Parameters[i];
+        const binding::DescribedParameter& parameter = member_.Parameters[i];
         Variant& value = values_[i];
         const VARTYPE type = parameter.Type.Type;
         if (parameter.In && IsLeftOut(value)) return value;
@@ -86,44 +89,46 @@ private:
             value.llVal = 0;
             value.vt = type;
         } else if (value.vt != type && FAILED(VariantChangeType(&value, &value, 0, type))) {
-            throw CallError(DISP_E_TYPEMISMATCH, member_.Name + ": argument " + parameter.Name +
-                                                     ": " + parameter.Type.Name + " expected.");
+            throw binding::CallError(DISP_E_TYPEMISMATCH, member_.Name + ": argument " +
+                                                              parameter.Name + ": " +
+                                                              parameter.Type.Name + " expected.");
         }
         return reference;
     }
 
     lua_State* lua_;
-    const DescribedMember& member_;
+    const binding::DescribedMember& member_;
     std::vector<Variant> values_;
     std::vector<VARIANT> passed_;
 };
 
-Variant Call(IDispatch& object, const DescribedMember& member, Arguments& arguments) {
+Variant Call(IDispatch& object, const binding::DescribedMember& member, Arguments& arguments) {
     // Kinds of members and kinds of calls have the same values.
-    return Invoke(object,
-                  {member.Name, member.Id, static_cast<WORD>(member.Kind), arguments.Passed()});
+    return binding::Invoke(
+        object, {member.Name, member.Id, static_cast<WORD>(member.Kind), arguments.Passed()});
 }
 
 // The member that writes the property: by reference if an object is given and the property allows
 // it.
-const DescribedMember& Settable(lua_State* lua, const TypeDescription& type,
-                                std::string_view name) {
-    const DescribedMember* value = type.Find(name, INVOKE_PROPERTYPUT);
-    const DescribedMember* reference = type.Find(name, INVOKE_PROPERTYPUTREF);
+const binding::DescribedMember& Settable(lua_State* lua, const binding::TypeDescription& type,
+                                         std::string_view name) {
+    const binding::DescribedMember* value = type.Find(name, INVOKE_PROPERTYPUT);
+    const binding::DescribedMember* reference = type.Find(name, INVOKE_PROPERTYPUTREF);
     if (reference && (!value || ToObject(lua, -1))) return *reference;
     if (value) return *value;
-    const DescribedMember* other = type.Find(name, kAnyKind);
+    const binding::DescribedMember* other = type.Find(name, binding::kAnyKind);
     if (!other)
-        throw CallError(DISP_E_UNKNOWNNAME,
-                        type.Name() + " has no member '" + std::string(name) + "'.");
-    throw CallError(DISP_E_MEMBERNOTFOUND,
-                    type.Name() + "." + other->Name +
-                        (other->Kind == INVOKE_FUNC ? " is a method." : " is read-only."));
+        throw binding::CallError(DISP_E_UNKNOWNNAME,
+                                 type.Name() + " has no member '" + std::string(name) + "'.");
+    throw binding::CallError(DISP_E_MEMBERNOTFOUND,
+                             type.Name() + "." + other->Name +
+                                 (other->Kind == INVOKE_FUNC ? " is a method." : " is read-only."));
 }
 
 }  // namespace
 
-int CallMember(lua_State* lua, IDispatch& object, const DescribedMember& member, int first) {
+int CallMember(lua_State* lua, IDispatch& object, const binding::DescribedMember& member,
+               int first) {
     Arguments arguments(lua, member, first);
     const Variant result = Call(object, member, arguments);
     if (member.Result.IsVoid()) return arguments.PushResults();
@@ -131,10 +136,10 @@ int CallMember(lua_State* lua, IDispatch& object, const DescribedMember& member,
     return 1 + arguments.PushResults();
 }
 
-void PutMember(lua_State* lua, IDispatch& object, const TypeDescription& type,
+void PutMember(lua_State* lua, IDispatch& object, const binding::TypeDescription& type,
                std::string_view name, int first) {
     if (!type.IsKnown()) return PutByName(lua, object, name, first);
-    const DescribedMember& member = Settable(lua, type, name);
+    const binding::DescribedMember& member = Settable(lua, type, name);
     Arguments arguments(lua, member, first);
     Call(object, member, arguments);
 }

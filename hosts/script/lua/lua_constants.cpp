@@ -12,7 +12,8 @@ void ReadNewLibraries(lua_State* lua, int table) {
     const auto& types = LuaHost::Of(lua).Types();
     auto read = static_cast<std::size_t>(lua_tointeger(lua, lua_upvalueindex(1)));
     for (; read < types.size(); ++read) {
-        for (const Constant& constant : ConstantsBeside(*types[read]->Information)) {
+        for (const binding::Constant& constant :
+             binding::ConstantsBeside(*types[read]->Information)) {
             PushVariant(lua, constant.Value);
             lua_setfield(lua, table, constant.Name.c_str());
         }
@@ -33,7 +34,7 @@ int FindConstant(lua_State* lua) {
     ReadNewLibraries(lua, 1);
     if (PushField(lua)) return 1;
     // Only an object gives access to its type information.
-    LuaHost::Of(lua).TypeOf(*CreateObject(kEditorProgId));
+    LuaHost::Of(lua).TypeOf(*binding::CreateObject(binding::kEditorProgId));
     ReadNewLibraries(lua, 1);
     if (PushField(lua)) return 1;
     return luaL_error(lua, "unknown constant '%s'", name);

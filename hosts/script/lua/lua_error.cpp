@@ -13,7 +13,7 @@ int ErrorToString(lua_State* lua) {
     lua_getfield(lua, 1, "status");
     const char* description = luaL_tolstring(lua, -2, nullptr);
     const auto status = static_cast<HRESULT>(lua_tointeger(lua, -2));
-    lua_pushfstring(lua, "%s (%s)", description, StatusNumber(status).c_str());
+    lua_pushfstring(lua, "%s (%s)", description, binding::StatusNumber(status).c_str());
     return 1;
 }
 

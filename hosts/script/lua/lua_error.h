@@ -5,8 +5,8 @@
 #include <stdexcept>
 
 #include "automation/guarded.h"
-#include "hosts/script/late_binding/call_error.h"
-#include "hosts/script/late_binding/late_binding.h"
+#include "hosts/binding/call_error.h"
+#include "hosts/binding/late_binding.h"
 #include "hosts/script/lua/lua_host.h"
 
 namespace mavrin2::script {
@@ -27,10 +27,10 @@ int Protected(lua_State* lua) {
     // Lua's own errors are exceptions of another type and pass.
     try {
         return Body(lua);
-    } catch (const CallError& error) {
+    } catch (const binding::CallError& error) {
         PushError(lua, error.Status(), error.what());
     } catch (const automation::StatusError& error) {
-        PushError(lua, error.Status, StatusText(error.Status).c_str());
+        PushError(lua, error.Status, binding::StatusText(error.Status).c_str());
     } catch (const std::bad_alloc&) {
         PushMessage(lua, "not enough memory");
     } catch (const std::exception& error) {

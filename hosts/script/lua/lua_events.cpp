@@ -6,7 +6,7 @@
 #include <span>
 #include <string>
 
-#include "hosts/script/late_binding/event_connection.h"
+#include "hosts/binding/event_connection.h"
 #include "hosts/script/lua/lua_error.h"
 #include "hosts/script/lua/lua_host.h"
 #include "hosts/script/lua/lua_interrupt.h"
@@ -45,7 +45,7 @@ int Deliver(lua_State* lua) {
         PushVariant(lua, argument);
     const int count = static_cast<int>(delivery.Arguments.size());
     if (lua_pcall(lua, count, 0, -count - 2) == LUA_OK) return 0;
-    const DescribedMember* event = connection->Events().Find(delivery.Event, INVOKE_FUNC);
+    const binding::DescribedMember* event = connection->Events().Find(delivery.Event, INVOKE_FUNC);
     Report(("error in the handler of " + (event ? event->Name : "an event")).c_str(),
            lua_tostring(lua, -1));
     return 0;
@@ -65,20 +65,20 @@ void DeliverToScript(LuaHost& host, Delivery delivery) {
     if (platform::Interrupted()) InterruptLua(host.Main());
 }
 
-std::string NamesOf(const TypeDescription& events) {
+std::string NamesOf(const binding::TypeDescription& events) {
     std::string names;
-    for (const DescribedMember& event : events.Members())
+    for (const binding::DescribedMember& event : events.Members())
         names += (names.empty() ? "" : ", ") + event.Name;
     return names;
 }
 
 // Replaces the table of handlers by name on top of the stack with one by identifier.
-void ResolveHandlers(lua_State* lua, const TypeDescription& events) {
+void ResolveHandlers(lua_State* lua, const binding::TypeDescription& events) {
     lua_newtable(lua);
     lua_pushnil(lua);
     while (lua_next(lua, -3)) {
         const char* name = lua_type(lua, -2) == LUA_TSTRING ? lua_tostring(lua, -2) : nullptr;
-        const DescribedMember* event = name ? events.Find(name, INVOKE_FUNC) : nullptr;
+        const binding::DescribedMember* event = name ? events.Find(name, INVOKE_FUNC) : nullptr;
         if (!event)
             luaL_error(lua, "unknown event '%s'; try %s", luaL_tolstring(lua, -2, nullptr),
                        NamesOf(events).c_str());
@@ -125,7 +125,7 @@ int Connect(lua_State* lua) {
     LuaHost& host = LuaHost::Of(lua);
     const void* identity = value.Identity;
     const lua_Integer number = host.NewNumber();
-    const auto connection = std::make_shared<EventConnection>(
+    const auto connection = std::make_shared<binding::EventConnection>(
         *value.Object, [&host, identity, number](DISPID event, std::span<const VARIANT> arguments) {
             DeliverToScript(host, {identity, number, event, arguments});
         });

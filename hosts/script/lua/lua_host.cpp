@@ -74,13 +74,13 @@ void LuaHost::PaintWindows() {
 }
 
 const KnownType& LuaHost::TypeOf(IDispatch& object) {
-    automation::ComPtr<ITypeInfo> information = TypeInformationOf(object);
+    automation::ComPtr<ITypeInfo> information = binding::TypeInformationOf(object);
     if (!information) return untyped_;
-    const GUID id = IdOf(*information);
+    const GUID id = binding::IdOf(*information);
     const auto found = std::ranges::find_if(
         types_, [&](const std::unique_ptr<KnownType>& type) { return IsEqualGUID(type->Id, id); });
     if (found != types_.end()) return **found;
-    TypeDescription description(*information);
+    binding::TypeDescription description(*information);
     types_.push_back(
         std::make_unique<KnownType>(KnownType{id, std::move(information), std::move(description)}));
     return *types_.back();

@@ -13,7 +13,7 @@ void SetText(lua_State* lua, const char* field, const std::string& text) {
     lua_setfield(lua, -2, field);
 }
 
-const char* KindOf(const DescribedMember& member) {
+const char* KindOf(const binding::DescribedMember& member) {
     switch (member.Kind) {
         case INVOKE_PROPERTYGET:
             return "get";
@@ -26,7 +26,7 @@ const char* KindOf(const DescribedMember& member) {
     }
 }
 
-void PushParameter(lua_State* lua, const DescribedParameter& parameter) {
+void PushParameter(lua_State* lua, const binding::DescribedParameter& parameter) {
     lua_createtable(lua, 0, 5);
     SetText(lua, "name", parameter.Name);
     SetText(lua, "type", parameter.Type.Name);
@@ -37,7 +37,7 @@ void PushParameter(lua_State* lua, const DescribedParameter& parameter) {
     lua_setfield(lua, -2, "default");
 }
 
-void PushMember(lua_State* lua, const DescribedMember& member, const char* kind) {
+void PushMember(lua_State* lua, const binding::DescribedMember& member, const char* kind) {
     lua_createtable(lua, 0, 6);
     SetText(lua, "name", member.Name);
     SetText(lua, "kind", kind);
@@ -46,7 +46,7 @@ void PushMember(lua_State* lua, const DescribedMember& member, const char* kind)
     lua_setfield(lua, -2, "id");
     if (!member.Result.IsVoid()) SetText(lua, "type", member.Result.Name);
     lua_createtable(lua, static_cast<int>(member.Parameters.size()), 0);
-    for (const DescribedParameter& parameter : member.Parameters) {
+    for (const binding::DescribedParameter& parameter : member.Parameters) {
         PushParameter(lua, parameter);
         lua_rawseti(lua, -2, luaL_len(lua, -2) + 1);
     }
@@ -59,14 +59,14 @@ int Members(lua_State* lua) {
     const ObjectValue& value = CheckObject(lua, 1);
     lua_newtable(lua);
     const int list = lua_gettop(lua);
-    for (const DescribedMember& member : value.Type->Description.Members()) {
+    for (const binding::DescribedMember& member : value.Type->Description.Members()) {
         PushMember(lua, member, KindOf(member));
         lua_rawseti(lua, list, luaL_len(lua, list) + 1);
     }
-    const auto events = EventsOf(*value.Object);
+    const auto events = binding::EventsOf(*value.Object);
     if (!events) return 1;
-    const TypeDescription described(*events);
-    for (const DescribedMember& event : described.Members()) {
+    const binding::TypeDescription described(*events);
+    for (const binding::DescribedMember& event : described.Members()) {
         PushMember(lua, event, "event");
         lua_rawseti(lua, list, luaL_len(lua, list) + 1);
     }

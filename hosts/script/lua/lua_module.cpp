@@ -17,7 +17,7 @@ using std::chrono::milliseconds;
 
 // mavrin2.create([progid])
 int Create(lua_State* lua) {
-    PushObject(lua, *CreateObject(luaL_optstring(lua, 1, kEditorProgId)));
+    PushObject(lua, *binding::CreateObject(luaL_optstring(lua, 1, binding::kEditorProgId)));
     return 1;
 }
 

@@ -38,7 +38,7 @@ int Collect(lua_State* lua) {
 
 int CallMethod(lua_State* lua) {
     const auto& member =
-        *static_cast<const DescribedMember*>(lua_touserdata(lua, lua_upvalueindex(1)));
+        *static_cast<const binding::DescribedMember*>(lua_touserdata(lua, lua_upvalueindex(1)));
     const void* type = lua_touserdata(lua, lua_upvalueindex(2));
     const ObjectValue* value = ValueAt(lua, 1);
     if (!value || value->Type != type)
@@ -50,10 +50,10 @@ int CallMethod(lua_State* lua) {
 }
 
 // One function per member, so that a loop does not create one at each call.
-void PushMethod(lua_State* lua, const KnownType& type, const DescribedMember& member) {
+void PushMethod(lua_State* lua, const KnownType& type, const binding::DescribedMember& member) {
     if (lua_rawgetp(lua, LUA_REGISTRYINDEX, &member) == LUA_TFUNCTION) return;
     lua_pop(lua, 1);
-    lua_pushlightuserdata(lua, const_cast<DescribedMember*>(&member));
+    lua_pushlightuserdata(lua, const_cast<binding::DescribedMember*>(&member));
     lua_pushlightuserdata(lua, const_cast<KnownType*>(&type));
     lua_pushcclosure(lua, &Protected<&CallMethod>, 2);
     lua_pushvalue(lua, -1);
@@ -62,17 +62,18 @@ void PushMethod(lua_State* lua, const KnownType& type, const DescribedMember& me
 
 int ReadMember(lua_State* lua) {
     const ObjectValue& value = CheckObject(lua, 1);
-    const TypeDescription& type = value.Type->Description;
+    const binding::TypeDescription& type = value.Type->Description;
     const std::string name = luaL_checkstring(lua, 2);
     const ComPtr<IDispatch> object = value.Object;
     if (!type.IsKnown()) return ReadByName(lua, *object, name);
-    const DescribedMember* member = type.Find(name, INVOKE_FUNC | INVOKE_PROPERTYGET);
+    const binding::DescribedMember* member = type.Find(name, INVOKE_FUNC | INVOKE_PROPERTYGET);
     if (!member) {
-        const DescribedMember* other = type.Find(name, kAnyKind);
+        const binding::DescribedMember* other = type.Find(name, binding::kAnyKind);
         if (other)
-            throw CallError(DISP_E_MEMBERNOTFOUND,
-                            type.Name() + "." + other->Name + " is write-only.");
-        throw CallError(DISP_E_UNKNOWNNAME, type.Name() + " has no member '" + name + "'.");
+            throw binding::CallError(DISP_E_MEMBERNOTFOUND,
+                                     type.Name() + "." + other->Name + " is write-only.");
+        throw binding::CallError(DISP_E_UNKNOWNNAME,
+                                 type.Name() + " has no member '" + name + "'.");
     }
     if (member->Kind == INVOKE_FUNC || !member->Parameters.empty()) {
         PushMethod(lua, *value.Type, *member);
@@ -170,7 +171,7 @@ ObjectValue& CheckObject(lua_State* lua, int argument) {
 }
 
 void AttachConnection(lua_State* lua, int index, lua_Integer number,
-                      std::shared_ptr<EventConnection> connection) {
+                      std::shared_ptr<binding::EventConnection> connection) {
     ObjectValue& value = CheckObject(lua, index);
     lua_getiuservalue(lua, index, 1);
     lua_insert(lua, -2);
@@ -179,8 +180,8 @@ void AttachConnection(lua_State* lua, int index, lua_Integer number,
     value.Connections.emplace(number, std::move(connection));
 }
 
-std::shared_ptr<EventConnection> FindConnection(lua_State* lua, const void* identity,
-                                                lua_Integer number) {
+std::shared_ptr<binding::EventConnection> FindConnection(lua_State* lua, const void* identity,
+                                                         lua_Integer number) {
     const ObjectValue* value = PushKnown(lua, identity);
     lua_pop(lua, 1);
     if (!value) return nullptr;

@@ -23,11 +23,11 @@ ObjectValue& CheckObject(lua_State* lua, int argument);
 // Gives a connection to its object, the value at `index`, together with the table of handlers on
 // top of the stack, which is popped. Both are released with the object.
 void AttachConnection(lua_State* lua, int index, lua_Integer number,
-                      std::shared_ptr<EventConnection> connection);
+                      std::shared_ptr<binding::EventConnection> connection);
 
 // A connection of an object; null if either is gone.
-std::shared_ptr<EventConnection> FindConnection(lua_State* lua, const void* identity,
-                                                lua_Integer number);
+std::shared_ptr<binding::EventConnection> FindConnection(lua_State* lua, const void* identity,
+                                                         lua_Integer number);
 
 // Pushes the handlers of an open connection.
 void PushHandlers(lua_State* lua, const void* identity, lua_Integer number);

@@ -28,12 +28,12 @@ bool Fits(lua_Integer value) {
            value <= std::numeric_limits<Narrow>::max();
 }
 
-[[noreturn]] void Refuse(lua_State* lua, int index, const DescribedType& wanted) {
+[[noreturn]] void Refuse(lua_State* lua, int index, const binding::DescribedType& wanted) {
     throw ConversionError(std::string(luaL_typename(lua, index)) + " given, " + wanted.Name +
                           " expected");
 }
 
-Variant NumberToVariant(lua_State* lua, int index, const DescribedType& wanted) {
+Variant NumberToVariant(lua_State* lua, int index, const binding::DescribedType& wanted) {
     Variant result;
     int whole = 0;
     const lua_Integer integer = lua_tointegerx(lua, index, &whole);
@@ -52,7 +52,7 @@ Variant NumberToVariant(lua_State* lua, int index, const DescribedType& wanted) 
     return result;
 }
 
-Variant TableToVariant(lua_State* lua, int index, const DescribedType& wanted, int depth) {
+Variant TableToVariant(lua_State* lua, int index, const binding::DescribedType& wanted, int depth) {
     if (depth > kDeepestTable) throw ConversionError("tables are nested too deeply");
     const bool any = wanted.Type == VT_VARIANT;
     if (!any && !(wanted.Type & VT_ARRAY)) Refuse(lua, index, wanted);
@@ -110,7 +110,7 @@ bool PushNumber(lua_State* lua, const VARIANT& value) {
 
 }  // namespace
 
-Variant ToVariant(lua_State* lua, int index, const DescribedType& wanted, int depth) {
+Variant ToVariant(lua_State* lua, int index, const binding::DescribedType& wanted, int depth) {
     luaL_checkstack(lua, 4, "too many values");
     Variant result;
     switch (lua_type(lua, index)) {

@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "automation/variant.h"
-#include "hosts/script/late_binding/type_description.h"
+#include "hosts/binding/type_description.h"
 #include "platform/automation.h"
 
 namespace mavrin2::script {
@@ -18,7 +18,7 @@ struct ConversionError : std::runtime_error {
 // objects keep their type, since the component converts them. Two cases depend on the wanted type:
 // a number for a boolean is that 16-bit value, and a table becomes an array of the wanted elements.
 // `depth` is the number of tables around the value.
-automation::Variant ToVariant(lua_State* lua, int index, const DescribedType& wanted,
+automation::Variant ToVariant(lua_State* lua, int index, const binding::DescribedType& wanted,
                               int depth = 0);
 
 // Pushes a value. Booleans become the number that is stored, arrays tables indexed from 1.

@@ -6,8 +6,8 @@
 #include <unordered_map>
 
 #include "automation/com_ptr.h"
-#include "hosts/script/late_binding/event_connection.h"
-#include "hosts/script/late_binding/type_description.h"
+#include "hosts/binding/event_connection.h"
+#include "hosts/binding/type_description.h"
 
 namespace mavrin2::script {
 
@@ -15,7 +15,7 @@ namespace mavrin2::script {
 struct KnownType {
     GUID Id;
     automation::ComPtr<ITypeInfo> Information;
-    TypeDescription Description;
+    binding::TypeDescription Description;
 };
 
 // The C++ side of an object that a script holds.
@@ -23,7 +23,8 @@ struct ObjectValue {
     automation::ComPtr<IDispatch> Object;
     const void* Identity;  // unique as long as the object lives
     const KnownType* Type;
-    std::map<std::int64_t, std::shared_ptr<EventConnection>> Connections;  // by their numbers
+    std::map<std::int64_t, std::shared_ptr<binding::EventConnection>>
+        Connections;  // by their numbers
 
     void Disconnect() {
         for (const auto& [number, connection] : Connections)

@@ -7,10 +7,10 @@
 
 #include "automation/com_ptr.h"
 #include "automation/variant.h"
-#include "hosts/script/late_binding/call_error.h"
+#include "hosts/binding/call_error.h"
 #include "platform/automation.h"
 
-namespace mavrin2::script {
+namespace mavrin2::binding {
 
 // The program identifier of the sound editor.
 inline constexpr const char* kEditorProgId = "KovMavrin2.Mavrin2";
@@ -73,4 +73,4 @@ private:
     automation::ComPtr<IDispatch> object_;
 };
 
-}  // namespace mavrin2::script
+}  // namespace mavrin2::binding

@@ -1,11 +1,11 @@
-#include "hosts/script/late_binding/late_binding.h"
+#include "hosts/binding/late_binding.h"
 
 #include <vector>
 
 #include "automation/text.h"
-#include "hosts/script/late_binding/call_error.h"
+#include "hosts/binding/call_error.h"
 
-namespace mavrin2::script {
+namespace mavrin2::binding {
 namespace {
 
 using automation::Bstr;
@@ -126,7 +126,7 @@ Variant LateBound::InvokeByName(std::string_view name, WORD flags,
     const HRESULT status = object_->GetIDsOfNames(GUID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
     if (FAILED(status)) throw CallError(status, std::string(name) + ": " + StatusText(status));
     std::vector<VARIANT> values(arguments.begin(), arguments.end());
-    return script::Invoke(*object_, {name, id, flags, values});
+    return binding::Invoke(*object_, {name, id, flags, values});
 }
 
-}  // namespace mavrin2::script
+}  // namespace mavrin2::binding

@@ -2,15 +2,16 @@
 
 #include <memory>
 
+#include "automation/com_ptr.h"
 #include "automation/counted.h"
-#include "platform/offscreen_window.h"
+#include "platform/window.h"
 
-namespace mavrin2::script {
+namespace mavrin2::container {
 
 // What a window and the control's sites in it share; the control may hold its site longer than the
 // window lives.
-struct HostedControl {
-    platform::OffscreenWindow* Window = nullptr;  // null once it is closed
+struct ControlPlace {
+    platform::Window* Window = nullptr;  // null once it is closed
     int Width = 0;
     int Height = 0;
     automation::ComPtr<IOleInPlaceObject> InPlace;
@@ -23,7 +24,7 @@ struct HostedControl {
 // and the sink for its notifications, one object.
 class ControlSite final : public automation::Counted<IOleClientSite, IOleInPlaceSite, IAdviseSink> {
 public:
-    explicit ControlSite(std::shared_ptr<HostedControl> hosted) : hosted_(std::move(hosted)) {}
+    explicit ControlSite(std::shared_ptr<ControlPlace> place) : place_(std::move(place)) {}
 
     STDMETHODIMP SaveObject() override { return E_NOTIMPL; }
     STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker** moniker) override;
@@ -34,7 +35,7 @@ public:
 
     STDMETHODIMP GetWindow(HWND* window) override;
     STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
-    STDMETHODIMP CanInPlaceActivate() override { return hosted_->Window ? S_OK : S_FALSE; }
+    STDMETHODIMP CanInPlaceActivate() override { return place_->Window ? S_OK : S_FALSE; }
     STDMETHODIMP OnInPlaceActivate() override { return S_OK; }
     STDMETHODIMP OnUIActivate() override { return S_OK; }
     STDMETHODIMP GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
@@ -47,7 +48,7 @@ public:
     STDMETHODIMP OnPosRectChange(LPCRECT position) override;
 
     STDMETHODIMP_(void) OnDataChange(FORMATETC*, STGMEDIUM*) override {}
-    STDMETHODIMP_(void) OnViewChange(DWORD, LONG) override { hosted_->PictureChanged = true; }
+    STDMETHODIMP_(void) OnViewChange(DWORD, LONG) override { place_->PictureChanged = true; }
     STDMETHODIMP_(void) OnRename(IMoniker*) override {}
     STDMETHODIMP_(void) OnSave() override {}
     STDMETHODIMP_(void) OnClose() override {}
@@ -57,7 +58,7 @@ private:
         return IsEqualGUID(iid, IID_IOleWindow) ? static_cast<IOleWindow*>(this) : nullptr;
     }
 
-    std::shared_ptr<HostedControl> hosted_;
+    std::shared_ptr<ControlPlace> place_;
 };
 
-}  // namespace mavrin2::script
+}  // namespace mavrin2::container

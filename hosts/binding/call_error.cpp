@@ -1,10 +1,10 @@
-#include "hosts/script/late_binding/call_error.h"
+#include "hosts/binding/call_error.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
 
-namespace mavrin2::script {
+namespace mavrin2::binding {
 namespace {
 
 struct Entry {
@@ -56,4 +56,4 @@ std::string StatusNumber(HRESULT status) {
     return text;
 }
 
-}  // namespace mavrin2::script
+}  // namespace mavrin2::binding

@@ -1,11 +1,11 @@
-#include "hosts/script/late_binding/event_connection.h"
+#include "hosts/binding/event_connection.h"
 
 #include <utility>
 
-#include "hosts/script/late_binding/call_error.h"
-#include "hosts/script/late_binding/late_binding.h"
+#include "hosts/binding/call_error.h"
+#include "hosts/binding/late_binding.h"
 
-namespace mavrin2::script {
+namespace mavrin2::binding {
 namespace {
 
 using automation::ComPtr;
@@ -31,4 +31,4 @@ EventConnection::EventConnection(IDispatch& object, ITypeInfo& events, Handler h
         throw CallError(status, "Events: " + StatusText(status));
 }
 
-}  // namespace mavrin2::script
+}  // namespace mavrin2::binding

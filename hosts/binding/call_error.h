@@ -5,7 +5,7 @@
 
 #include "platform/automation.h"
 
-namespace mavrin2::script {
+namespace mavrin2::binding {
 
 // A sentence for a failing status, where the component gave no description of its failure.
 std::string StatusText(HRESULT status);
@@ -25,4 +25,4 @@ private:
     HRESULT status_;
 };
 
-}  // namespace mavrin2::script
+}  // namespace mavrin2::binding

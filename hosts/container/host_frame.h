@@ -2,18 +2,18 @@
 
 #include <memory>
 
-#include "hosts/script/container/control_site.h"
+#include "hosts/container/control_site.h"
 
-namespace mavrin2::script {
+namespace mavrin2::container {
 
 // The frame around the window, as an active control sees it: one without menus, tools and keys.
 class HostFrame final : public automation::Counted<IOleInPlaceFrame> {
 public:
-    explicit HostFrame(std::shared_ptr<HostedControl> hosted) : hosted_(std::move(hosted)) {}
+    explicit HostFrame(std::shared_ptr<ControlPlace> place) : place_(std::move(place)) {}
 
     STDMETHODIMP GetWindow(HWND* window) override {
         if (!window) return E_POINTER;
-        *window = hosted_->Window;
+        *window = place_->Window;
         return *window ? S_OK : E_FAIL;
     }
     STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
@@ -37,7 +37,7 @@ private:
         return extended ? static_cast<IOleInPlaceFrame*>(this) : nullptr;
     }
 
-    std::shared_ptr<HostedControl> hosted_;
+    std::shared_ptr<ControlPlace> place_;
 };
 
-}  // namespace mavrin2::script
+}  // namespace mavrin2::container

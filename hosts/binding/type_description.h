@@ -9,7 +9,7 @@
 #include "automation/variant.h"
 #include "platform/automation.h"
 
-namespace mavrin2::script {
+namespace mavrin2::binding {
 
 // The type of a value according to a type library: its variant type (VT_I4 for an enumeration,
 // VT_DISPATCH for an object, VT_ARRAY | element for an array) and a name to display.
@@ -84,4 +84,4 @@ struct Constant {
 // The members of all enumerations of the library that describes a type.
 std::vector<Constant> ConstantsBeside(ITypeInfo& information);
 
-}  // namespace mavrin2::script
+}  // namespace mavrin2::binding

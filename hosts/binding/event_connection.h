@@ -4,10 +4,10 @@
 #include <span>
 
 #include "automation/event_sink.h"
-#include "hosts/script/late_binding/type_description.h"
+#include "hosts/binding/type_description.h"
 #include "platform/automation.h"
 
-namespace mavrin2::script {
+namespace mavrin2::binding {
 
 // A connection to the default events of an object, until it is closed or destroyed. An open one
 // keeps the object alive.
@@ -32,4 +32,4 @@ private:
     automation::EventConnection connection_;
 };
 
-}  // namespace mavrin2::script
+}  // namespace mavrin2::binding

@@ -1,9 +1,9 @@
-#include "hosts/script/container/control_site.h"
+#include "hosts/container/control_site.h"
 
 #include "automation/guarded.h"
-#include "hosts/script/container/host_frame.h"
+#include "hosts/container/host_frame.h"
 
-namespace mavrin2::script {
+namespace mavrin2::container {
 
 STDMETHODIMP ControlSite::GetMoniker(DWORD, DWORD, IMoniker** moniker) {
     if (moniker) *moniker = nullptr;
@@ -17,7 +17,7 @@ STDMETHODIMP ControlSite::GetContainer(IOleContainer** container) {
 
 STDMETHODIMP ControlSite::GetWindow(HWND* window) {
     if (!window) return E_POINTER;
-    *window = hosted_->Window;
+    *window = place_->Window;
     return *window ? S_OK : E_FAIL;
 }
 
@@ -27,13 +27,13 @@ STDMETHODIMP ControlSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlace
         if (!frame || !document || !position || !clip || !info) return E_POINTER;
         *frame = nullptr;
         *document = nullptr;  // the window is the frame's own
-        if (!hosted_->Window) return E_FAIL;
-        *position = *clip = hosted_->ClientArea();
+        if (!place_->Window) return E_FAIL;
+        *position = *clip = place_->ClientArea();
         info->fMDIApp = FALSE;
-        info->hwndFrame = hosted_->Window;
+        info->hwndFrame = place_->Window;
         info->haccel = nullptr;
         info->cAccelEntries = 0;
-        *frame = automation::MakeCounted<HostFrame>(hosted_).Detach();
+        *frame = automation::MakeCounted<HostFrame>(place_).Detach();
         return S_OK;
     });
 }
@@ -41,9 +41,9 @@ STDMETHODIMP ControlSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlace
 STDMETHODIMP ControlSite::OnPosRectChange(LPCRECT position) {
     if (!position) return E_POINTER;
     // The control fills the window, whatever it would like.
-    const auto inPlace = hosted_->InPlace;
-    const RECT area = hosted_->ClientArea();
+    const auto inPlace = place_->InPlace;
+    const RECT area = place_->ClientArea();
     return inPlace ? inPlace->SetObjectRects(&area, &area) : E_FAIL;
 }
 
-}  // namespace mavrin2::script
+}  // namespace mavrin2::container

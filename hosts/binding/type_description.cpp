@@ -1,13 +1,13 @@
-#include "hosts/script/late_binding/type_description.h"
+#include "hosts/binding/type_description.h"
 
 #include <algorithm>
 #include <iterator>
 
 #include "automation/text.h"
-#include "hosts/script/late_binding/call_error.h"
-#include "hosts/script/late_binding/late_binding.h"
+#include "hosts/binding/call_error.h"
+#include "hosts/binding/late_binding.h"
 
-namespace mavrin2::script {
+namespace mavrin2::binding {
 namespace {
 
 using automation::Bstr;
@@ -246,4 +246,4 @@ std::vector<Constant> ConstantsBeside(ITypeInfo& information) {
     return constants;
 }
 
-}  // namespace mavrin2::script
+}  // namespace mavrin2::binding
