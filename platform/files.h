@@ -72,6 +72,10 @@ public:
     // the environment variable MAVRIN2_CD_IMAGES names, with colons between several, and what is
     // below it.
     virtual bool IsOnCdDrive(const std::filesystem::path& path) = 0;
+
+    // The drive of a file on it: on Windows "D:", elsewhere all before the last separator, with a
+    // disc image as MAVRIN2_CD_IMAGES spells it. The file need not exist.
+    virtual std::filesystem::path DriveOf(const std::filesystem::path& path) = 0;
 };
 
 }  // namespace mavrin2::platform

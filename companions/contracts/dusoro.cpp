@@ -24,7 +24,10 @@ const InterfaceDescription& DescriptionOf<contracts::IDusoro2>() {
             .Method<&I::SetPcmFormat>(8, "SetPcmFormat",
                                       "Rate in hertz and channels of the samples that pass",
                                       In("frequency"), In("channels"))
-            .Reserved(8)
+            .Reserved(2)
+            .Method<&I::SetFormatPCM>(11, "SetFormatPCM", "PCM for the next output",
+                                      In("frequency"), In("channels"), In("bitsPerSample"))
+            .Reserved(5)
             .Method<&I::SetFormatVOX>(17, "SetFormatVOX",
                                       "Headerless 4-bit ADPCM for the next output", In("frequency"))
             .Reserved(9)

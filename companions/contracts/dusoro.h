@@ -34,7 +34,9 @@ struct IDusoro2 : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE SetPcmFormat(LONG frequency, LONG channels) = 0;
     MAVRIN2_RESERVED(SetFormatFromMenu, 9)
     MAVRIN2_RESERVED(SetFormatLikeSample, 10)
-    MAVRIN2_RESERVED(SetFormatPCM, 11)
+    // Chooses PCM for the next output file, of 8, 16, 24 or 32 bits.
+    virtual HRESULT STDMETHODCALLTYPE SetFormatPCM(LONG frequency, LONG channels,
+                                                   LONG bitsPerSample) = 0;
     MAVRIN2_RESERVED(SetFormatRAW, 12)
     MAVRIN2_RESERVED(SetFormatALAW, 13)
     MAVRIN2_RESERVED(SetFormatULAW, 14)

@@ -181,6 +181,17 @@ STDMETHODIMP FileCompanion::SetPcmFormat(LONG frequency, LONG channels) {
 STDMETHODIMP FileCompanion::SetFormatVOX(LONG frequency) {
     if (frequency < 1 || frequency > kHighestRate) return E_INVALIDARG;
     settings_.VoxRate = frequency;
+    settings_.Pcm.reset();
+    settings_.BitsPerSample = 16;
+    return S_OK;
+}
+
+STDMETHODIMP FileCompanion::SetFormatPCM(LONG frequency, LONG channels, LONG bitsPerSample) {
+    const PcmFormat format{frequency, channels};
+    if (!format.IsUsable() || bitsPerSample % 8 != 0 || bitsPerSample < 8 || bitsPerSample > 32)
+        return E_INVALIDARG;
+    settings_.Pcm = format;
+    settings_.BitsPerSample = bitsPerSample;
     return S_OK;
 }
 
@@ -221,6 +232,10 @@ OutputDescription FileCompanion::Described() const {
         return {wanted_.value_or(source.Delivered), source.BitsPerSample, source.PlainPcm,
                 source.Text};
     }
+    if (settings_.Pcm)
+        return {*settings_.Pcm, settings_.BitsPerSample, true,
+                TextWithBits("PCM", settings_.Pcm->Rate, settings_.BitsPerSample,
+                             settings_.Pcm->Channels)};
     return {{settings_.VoxRate, 1}, 16, false, TextWithBits("VOX ADPCM", settings_.VoxRate, 4, 1)};
 }
 

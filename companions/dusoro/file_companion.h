@@ -24,6 +24,7 @@ public:
     STDMETHODIMP WriteBlock(SAFEARRAY* samples) override;
     STDMETHODIMP ReadBlock(LONG count, SAFEARRAY** samples) override;
     STDMETHODIMP SetPcmFormat(LONG frequency, LONG channels) override;
+    STDMETHODIMP SetFormatPCM(LONG frequency, LONG channels, LONG bitsPerSample) override;
     STDMETHODIMP SetFormatVOX(LONG frequency) override;
     STDMETHODIMP GetLength(LONG* frames) override;
     STDMETHODIMP GetSourceFrequency(LONG* frequency) override;

@@ -1,7 +1,6 @@
 #include "control/editor/document_loader.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <limits>
 
 namespace mavrin2::editor {
@@ -23,15 +22,15 @@ void DocumentLoader::LoadThroughCompanion(const std::filesystem::path& path,
     const bool opened = OpenSource(path, type);
     const std::uint64_t session = companion_.Session();
     if (opened && TakeFormat()) {
-        complete = (target_.Create(document_.Format) || FailFileAccess()) && ReadBlocks() &&
-                   PushDocument() && !operation_.Status.Idle();
+        complete = filling_.Begin(expected_) && ReadBlocks() && filling_.Push() &&
+                   !operation_.Status.Idle();
         if (!ticket_.IsCurrent()) {
             if (companion_.Session() == session) companion_.CloseFile();
             return;
         }
     }
     companion_.CloseFile();
-    if (document_.History.Current() && !(complete && LengthIsAsExpected())) {
+    if (document_.History.Current() && !(complete && filling_.LengthIsAsExpected())) {
         status_.End();
         presentation_.View.BuildOverviewSummary();
     }
@@ -62,53 +61,18 @@ bool DocumentLoader::TakeFormat() {
     return true;
 }
 
-bool DocumentLoader::FailFileAccess() {
-    operation_.Status.LastError = ErrorConstants::FILEACCESS;
-    return false;
-}
-
 bool DocumentLoader::ReadBlocks() {
-    presentation_.Observer.BeginLoading(expected_);
-    document_.Channels.Recount(document_.Format.Channels);
-    presentation_.View.FormatChanged();
-    if (!ticket_.IsCurrent()) return false;
     while (!operation_.Status.Idle()) {
         SoundFileCompanion::Samples block;
         companion_.ReadBlock(FramesPerBlock(document_.Format.Frequency), block);
         const automation::ArrayView<std::int16_t> samples(block.Get());
         if (samples.Elements().size() < 2) break;
-        if (!target_.Stream().Write(std::as_bytes(samples.Elements()))) return FailFileAccess();
-        presentation_.Observer.Block(std::as_bytes(samples.Elements()));
-        read_ = read_ + Bytes(static_cast<std::int64_t>(samples.Elements().size_bytes()));
-        if (!Report(PercentDone())) return false;
+        if (!filling_.Append(samples.Elements())) return false;
+        // Never 100: that is for the end.
+        const double part = std::min(0.9999, filling_.PartDone());
+        if (!filling_.Report(static_cast<int>(part * 100))) return false;
     }
-    presentation_.Observer.EndLoading();
-    return Report(100);
-}
-
-// Never 100: that is for the end.
-int DocumentLoader::PercentDone() const {
-    const auto expected = static_cast<double>(std::max<std::int64_t>(expected_.Count(), 1));
-    return static_cast<int>(std::min(0.9999, static_cast<double>(read_.Count()) / expected) * 100);
-}
-
-bool DocumentLoader::Report(int percent) {
-    presentation_.View.ShowProgress(percent);
-    operation_.Events.BlockOperation(percent);
-    if (!ticket_.IsCurrent()) return false;
-    presentation_.View.Redraw();
-    return ticket_.IsCurrent();
-}
-
-bool DocumentLoader::PushDocument() {
-    if (!target_.PushTo(document_.History, document_.Format)) return FailFileAccess();
-    ticket_.Moved();
-    return true;
-}
-
-bool DocumentLoader::LengthIsAsExpected() const {
-    const Bytes written = document_.History.Current()->TotalBytes;
-    return std::abs((written - expected_).Count()) <= written.Count() / 100;
+    return filling_.End();
 }
 
 }  // namespace mavrin2::editor

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "control/editor/new_work_file.h"
+#include "control/editor/document_filling.h"
 #include "control/editor/services.h"
 #include "control/editor/sound_file_companion.h"
 
@@ -20,7 +20,7 @@ public:
           companion_(companion),
           ticket_(ticket),
           status_(operation.Status, ticket),
-          target_(storage) {}
+          filling_(document, operation, storage, presentation, ticket) {}
     DocumentLoader(const DocumentLoader&) = delete;
     DocumentLoader& operator=(const DocumentLoader&) = delete;
 
@@ -31,13 +31,8 @@ public:
 private:
     bool OpenSource(const std::filesystem::path& path, FormatTypeConstants type);
     bool TakeFormat();
-    // Each is false when the load has ended without a document.
+    // False when the load has ended without a document.
     bool ReadBlocks();
-    bool PushDocument();
-    bool FailFileAccess();
-    bool Report(int percent);
-    int PercentDone() const;
-    bool LengthIsAsExpected() const;
 
     Document document_;
     Operation operation_;
@@ -45,9 +40,8 @@ private:
     SoundFileCompanion& companion_;
     OperationTicket& ticket_;
     StatusGuard status_;
-    NewWorkFile target_;
-    Bytes expected_;
-    Bytes read_;
+    DocumentFilling filling_;
+    Bytes expected_;  // as the source promises
 };
 
 }  // namespace mavrin2::editor

@@ -2,9 +2,11 @@
 
 #include <string>
 
+#include "automation/text.h"
 #include "control/editor/document_loader.h"
 #include "control/editor/file_kind.h"
 #include "control/editor/new_work_file.h"
+#include "control/editor/track_import.h"
 
 namespace mavrin2::editor {
 namespace {
@@ -69,16 +71,20 @@ ErrorConstants DocumentOpening::Open(const std::filesystem::path& path, FormatTy
 void DocumentOpening::Load(const std::filesystem::path& path, FormatTypeConstants type,
                            OperationTicket& ticket) {
     const FileKind kind = FileKindOf(path);
-    if (kind == FileKind::CdTrack) {
-        // Tracks come from a drive through a companion of their own, which is not there yet.
-        operation_.Status.LastError = storage_.Files.IsOnCdDrive(path)
-                                          ? ErrorConstants::CONTROLNOTINSTALLED
-                                          : ErrorConstants::FORMATFILE;
-        return;
-    }
+    if (kind == FileKind::CdTrack) return LoadTrack(path, ticket);
     if (kind == FileKind::Wma) companion_.SetWmaMode(true);
     DocumentLoader(document_, operation_, storage_, presentation_, companion_, ticket)
         .LoadThroughCompanion(path, type);
+}
+
+void DocumentOpening::LoadTrack(const std::filesystem::path& path, OperationTicket& ticket) {
+    if (!storage_.Files.IsOnCdDrive(path)) {
+        operation_.Status.LastError = ErrorConstants::FORMATFILE;
+        return;
+    }
+    TrackImport(document_, operation_, storage_, presentation_, companion_, grabber_, ticket)
+        .Import({automation::ToUtf8(automation::ToOle(storage_.Files.DriveOf(path))),
+                 TrackNumberOf(path)});
 }
 
 void DocumentOpening::Close() {

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "control/editor/grabber_companion.h"
 #include "control/editor/services.h"
 #include "control/editor/sound_file_companion.h"
 
@@ -12,12 +13,13 @@ class DocumentOpening {
 public:
     DocumentOpening(const Document& document, const Operation& operation, const Storage& storage,
                     const Presentation& presentation, SoundFileCompanion& companion,
-                    Activity& activity)
+                    GrabberCompanion& grabber, Activity& activity)
         : document_(document),
           operation_(operation),
           storage_(storage),
           presentation_(presentation),
           companion_(companion),
+          grabber_(grabber),
           activity_(activity) {}
 
     // An empty document. With a format that no document has (`frequency` below 1, `channels`
@@ -34,12 +36,14 @@ public:
 private:
     void CloseDocument();
     void Load(const std::filesystem::path& path, FormatTypeConstants type, OperationTicket& ticket);
+    void LoadTrack(const std::filesystem::path& path, OperationTicket& ticket);
 
     Document document_;
     Operation operation_;
     Storage storage_;
     Presentation presentation_;
     SoundFileCompanion& companion_;
+    GrabberCompanion& grabber_;
     Activity& activity_;
 };
 

@@ -40,6 +40,7 @@ void FormatConversion::ConvertSampleType(std::int32_t frequency, std::int32_t ch
         case Outcome::Complete:
             ticket.Moved();
             TakeFormat(wanted);
+            ConvertOutputFormat();
             break;
     }
     status.End();
@@ -105,6 +106,13 @@ void FormatConversion::TakeFormat(const DocumentFormat& wanted) {
     presentation_.Rate.SetSampleRate(wanted.Frequency);
     document_.Channels.Recount(wanted.Channels);
     presentation_.View.FormatChanged();
+}
+
+void FormatConversion::ConvertOutputFormat() {
+    if (!companion_.IsPlainPcm()) return;
+    DocumentFormat& format = document_.Format;
+    companion_.SetFormatPCM(format.Frequency, format.Channels, companion_.GetBitsPerSample());
+    format.FormatDescription = companion_.GetFormatText();
 }
 
 void FormatConversion::Show(const OperationTicket& ticket, bool converted) {

@@ -4,6 +4,7 @@
 
 #include "control/editor/new_work_file.h"
 #include "control/editor/services.h"
+#include "control/editor/sound_file_companion.h"
 
 namespace mavrin2::editor {
 
@@ -11,11 +12,12 @@ namespace mavrin2::editor {
 class FormatConversion {
 public:
     FormatConversion(const Document& document, const Operation& operation, const Storage& storage,
-                     const Presentation& presentation)
+                     const Presentation& presentation, SoundFileCompanion& companion)
         : document_(document),
           operation_(operation),
           storage_(storage),
-          presentation_(presentation) {}
+          presentation_(presentation),
+          companion_(companion) {}
 
     // Hertz, 1 or 2 channels; FORMATNOTSUPPORT for anything else. Does nothing without a document,
     // while the control is busy, or when the document has that format. A conversion that fails or
@@ -31,6 +33,8 @@ private:
                           WaveStream& source, WaveStream& target);
     Outcome Fail(ErrorConstants error);
     void TakeFormat(const DocumentFormat& wanted);
+    // Of an output format that is PCM, rate and channels follow.
+    void ConvertOutputFormat();
     // With the events that end the operation.
     void Show(const OperationTicket& ticket, bool converted);
 
@@ -38,6 +42,7 @@ private:
     Operation operation_;
     Storage storage_;
     Presentation presentation_;
+    SoundFileCompanion& companion_;
 };
 
 }  // namespace mavrin2::editor

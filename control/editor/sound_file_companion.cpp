@@ -57,6 +57,11 @@ void SoundFileCompanion::SetPcmFormat(std::int32_t frequency, std::int32_t chann
     companion_->SetPcmFormat(frequency, channels);
 }
 
+void SoundFileCompanion::SetFormatPCM(std::int32_t frequency, std::int32_t channels,
+                                      std::int32_t bitsPerSample) {
+    companion_->SetFormatPCM(frequency, channels, bitsPerSample);
+}
+
 void SoundFileCompanion::SetFormatVOX(std::int32_t frequency) {
     companion_->SetFormatVOX(frequency);
 }

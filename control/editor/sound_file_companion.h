@@ -33,6 +33,7 @@ public:
     // At most `frames` frames; no array when the companion gave none. False when it failed.
     bool ReadBlock(std::int32_t frames, Samples& samples);
     void SetPcmFormat(std::int32_t frequency, std::int32_t channels);
+    void SetFormatPCM(std::int32_t frequency, std::int32_t channels, std::int32_t bitsPerSample);
     void SetFormatVOX(std::int32_t frequency);
     void SetWmaMode(bool on);
 

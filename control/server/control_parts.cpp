@@ -193,7 +193,7 @@ HRESULT ControlParts::MakeParts() {
 
 void ControlParts::Wire() {
     Editor = std::make_unique<DocumentEditor>(EditorDependencies{
-        Environment.Ports, Temporary, Position->History(), State, Dusoro, Kestrin,
+        Environment.Ports, Temporary, Position->History(), State, Dusoro, Kestrin, Pindle,
         [this](editor::SoundFileCompanion& companion) {
             return SUCCEEDED(NewCompanion(*this, contracts::CLSID_KovDusoro2, companion));
         },

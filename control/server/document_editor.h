@@ -46,6 +46,7 @@ struct EditorDependencies {
     ControlState& State;
     editor::SoundFileCompanion& Companion;
     processing::TransformCompanion& Transforms;
+    editor::GrabberCompanion& Grabber;
     editor::EditOperations::CompanionSource NewCompanion;
     editor::EditorEvents& Events;
     view::Style& Style;

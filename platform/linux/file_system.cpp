@@ -37,14 +37,14 @@ bool HasDots(const std::filesystem::path& path) {
                        [](const auto& step) { return step == "." || step == ".."; });
 }
 
-// Whether the user has said that this file counts as a CD drive.
-bool IsDiscImage(const std::filesystem::path& path) {
+// The path under which the user has said that this file counts as a CD drive; empty if it does not.
+std::filesystem::path DiscImageAt(const std::filesystem::path& path) {
     const char* const named = std::getenv("MAVRIN2_CD_IMAGES");
     std::istringstream images(named ? named : "");
     std::error_code error;
     for (std::string image; std::getline(images, image, ':');)
-        if (std::filesystem::equivalent(image, path, error)) return true;
-    return false;
+        if (std::filesystem::equivalent(image, path, error)) return image;
+    return {};
 }
 
 class LinuxFiles final : public FileSystem {
@@ -143,8 +143,14 @@ public:
         struct statfs mounted = {};
         return ::major(status.st_dev) == cdDrives ||
                (S_ISBLK(status.st_mode) && ::major(status.st_rdev) == cdDrives) ||
-               (S_ISREG(status.st_mode) && IsDiscImage(existing)) ||
+               (S_ISREG(status.st_mode) && !DiscImageAt(existing).empty()) ||
                (::statfs(existing.c_str(), &mounted) == 0 && mounted.f_type == ISOFS_SUPER_MAGIC);
+    }
+
+    std::filesystem::path DriveOf(const std::filesystem::path& path) override {
+        const std::filesystem::path drive = path.parent_path();
+        const std::filesystem::path image = DiscImageAt(drive);
+        return image.empty() ? drive : image;
     }
 };
 

@@ -90,6 +90,9 @@ public:
     std::filesystem::path UsableFolder(const std::filesystem::path& folder) override;
     std::filesystem::path TemporaryFolder() override;
     bool IsOnCdDrive(const std::filesystem::path& path) override;
+    std::filesystem::path DriveOf(const std::filesystem::path& path) override {
+        return path.parent_path();
+    }
 
 private:
     class OpenFile;

@@ -142,6 +142,10 @@ public:
         return ::GetVolumePathNameW(path.c_str(), volume, static_cast<DWORD>(std::size(volume))) &&
                ::GetDriveTypeW(volume) == DRIVE_CDROM;
     }
+
+    std::filesystem::path DriveOf(const std::filesystem::path& path) override {
+        return path.root_name();
+    }
 };
 
 }  // namespace

@@ -157,6 +157,21 @@ TEST_F(FileCompanionTest, VoxIsForItsOwnNamesAndForUnknownOnes) {
     EXPECT_EQ(Text(), "PCM 12000 Hz; 16 bit; stereo");
 }
 
+TEST_F(FileCompanionTest, UnknownNamesGetPcmOnceItIsChosen) {
+    for (const LONG bits : {0, 4, 12, 40})
+        EXPECT_EQ(companion_->SetFormatPCM(44100, 2, bits), E_INVALIDARG);
+    EXPECT_EQ(companion_->SetFormatPCM(44100, 2, 24), S_OK);
+    EXPECT_EQ(Text(), "PCM 44100 Hz; 24 bit; stereo");
+    EXPECT_EQ(Get(&I::GetFormatKind), 1);
+    CreateFile(In("a.nobody"));
+    EXPECT_EQ(Text(), "PCM 44100 Hz; 24 bit; stereo");
+    CreateFile(In("b.vox"));
+    EXPECT_EQ(Text(), "VOX ADPCM 8000 Hz; 4 bit; mono");
+    companion_->SetFormatVOX(6000);
+    CreateFile(In("c.wav"));
+    EXPECT_EQ(Get(&I::GetBitsPerSample), 16);
+}
+
 TEST_F(FileCompanionTest, TellsWhyAFileCannotBeOpenedOrCreated) {
     WriteBytes(In("text.wav"), "no sound at all, but more than sixteen characters");
     EXPECT_TRUE(FAILED(OpenFile(In("missing.wav"))));

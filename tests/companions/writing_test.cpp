@@ -54,7 +54,7 @@ TEST_F(WritingTest, NameAndTypeChooseTheKindOfFile) {
         {"a.wav", static_cast<FormatType>(99), kStereo, kNo, {}, {}},
     };
     for (const PlanCase& one : cases) {
-        const auto plan = PlanOutput(one.Name, one.Type, {one.Document, 6000, 16});
+        const auto plan = PlanOutput(one.Name, one.Type, {one.Document, 6000, 16, {}});
         EXPECT_EQ(plan.Error, one.Error) << one.Name;
         if (!plan) continue;
         EXPECT_EQ(plan.Result.Kind, one.Kind) << one.Name;

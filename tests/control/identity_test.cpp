@@ -85,7 +85,7 @@ TEST(Descriptions, KeepTheIdentifiersAndSlotsOfWhatHasArrived) {
          "FIRFilter=33@39 SmoothEnabled=40@40,41 SmoothTime=41@42,43"},
         {&DescriptionOf<contracts::IDusoro2>(),
          "OpenSoundFile=1@7 CloseFile=2@8 CreateSoundFile=3@9 WriteBlock=4@10 "
-         "ReadBlock=5@11 SetPcmFormat=8@14 SetFormatVOX=17@23 GetLength=27@33 "
+         "ReadBlock=5@11 SetPcmFormat=8@14 SetFormatPCM=11@17 SetFormatVOX=17@23 GetLength=27@33 "
          "GetSourceFrequency=28@34 GetFormatText=29@35 GetBitsPerSample=30@36 "
          "GetErrorCode=31@37 GetChannels=32@38 GetFrequency=33@39 GetFormatKind=34@40 "
          "SetWmaMode=35@41"},

@@ -84,17 +84,6 @@ TEST_F(Opening, TellsKindsByTheEndOfTheName) {
     }
 }
 
-TEST_F(Opening, DoesNotReadTracksOfDiscs) {
-    System.Files->SetCdDrive("/cd");
-    EXPECT_EQ(Open("/music/Track07.cda"), static_cast<HRESULT>(0x80040303));
-    EXPECT_EQ(LastError(), -12);
-    EXPECT_EQ(Open("/cd/Track07.CDA"), static_cast<HRESULT>(0x8004030D));
-    EXPECT_EQ(LastError(), -22);
-    EXPECT_EQ(Dusoro->Calls, "");
-    EXPECT_EQ(Events->Take(), "");
-    ExpectNoDocument();
-}
-
 TEST_F(Opening, KeepsWhatWasReadBeforeAStop) {
     Read(1000);
     Dusoro->Source.FramesPerRead = 300;

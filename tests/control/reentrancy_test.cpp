@@ -144,6 +144,7 @@ constexpr Operation kOperations[] = {
       {0, kEdited},
       kOther,
       kGone}},
+    {"OpenTrack", [](ControlWorld& w) { w.OpenTrack(Ramp(kOpened)); }, 0, {kGone, kOther, kNew}},
     // What an edit leaves that was stopped or overtaken depends on how far it had come.
     {"Copy", [](ControlWorld& w) { w.Control->Copy(); }, 0, {kGone, kOther, kNew}},
     {"Cut", [](ControlWorld& w) { w.Control->Cut(); }, 0, {kGone, kOther, kNew}},
@@ -207,6 +208,7 @@ TEST_P(FromInside, TheNestedActStandsAndTheRestIsUndone) {
             EXPECT_EQ(world.Status(), 0);
             EXPECT_NE(world.Dusoro->State, FakeDusoro::Output::Unfinished);
             EXPECT_FALSE(world.Dusoro->Reading);
+            EXPECT_FALSE(world.Pindle->Open);
             EXPECT_EQ(world.System.Files->OpenFiles(), 0);
 
             world.OpenSound(Ramp(30));

@@ -89,6 +89,12 @@ HRESULT ControlWorld::Open(const std::string& name, interfaces::FormatTypeConsta
     return Control->Open(Bstr(std::string_view(name)).Get(), type);
 }
 
+HRESULT ControlWorld::OpenTrack(const Samples& samples) {
+    System.Files->SetCdDrive("/cd");
+    Pindle->Tracks = {samples};
+    return Open("/cd/Track01.cda");
+}
+
 HRESULT ControlWorld::Save(const std::string& name, std::int16_t selected,
                            interfaces::FormatTypeConstants type) {
     return Control->Save(Bstr(std::string_view(name)).Get(), selected, type);

@@ -67,6 +67,8 @@ struct ControlWorld {
     }
     HRESULT Open(const std::string& name = "/sound.wav",
                  interfaces::FormatTypeConstants type = interfaces::FormatTypeConstants::DEFAULT);
+    // A disc whose first track has these samples, both channels together.
+    HRESULT OpenTrack(const Samples& samples);
     HRESULT Save(const std::string& name = "/out.wav", std::int16_t selected = 0,
                  interfaces::FormatTypeConstants type = interfaces::FormatTypeConstants::DEFAULT);
     HRESULT PasteFromFile(const std::string& name = "/other.ogg");

@@ -53,6 +53,10 @@ public:
     STDMETHODIMP WriteBlock(SAFEARRAY* samples) override;
     STDMETHODIMP ReadBlock(LONG count, SAFEARRAY** samples) override;
     STDMETHODIMP SetPcmFormat(LONG frequency, LONG channels) override;
+    STDMETHODIMP SetFormatPCM(LONG frequency, LONG channels, LONG bits) override {
+        return Record("SetFormatPCM", std::to_string(frequency) + ", " + std::to_string(channels) +
+                                          ", " + std::to_string(bits));
+    }
     STDMETHODIMP SetFormatVOX(LONG frequency) override {
         return Record("SetFormatVOX", std::to_string(frequency));
     }

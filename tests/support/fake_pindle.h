@@ -33,6 +33,7 @@ public:
     std::size_t BlockValues = 100;                  // of a block, whatever is asked for
     // The status of a block, when it is asked for; 0 delivers it.
     std::function<LONG()> OnBlock = [] { return 0; };
+    bool Open = false;  // from Init to Close
     std::string Calls;
 
     void FireProgress(LONG percent) {
@@ -41,8 +42,14 @@ public:
                               {&argument, 1});
     }
 
-    STDMETHODIMP GrabberInit() override { return Record("Init"); }
-    STDMETHODIMP GrabberClose() override { return Record("Close"); }
+    STDMETHODIMP GrabberInit() override {
+        Open = true;
+        return Record("Init");
+    }
+    STDMETHODIMP GrabberClose() override {
+        Open = false;
+        return Record("Close");
+    }
     STDMETHODIMP OpenDrive() override { return Record("OpenDrive"); }
     STDMETHODIMP get_DriveCount(SHORT* count) override {
         *count = static_cast<SHORT>(Drives.size());

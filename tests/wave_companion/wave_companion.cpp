@@ -107,6 +107,12 @@ STDMETHODIMP WaveCompanion::SetPcmFormat(LONG frequency, LONG channels) {
     return S_OK;
 }
 
+STDMETHODIMP WaveCompanion::SetFormatPCM(LONG frequency, LONG channels, LONG bits) {
+    Record("SetFormatPCM " + std::to_string(frequency) + " " + std::to_string(channels) + " " +
+           std::to_string(bits));
+    return S_OK;
+}
+
 STDMETHODIMP WaveCompanion::SetFormatVOX(LONG frequency) {
     Record("SetFormatVOX " + std::to_string(frequency));
     return S_OK;

@@ -79,7 +79,9 @@ Outcome<OutputPlan> PlanOutput(const std::filesystem::path& name, FormatType typ
                                const OutputSettings& settings) {
     const Outcome<Container> kind = KindOf(name, type);
     if (!kind) return kind.Error;
-    OutputPlan plan{kind.Result, settings.Document};
+    const bool chosen =
+        type == FormatType::Default && kind.Result == Container::Vox && ExtensionOf(name) != "vox";
+    OutputPlan plan{chosen && settings.Pcm ? Container::Wav : kind.Result, settings.Document};
     if (plan.Kind == Container::Vox) {
         plan.Carried = {settings.VoxRate, 1};
         plan.BitsPerSample = 4;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 
 #include "companions/dusoro/sound/format_type.h"
 #include "companions/dusoro/sound/pcm_format.h"
@@ -24,12 +25,13 @@ struct OutputSettings {
     std::int32_t VoxRate = 8000;
     // Of WAV and AIFF: 8, 16, 24 or 32.
     std::int32_t BitsPerSample = 16;
+    std::optional<PcmFormat> Pcm;  // chosen instead of VOX
 };
 
-// `type` chooses the kind of file; with Default the name's extension does, and VOX stands in for
-// one that nobody knows. Rate and channels stay those of the document unless the kind of file
-// cannot carry them: then the nearest that it can. FormatNotSupported for what is known and not
-// written.
+// `type` chooses the kind of file; with Default the name's extension does. An unknown extension
+// gets the chosen format: WAV for PCM, otherwise VOX. Rate and channels stay those of the document
+// unless the kind of file cannot carry them: then the nearest that it can. FormatNotSupported for
+// what is known and not written.
 Outcome<OutputPlan> PlanOutput(const std::filesystem::path& name, FormatType type,
                                const OutputSettings& settings);
 

@@ -65,6 +65,9 @@ TEST_F(LinuxFiles, AreDrivesWhereTheUserSaysThatTheyAreImagesOfDiscs) {
     EXPECT_TRUE(Files().IsOnCdDrive(At("disc.cue") / "Track05.cda"));
     EXPECT_FALSE(Files().IsOnCdDrive(At("other.cue") / "Track05.cda"));
     EXPECT_FALSE(Files().IsOnCdDrive(At("missing.cue") / "Track05.cda"));
+    fs::create_directory(At("folder"));
+    EXPECT_EQ(Files().DriveOf(At("folder/../disc.cue") / "Track05.cda"), At("disc.cue"));
+    EXPECT_EQ(Files().DriveOf("/media/cd/Track05.cda"), "/media/cd");
 }
 
 TEST_F(LinuxFiles, ResolveARelativeFolderWithoutMovingTheProcess) {
