@@ -17,7 +17,17 @@ struct SelectionColumns {
     std::int32_t End = 0;
 };
 
-enum class DragMode : std::int16_t { None = 0, Selecting = 1 };
+enum class DragMode : std::int16_t {
+    None = 0,
+    Selecting = 1,
+    Thumb = 2,
+    TimeScale = 4,
+    CueMarker = 7,
+    RangeStart = 8,
+    RangeEnd = 9,
+    CutPoint = 10,
+    SelectionEdge = 11
+};
 
 // What the mouse is dragging.
 struct DragState {

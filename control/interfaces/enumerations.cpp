@@ -6,6 +6,7 @@ namespace mavrin2::automation {
 
 using interfaces::ChannelsConstants;
 using interfaces::FrequencyConstants;
+using interfaces::MousePointerConstants;
 using interfaces::TrimConstants;
 using interfaces::TypeViewConstants;
 
@@ -45,6 +46,24 @@ const EnumerationDescription& EnumerationOf<TrimConstants>() {
         "Ends of the selection",
         {MEMBER(TrimConstants, TRIM_LEFT), MEMBER(TrimConstants, TRIM_RIGHT),
          MEMBER(TrimConstants, TRIM_BOTH)}};
+    return description;
+}
+
+template <>
+const EnumerationDescription& EnumerationOf<MousePointerConstants>() {
+    static const EnumerationDescription description{
+        "MousePointerConstants",
+        interfaces::ID_MousePointerConstants,
+        "Pointers of the mouse",
+        {MEMBER(MousePointerConstants, vbDefault), MEMBER(MousePointerConstants, vbArrow),
+         MEMBER(MousePointerConstants, vbCrosshair), MEMBER(MousePointerConstants, vbIbeam),
+         MEMBER(MousePointerConstants, vbIconPointer), MEMBER(MousePointerConstants, vbSizePointer),
+         MEMBER(MousePointerConstants, vbSizeNESW), MEMBER(MousePointerConstants, vbSizeNS),
+         MEMBER(MousePointerConstants, vbSizeNWSE), MEMBER(MousePointerConstants, vbSizeWE),
+         MEMBER(MousePointerConstants, vbUpArrow), MEMBER(MousePointerConstants, vbHourglass),
+         MEMBER(MousePointerConstants, vbNoDrop), MEMBER(MousePointerConstants, vbArrowHourglass),
+         MEMBER(MousePointerConstants, vbArrowQuestion), MEMBER(MousePointerConstants, vbSizeAll),
+         MEMBER(MousePointerConstants, vbCustom)}};
     return description;
 }
 

@@ -34,6 +34,27 @@ enum class TrimConstants : std::int32_t { TRIM_LEFT = 0, TRIM_RIGHT = 1, TRIM_BO
 // What the lanes of the picture show.
 enum class TypeViewConstants : std::int32_t { WAVEFORM = 0, SPECTRAL = 1, EXPANDED = 2 };
 
+// Pointers of the mouse.
+enum class MousePointerConstants : std::int32_t {
+    vbDefault = 0,
+    vbArrow = 1,
+    vbCrosshair = 2,
+    vbIbeam = 3,
+    vbIconPointer = 4,
+    vbSizePointer = 5,
+    vbSizeNESW = 6,
+    vbSizeNS = 7,
+    vbSizeNWSE = 8,
+    vbSizeWE = 9,
+    vbUpArrow = 10,
+    vbHourglass = 11,
+    vbNoDrop = 12,
+    vbArrowHourglass = 13,
+    vbArrowQuestion = 14,
+    vbSizeAll = 15,
+    vbCustom = 99
+};
+
 }  // namespace mavrin2::interfaces
 
 namespace mavrin2::automation {
@@ -45,4 +66,6 @@ template <>
 const EnumerationDescription& EnumerationOf<interfaces::TrimConstants>();
 template <>
 const EnumerationDescription& EnumerationOf<interfaces::TypeViewConstants>();
+template <>
+const EnumerationDescription& EnumerationOf<interfaces::MousePointerConstants>();
 }  // namespace mavrin2::automation

@@ -6,7 +6,19 @@
 namespace mavrin2::interfaces {
 
 // The dispatch identifiers of the control's events.
-enum class ControlEvent : DISPID { BlockOperation = 6, ChangePosition = 7, EndOperation = 11 };
+enum class ControlEvent : DISPID {
+    DblClick = 1,
+    MouseDown = 2,
+    MouseUp = 3,
+    MouseMove = 4,
+    BlockOperation = 6,
+    ChangePosition = 7,
+    EndOperation = 11,
+    MarkerClick = 12,
+    NewMarker = 13,
+    ScaleXClick = 16,
+    ScaleYClick = 17
+};
 
 // The events a host connects to, of those that are raised so far.
 const automation::InterfaceDescription& ControlEvents();

@@ -40,6 +40,7 @@ inline constexpr GUID ID_FrequencyConstants = ControlId(0x2001);
 inline constexpr GUID ID_ChannelsConstants = ControlId(0x2002);
 inline constexpr GUID ID_TypeViewConstants = ControlId(0x2003);
 inline constexpr GUID ID_TrimConstants = ControlId(0x2004);
+inline constexpr GUID ID_MousePointerConstants = ControlId(0x2005);
 
 // Dispatch identifiers were planned for all members at once, so that none changes when a member
 // arrives. A member to come of an interface that is there already is reserved in its virtual

@@ -63,7 +63,8 @@ const automation::LibraryDescription& ControlLibrary() {
         "KovMavrin 2.0 Type Library",
         {&EnumerationOf<FrequencyConstants>, &EnumerationOf<ChannelsConstants>,
          &EnumerationOf<TypeViewConstants>, &EnumerationOf<TrimConstants>,
-         &EnumerationOf<FormatTypeConstants>, &EnumerationOf<ErrorConstants>},
+         &EnumerationOf<MousePointerConstants>, &EnumerationOf<FormatTypeConstants>,
+         &EnumerationOf<ErrorConstants>},
         Interfaces(),
         Classes()};
     return library;

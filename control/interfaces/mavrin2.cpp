@@ -96,6 +96,13 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2>() {
                 124, "TypeBorder", "Border of the control, 0 ... 3; others are flat")
             .Property<&I::get_TypeView, &I::put_TypeView>(
                 125, "TypeView", "What the lanes show; changes only while idle")
+            .Reserved(10)
+            .Property<&I::get_MousePointer, &I::put_MousePointer>(
+                131, "MousePointer", "The mouse's pointer; vbCustom is that of MouseCustom")
+            .Property<&I::get_MouseCustom, &I::put_MouseCustom>(132, "MouseCustom",
+                                                                "Path of a cursor file")
+            .Property<&I::get_MouseEventsEnabled, &I::put_MouseEventsEnabled>(
+                133, "MouseEventsEnabled", "Whether the mouse edits; 0 or not")
             .Build();
     return description;
 }

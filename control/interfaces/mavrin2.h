@@ -126,9 +126,18 @@ struct IMavrin2 : public IDispatch {
     MAVRIN2_RESERVED_PROPERTY(MarkerToolTipEnabled, 128)
     MAVRIN2_RESERVED_PROPERTY(MarkerMouseEventEnabled, 129)
     MAVRIN2_RESERVED_PROPERTY(MarkerBitmapType, 130)
-    MAVRIN2_RESERVED_PROPERTY(MousePointer, 131)
-    MAVRIN2_RESERVED_PROPERTY(MouseCustom, 132)
-    MAVRIN2_RESERVED_PROPERTY(MouseEventsEnabled, 133)
+    // The mouse's pointer where the control has none of its own; vbCustom is that of the cursor
+    // file MouseCustom. The arrow for other values, which are kept, and where that file cannot be
+    // read.
+    virtual HRESULT STDMETHODCALLTYPE get_MousePointer(MousePointerConstants* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_MousePointer(MousePointerConstants Value) = 0;
+    // The path of a cursor file (.cur). Nothing changes when it cannot be read.
+    virtual HRESULT STDMETHODCALLTYPE get_MouseCustom(BSTR* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_MouseCustom(BSTR Value) = 0;
+    // Whether the mouse selects, scrolls and edits markers. Its events are raised even if it does
+    // not.
+    virtual HRESULT STDMETHODCALLTYPE get_MouseEventsEnabled(SHORT* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_MouseEventsEnabled(SHORT Value) = 0;
 };
 
 }  // namespace mavrin2::interfaces

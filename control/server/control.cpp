@@ -321,4 +321,39 @@ STDMETHODIMP CMavrin2::put_TypeView(interfaces::TypeViewConstants Value) {
     return Run([&](DocumentEditor& editor) { editor.View.SetTypeView(Value); });
 }
 
+STDMETHODIMP CMavrin2::get_MousePointer(interfaces::MousePointerConstants* Value) {
+    return Read(Value, [&] {
+        return static_cast<interfaces::MousePointerConstants>(
+            parts_.Editor->Mouse.Pointers.MousePointer());
+    });
+}
+
+STDMETHODIMP CMavrin2::put_MousePointer(interfaces::MousePointerConstants Value) {
+    return Run([&](DocumentEditor& editor) {
+        editor.Mouse.Pointers.SetMousePointer(static_cast<std::int32_t>(Value));
+    });
+}
+
+STDMETHODIMP CMavrin2::get_MouseCustom(BSTR* Value) {
+    return Read(Value, [&] {
+        return automation::NewBstr(automation::OleStringView(
+            automation::ToOle(parts_.Editor->Mouse.Pointers.MouseCustom())));
+    });
+}
+
+STDMETHODIMP CMavrin2::put_MouseCustom(BSTR Value) {
+    return Run([&](DocumentEditor& editor) {
+        editor.Mouse.Pointers.SetMouseCustom(ToPath(Bstr::View(Value)));
+    });
+}
+
+STDMETHODIMP CMavrin2::get_MouseEventsEnabled(SHORT* Value) {
+    return Read(Value, [&] { return parts_.State.Mouse.MouseEventsEnabled; });
+}
+
+STDMETHODIMP CMavrin2::put_MouseEventsEnabled(SHORT Value) {
+    parts_.State.Mouse.MouseEventsEnabled = Value;
+    return S_OK;
+}
+
 }  // namespace mavrin2::server

@@ -76,6 +76,12 @@ public:
     STDMETHODIMP put_TypeBorder(SHORT Value) override;
     STDMETHODIMP get_TypeView(interfaces::TypeViewConstants* Value) override;
     STDMETHODIMP put_TypeView(interfaces::TypeViewConstants Value) override;
+    STDMETHODIMP get_MousePointer(interfaces::MousePointerConstants* Value) override;
+    STDMETHODIMP put_MousePointer(interfaces::MousePointerConstants Value) override;
+    STDMETHODIMP get_MouseCustom(BSTR* Value) override;
+    STDMETHODIMP put_MouseCustom(BSTR Value) override;
+    STDMETHODIMP get_MouseEventsEnabled(SHORT* Value) override;
+    STDMETHODIMP put_MouseEventsEnabled(SHORT Value) override;
 
 private:
     template <class Act>

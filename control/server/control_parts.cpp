@@ -197,13 +197,15 @@ void ControlParts::Wire() {
         [this](editor::SoundFileCompanion& companion) {
             return SUCCEEDED(NewCompanion(*this, contracts::CLSID_KovDusoro2, companion));
         },
-        Events, Style, Container});
+        Events, Events, Style, Container});
     for (const Part& part : kParts)
         if (part.Attach) part.Attach(*this);
     Container.Attach(
         [&view = Editor->View](platform::DrawingTarget& target, const view::Rectangle& bounds) {
             view.Paint(target, bounds);
-        });
+        },
+        {[&mouse = Editor->Mouse](const platform::MouseEvent& event) { mouse.Handle(event); },
+         [&mouse = Editor->Mouse] { mouse.CaptureLost(); }});
 }
 
 void ControlParts::SendInitialSettings() {

@@ -17,6 +17,7 @@
 #include "control/processing/transform_pipeline.h"
 #include "control/processing/transport.h"
 #include "control/view/document_picture.h"
+#include "control/view/mouse/mouse_handler.h"
 #include "control/view/view_operations.h"
 #include "control/view/zoom.h"
 #include "platform/ports.h"
@@ -32,6 +33,7 @@ struct ControlState {
     editor::DragState Drag;
     editor::MarkerDisplayList MarkerDisplay;
     view::PictureSettings Picture;
+    view::MouseSettings Mouse;
     editor::OperationStatus Status;
     editor::EditSettings Settings;
     editor::UndoSteps Steps;
@@ -49,6 +51,7 @@ struct EditorDependencies {
     editor::GrabberCompanion& Grabber;
     editor::EditOperations::CompanionSource NewCompanion;
     editor::EditorEvents& Events;
+    view::MouseEvents& MouseEvents;
     view::Style& Style;
     view::Display& Display;
 };
@@ -83,6 +86,7 @@ public:
     editor::Positions Positions;
     view::ViewOperations View;
     view::Zoom Zooming;
+    view::MouseHandler Mouse;
     objects::CMavrin2Channel::Parts Channels;
     processing::TransformPipeline Pipeline;
     objects::CMavrin2Transform::Parts Transforms;

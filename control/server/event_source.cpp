@@ -15,6 +15,18 @@ void Fire(const automation::ConnectionPoint& point, ControlEvent event,
     automation::FireEvent(point, static_cast<DISPID>(event), arguments);
 }
 
+void FireMouse(const automation::ConnectionPoint& point, ControlEvent event, int button,
+               int modifiers, std::int16_t x, std::int16_t y) {
+    const VARIANT arguments[] = {Variant::Int32(button), Variant::Int32(modifiers),
+                                 Variant::Int16(x), Variant::Int16(y)};
+    Fire(point, event, arguments);
+}
+
+void FireNumber(const automation::ConnectionPoint& point, ControlEvent event, std::int32_t number) {
+    const VARIANT arguments[] = {Variant::Int32(number)};
+    Fire(point, event, arguments);
+}
+
 }  // namespace
 
 void EventSource::BlockOperation(int percent) {
@@ -28,6 +40,38 @@ void EventSource::EndOperation() {
 
 void EventSource::ChangePosition() {
     Fire(point_, ControlEvent::ChangePosition);
+}
+
+void EventSource::DblClick() {
+    Fire(point_, ControlEvent::DblClick);
+}
+
+void EventSource::MouseDown(int button, int modifiers, std::int16_t x, std::int16_t y) {
+    FireMouse(point_, ControlEvent::MouseDown, button, modifiers, x, y);
+}
+
+void EventSource::MouseUp(int button, int modifiers, std::int16_t x, std::int16_t y) {
+    FireMouse(point_, ControlEvent::MouseUp, button, modifiers, x, y);
+}
+
+void EventSource::MouseMove(int buttons, int modifiers, std::int16_t x, std::int16_t y) {
+    FireMouse(point_, ControlEvent::MouseMove, buttons, modifiers, x, y);
+}
+
+void EventSource::ScaleXClick() {
+    Fire(point_, ControlEvent::ScaleXClick);
+}
+
+void EventSource::ScaleYClick() {
+    Fire(point_, ControlEvent::ScaleYClick);
+}
+
+void EventSource::MarkerClick(std::int32_t number) {
+    FireNumber(point_, ControlEvent::MarkerClick, number);
+}
+
+void EventSource::NewMarker(std::int32_t number) {
+    FireNumber(point_, ControlEvent::NewMarker, number);
 }
 
 }  // namespace mavrin2::server

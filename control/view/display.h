@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "platform/drawing_target.h"
+#include "platform/pointer.h"
 
 namespace mavrin2::view {
 
@@ -19,6 +20,10 @@ public:
     }
     // Asks the container to have the control painted, which comes back as Paint, now or later.
     virtual void RequestRepaint() {}
+
+    // While the mouse is captured, the control hears of it wherever it is.
+    virtual void CaptureMouse(bool /*capture*/) {}
+    virtual void SetPointer(const platform::Pointer& /*pointer*/) {}
 };
 
 }  // namespace mavrin2::view

@@ -30,6 +30,7 @@ public:
     // A new place; Layout is due next.
     void Resize(const Rectangle& bounds);
     const LayeredFrame& Frame() const { return picture_.Frame(); }
+    const ViewLayout& Placement() const { return layout_; }
     // Places everything anew, and renders the background.
     void Layout();
     // Composes a frame and copies it to the target.

@@ -51,8 +51,11 @@ TEST(Descriptions, KeepTheIdentifiersAndSlotsOfWhatHasArrived) {
          "UndoRedoCount=106@47,48 UndoEnabled=107@49 RedoEnabled=108@50 "
          "ScaleX=109@51,52 ScaleY=110@53,54 Colors=111@55,56 FileInfo=112@57 "
          "Transform=116@61 Position=117@62 Channels=118@63 TypeBorder=124@72,73 "
-         "TypeView=125@74,75"},
-        {&interfaces::ControlEvents(), "BlockOperation=6 ChangePosition=7 EndOperation=11"},
+         "TypeView=125@74,75 MousePointer=131@86,87 MouseCustom=132@88,89 "
+         "MouseEventsEnabled=133@90,91"},
+        {&interfaces::ControlEvents(),
+         "DblClick=1 MouseDown=2 MouseUp=3 MouseMove=4 BlockOperation=6 ChangePosition=7 "
+         "EndOperation=11 ScaleXClick=16 ScaleYClick=17"},
         {&DescriptionOf<interfaces::IMavrin2Channel>(),
          "Count=1@7 Num=2@8,9 Visible=3@10,11 Operation=4@12,13"},
         {&DescriptionOf<interfaces::IMavrin2Colors>(),

@@ -5,12 +5,36 @@
 namespace mavrin2::tests {
 namespace {
 
+struct PlainEvent {
+    DISPID Id;
+    const char* Name;
+    std::vector<VARTYPE> Arguments;
+};
+
+// "name", or "name(1,2)" with whole numbers.
+std::string TextOf(const PlainEvent& event, const DISPPARAMS& parameters) {
+    if (parameters.cArgs != event.Arguments.size()) return "?";
+    std::string text;
+    for (std::size_t i = 0; i < event.Arguments.size(); ++i) {
+        const VARIANT& argument = parameters.rgvarg[event.Arguments.size() - 1 - i];
+        if (argument.vt != event.Arguments[i]) return "?";
+        text += (i == 0 ? "(" : ",") +
+                std::to_string(argument.vt == VT_I2 ? argument.iVal : argument.lVal);
+    }
+    return event.Name + text + (text.empty() ? "" : ")");
+}
+
 std::string TextOf(DISPID event, const DISPPARAMS& parameters) {
+    static const std::vector<VARTYPE> place = {VT_I4, VT_I4, VT_I2, VT_I2};
+    static const PlainEvent events[] = {
+        {1, "double", {}},   {2, "down", place},  {3, "up", place},       {4, "move", place},
+        {7, "position", {}}, {11, "end", {}},     {12, "click", {VT_I4}}, {13, "new", {VT_I4}},
+        {16, "scale x", {}}, {17, "scale y", {}}, {18, "marker", {VT_I4}}};
+    for (const PlainEvent& plain : events)
+        if (plain.Id == event) return TextOf(plain, parameters);
     const VARIANT* argument = parameters.cArgs == 1 ? parameters.rgvarg : nullptr;
     if (event == 6 && argument && argument->vt == VT_I2)
         return std::to_string(argument->iVal) + "%";
-    if (event == 7 && parameters.cArgs == 0) return "position";
-    if (event == 11 && parameters.cArgs == 0) return "end";
     return "?";
 }
 

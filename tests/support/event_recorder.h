@@ -10,8 +10,9 @@
 namespace mavrin2::tests {
 
 // A sink of the control's events. It records them as "10%" for BlockOperation, "end" for
-// EndOperation, "position" for ChangePosition, each with a space before it but the first; anything
-// that is not called as it should be is written down as "?".
+// EndOperation, "position" for ChangePosition, "down(1,0,20,30)" for those of the mouse,
+// "marker(2)" for those of markers, each with a space before it but the first; anything that is not
+// called as it should be is written down as "?".
 class EventRecorder final : public automation::EventReceiver<automation::Counted<IDispatch>> {
 public:
     EventRecorder() : EventReceiver(interfaces::DIID_IMavrin2Events) {}

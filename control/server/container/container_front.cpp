@@ -22,6 +22,7 @@ void ContainerFront::Detach() {
         state_.Site.Reset();
     });
     state_.Paint = nullptr;
+    state_.Mouse = {};
 }
 
 void* ContainerFront::Find(REFIID iid) {

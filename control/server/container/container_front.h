@@ -17,8 +17,11 @@ public:
     // `identity` is the control as others see it, not counted.
     explicit ContainerFront(IUnknown* identity);
 
-    // From now on there is a picture to be seen.
-    void Attach(PaintPicture paint) { state_.Paint = std::move(paint); }
+    // From now on there is a picture to be seen and worked with.
+    void Attach(PaintPicture paint, MouseInput mouse = {}) {
+        state_.Paint = std::move(paint);
+        state_.Mouse = std::move(mouse);
+    }
     // Leaves the container: its window, its site, its sinks.
     void Detach();
 
@@ -30,6 +33,8 @@ public:
         return activation_.DrawOnWindow(draw);
     }
     void RequestRepaint() override { notifications_.TellViewChanged(); }
+    void CaptureMouse(bool capture) override { activation_.CaptureMouse(capture); }
+    void SetPointer(const platform::Pointer& pointer) override { activation_.SetPointer(pointer); }
 
 private:
     ContainerState state_;

@@ -4,12 +4,18 @@
 
 #include "automation/com_ptr.h"
 #include "control/view/rectangle.h"
+#include "platform/control_window.h"
 #include "platform/drawing_target.h"
 
 namespace mavrin2::server {
 
 using PaintPicture =
     std::function<void(platform::DrawingTarget& target, const view::Rectangle& bounds)>;
+
+struct MouseInput {
+    std::function<void(const platform::MouseEvent& event)> Event;
+    std::function<void()> CaptureLost;
+};
 
 // Five inches by two, until a container says otherwise.
 inline constexpr SIZEL kDefaultExtent{12700, 5080};
@@ -21,6 +27,7 @@ struct ContainerState {
     SIZEL Extent = kDefaultExtent;  // in hundredths of a millimetre
     bool Changed = false;           // since the container has saved or loaded it
     PaintPicture Paint;             // empty while there is nothing to be seen
+    MouseInput Mouse;               // of the control's window; empty together with Paint
 };
 
 }  // namespace mavrin2::server

@@ -92,6 +92,7 @@ HRESULT InPlaceActivation::MakeWindow(unsigned turn) {
     auto window = platform::NewControlWindow(parent, place, clip, *this);
     if (!window) return E_FAIL;
     if (Overtaken(turn)) return E_ABORT;
+    window->SetPointer(pointer_);
     window_ = std::move(window);
     return S_OK;
 }
@@ -167,10 +168,33 @@ void InPlaceActivation::RepaintWindow() {
     if (window_) window_->Invalidate();
 }
 
+void InPlaceActivation::CaptureMouse(bool capture) {
+    if (window_) window_->CaptureMouse(capture);
+}
+
+void InPlaceActivation::SetPointer(const platform::Pointer& pointer) {
+    pointer_ = pointer;
+    if (window_) window_->SetPointer(pointer);
+}
+
 void InPlaceActivation::Paint(platform::DrawingTarget& target, int width, int height) {
     const ComPtr<IUnknown> held(identity_);
     automation::Guarded([&] {
         if (state_.Paint) state_.Paint(target, PictureBounds({0, 0, width, height}));
+    });
+}
+
+void InPlaceActivation::Mouse(const platform::MouseEvent& event) {
+    const ComPtr<IUnknown> held(identity_);
+    automation::Guarded([&] {
+        if (state_.Mouse.Event) state_.Mouse.Event(event);
+    });
+}
+
+void InPlaceActivation::CaptureLost() {
+    const ComPtr<IUnknown> held(identity_);
+    automation::Guarded([&] {
+        if (state_.Mouse.CaptureLost) state_.Mouse.CaptureLost();
     });
 }
 

@@ -36,10 +36,15 @@ public:
     bool DrawOnWindow(const std::function<void(platform::DrawingTarget& window)>& draw);
     // Something else was painted with the picture: the window needs its own again.
     void RepaintWindow();
+    void CaptureMouse(bool capture);
+    // Kept for windows to come.
+    void SetPointer(const platform::Pointer& pointer);
 
 private:
     void Paint(platform::DrawingTarget& target, int width, int height) override;
     void Destroyed() override;
+    void Mouse(const platform::MouseEvent& event) override;
+    void CaptureLost() override;
 
     HRESULT Enter();
     HRESULT MakeWindow(unsigned turn);
@@ -52,6 +57,7 @@ private:
     automation::ComPtr<IOleInPlaceFrame> frame_;
     automation::ComPtr<IOleInPlaceUIWindow> document_;
     std::unique_ptr<platform::ControlWindow> window_;
+    platform::Pointer pointer_;
     RECT place_ = {};
     bool active_ = false;
     bool forUser_ = false;

@@ -164,6 +164,17 @@ private:
         static constexpr int kSizes[] = {0, 1, 2, 30, 180, 300, 640};
         ResizeWindow(kSizes[Upto(7)], kSizes[Upto(7)]);
     }
+    void MouseAny() {
+        if (!Container.Window) return;
+        platform::MouseEvent event;
+        event.Action = static_cast<platform::MouseAction>(Upto(5));
+        event.Button = Upto(3) == 0 ? platform::MouseButton::Right : platform::MouseButton::Left;
+        event.Held = Upto(5) == 0 ? 0 : 1;
+        event.X = Upto(4) == 0 ? Upto(700) - 200 : Upto(300);
+        event.Y = Upto(3) == 0 ? Upto(20) : Upto(140) - 10;
+        event.Turn = Upto(3) - 1;
+        Container.Window->Send(event);
+    }
     void OpenAnyWindow() {
         if (Painting()) return;
         CloseWindow();
@@ -174,7 +185,7 @@ private:
     void Act() {
         if (Control) kActs[Upto(static_cast<int>(std::size(kActs)))](*this);
     }
-    static void (*const kActs[45])(RandomHost& host);
+    static void (*const kActs[51])(RandomHost& host);
 
     std::mt19937 random_;
     bool long_;
@@ -189,7 +200,7 @@ private:
 };
 
 // Those that are there more than once are tried more often.
-void (*const RandomHost::kActs[45])(RandomHost&) = {
+void (*const RandomHost::kActs[51])(RandomHost&) = {
     [](RandomHost& h) { h.OpenAny(); },
     [](RandomHost& h) { h.OpenAny(); },
     [](RandomHost& h) { h.NewAny(); },
@@ -235,6 +246,12 @@ void (*const RandomHost::kActs[45])(RandomHost&) = {
     [](RandomHost& h) { h.Upto(4) == 0 ? h.DestroyWindow() : h.ResizeAny(); },
     [](RandomHost& h) { h.Paint(); },
     [](RandomHost& h) { h.Paint(); },
+    [](RandomHost& h) { h.MouseAny(); },
+    [](RandomHost& h) { h.MouseAny(); },
+    [](RandomHost& h) { h.MouseAny(); },
+    [](RandomHost& h) { h.MouseAny(); },
+    [](RandomHost& h) { h.Control->put_MouseEventsEnabled(h.Upto(4) > 0 ? 1 : 0); },
+    [](RandomHost& h) { h.Control->put_MousePointer({}); },
 };
 
 unsigned Setting(const char* name, unsigned otherwise) {
