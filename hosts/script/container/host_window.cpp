@@ -22,4 +22,15 @@ platform::Pixels HostWindow::Update() {
     return window_.Update();
 }
 
+void HostWindow::SendMouse(platform::MouseEvent event) {
+    CheckOpen();
+    const int button = static_cast<int>(event.Button);
+    if (event.Action == platform::MouseAction::Up)
+        held_ &= ~button;
+    else
+        held_ |= button;
+    event.Held = held_;
+    window_.Send(event);
+}
+
 }  // namespace mavrin2::script

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 
 #include "hosts/container/hosted_control.h"
 #include "platform/offscreen_window.h"
@@ -30,12 +31,18 @@ public:
     // Paints what is invalid and returns the content, valid until the next call of anything here.
     // Throws CallError when drawing fails or the window is closed.
     platform::Pixels Update();
+    // What the mouse does, at a pixel of the window; the buttons held follow from it.
+    void SendMouse(platform::MouseEvent event);
+    platform::PointerShape Pointer() const { return window_.Pointer(); }
+    // What a resting mouse is shown, UTF-8; empty for nothing.
+    std::string Tip() const { return window_.Tip(); }
 
 private:
     void CheckOpen() const;
 
     platform::OffscreenWindow window_;
     container::HostedControl control_;
+    int held_ = 0;  // mouse buttons
 };
 
 }  // namespace mavrin2::script

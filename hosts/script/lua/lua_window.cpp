@@ -1,8 +1,11 @@
 #include "hosts/script/lua/lua_module.h"
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -71,6 +74,104 @@ int Save(lua_State* lua) {
     return 0;
 }
 
+// A field of the table that is the second argument.
+lua_Integer IntegerField(lua_State* lua, const char* name) {
+    lua_getfield(lua, 2, name);
+    int whole = 0;
+    const lua_Integer value = lua_tointegerx(lua, -1, &whole);
+    if (whole == 0 && !lua_isnil(lua, -1))
+        throw std::runtime_error(std::string("mouse: ") + name + " is not a whole number");
+    lua_pop(lua, 1);
+    if (value < -32768 || value > 32767)
+        throw std::runtime_error(std::string("mouse: ") + name + " is outside -32768 to 32767");
+    return value;
+}
+
+bool FlagField(lua_State* lua, const char* name) {
+    lua_getfield(lua, 2, name);
+    const bool flag = lua_toboolean(lua, -1) != 0;
+    lua_pop(lua, 1);
+    return flag;
+}
+
+platform::MouseAction ActionField(lua_State* lua) {
+    using platform::MouseAction;
+    static constexpr std::pair<std::string_view, MouseAction> kActions[] = {
+        {"move", MouseAction::Move},
+        {"down", MouseAction::Down},
+        {"up", MouseAction::Up},
+        {"double", MouseAction::DoubleClick},
+        {"wheel", MouseAction::Wheel}};
+    lua_getfield(lua, 2, "action");
+    const char* text = lua_tostring(lua, -1);
+    const std::string name = text ? text : "";
+    lua_pop(lua, 1);
+    const auto* const found = std::ranges::find(kActions, name, [](auto& a) { return a.first; });
+    if (found == std::end(kActions))
+        throw std::runtime_error("mouse: action is down, up, move, double or wheel");
+    return found->second;
+}
+
+int Mouse(lua_State* lua) {
+    using platform::MouseAction;
+    luaL_checktype(lua, 2, LUA_TTABLE);
+    platform::MouseEvent event;
+    event.Action = ActionField(lua);
+    event.X = static_cast<int>(IntegerField(lua, "x"));
+    event.Y = static_cast<int>(IntegerField(lua, "y"));
+    if (event.Action == MouseAction::Wheel) {
+        event.Turn = static_cast<int>(IntegerField(lua, "delta"));
+    } else if (event.Action != MouseAction::Move) {
+        const lua_Integer button = IntegerField(lua, "button");
+        if (button < 0 || button > 2) throw std::runtime_error("mouse: button is 1 or 2");
+        event.Button = button == 2 ? platform::MouseButton::Right : platform::MouseButton::Left;
+    }
+    if (FlagField(lua, "shift")) event.Modifiers |= static_cast<int>(platform::Modifier::Shift);
+    if (FlagField(lua, "ctrl")) event.Modifiers |= static_cast<int>(platform::Modifier::Control);
+    CheckWindow(lua)->SendMouse(event);
+    return 0;
+}
+
+// The system's pointers have numbers, those of the control names.
+void PushPointer(lua_State* lua, platform::PointerShape shape) {
+    using platform::PointerShape;
+    switch (shape) {
+        case PointerShape::LeftChannel:
+            lua_pushliteral(lua, "left");
+            break;
+        case PointerShape::RightChannel:
+            lua_pushliteral(lua, "right");
+            break;
+        case PointerShape::Grab:
+            lua_pushliteral(lua, "grab");
+            break;
+        case PointerShape::MarkerZone:
+            lua_pushliteral(lua, "marker");
+            break;
+        default:
+            lua_pushinteger(lua, static_cast<lua_Integer>(shape));
+    }
+}
+
+// A property, or a method of the metatable.
+int Index(lua_State* lua) {
+    const std::string_view name = luaL_checkstring(lua, 2);
+    if (name == "cursor") {
+        PushPointer(lua, CheckWindow(lua)->Pointer());
+    } else if (name == "tooltip") {
+        const std::string tip = CheckWindow(lua)->Tip();
+        if (tip.empty())
+            lua_pushnil(lua);
+        else
+            lua_pushlstring(lua, tip.data(), tip.size());
+    } else {
+        luaL_getmetatable(lua, kWindowType);
+        lua_pushvalue(lua, 2);
+        lua_rawget(lua, -2);
+    }
+    return 1;
+}
+
 int Close(lua_State* lua) {
     if (HostWindow* window = std::exchange(SlotAt(lua, 1), nullptr))
         LuaHost::Of(lua).CloseWindow(window);
@@ -80,16 +181,14 @@ int Close(lua_State* lua) {
 void SetWindowType(lua_State* lua) {
     static constexpr luaL_Reg kMembers[] = {{"__close", &Protected<&Close>},
                                             {"__gc", &Protected<&Close>},
+                                            {"__index", &Protected<&Index>},
                                             {"close", &Protected<&Close>},
+                                            {"mouse", &Protected<&Mouse>},
                                             {"pixel", &Protected<&Pixel>},
                                             {"resize", &Protected<&Resize>},
                                             {"save", &Protected<&Save>},
                                             {nullptr, nullptr}};
-    if (luaL_newmetatable(lua, kWindowType)) {
-        luaL_setfuncs(lua, kMembers, 0);
-        lua_pushvalue(lua, -1);
-        lua_setfield(lua, -2, "__index");
-    }
+    if (luaL_newmetatable(lua, kWindowType)) luaL_setfuncs(lua, kMembers, 0);
     lua_setmetatable(lua, -2);
 }
 
