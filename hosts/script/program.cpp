@@ -26,6 +26,9 @@ constexpr const char* kHelp =
   mix OUT IN[@GAIN%]...                          mix sound files
   process IN OUT OPERATION...                    run operations on a sound file, or part of it
   operations                                     list these operations
+  tags FILE [NAME=VALUE... OUT]                  show or change title, artist and other tags
+  markers FILE [--from LIST OUT]                 list or replace the markers of a sound file
+  cd [DRIVE...]                                  list the tracks of CDs and of their images
   picture IN OUT.png [OPTION...]                 draw a sound file
 
   --help       show this text; `mavrin2 COMMAND --help` explains a command
@@ -34,9 +37,10 @@ constexpr const char* kHelp =
 Exit codes: 0 success, 1 failure, 2 usage error.
 )";
 
-constexpr const Command* kCommands[] = {&kRunCommand,     &kInfoCommand,      &kConvertCommand,
-                                        &kJoinCommand,    &kMixCommand,       &kPictureCommand,
-                                        &kProcessCommand, &kOperationsCommand};
+constexpr const Command* kCommands[] = {&kRunCommand,     &kInfoCommand,       &kConvertCommand,
+                                        &kJoinCommand,    &kMixCommand,        &kPictureCommand,
+                                        &kProcessCommand, &kOperationsCommand, &kTagsCommand,
+                                        &kMarkersCommand, &kCdCommand};
 
 // A build tree and an installation have a component registry beside the program. This process uses
 // it unless MAVRIN2_REGISTRY names another one.
@@ -66,7 +70,7 @@ int Fail(int code, const std::string& message) {
 
 int RunCommand(const Command& command, std::span<const std::string> arguments) {
     try {
-        const CommandLine line(arguments, command.Options, command.LeadingOptions);
+        const CommandLine line(arguments, command.Options, command.LeadingOptions, command.Flags);
         if (line.AsksForHelp()) {
             std::fputs(command.Help, stdout);
             return kSuccess;

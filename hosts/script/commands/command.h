@@ -37,6 +37,7 @@ struct Command {
     bool LeadingOptions;  // everything after the first operand is an operand too
     // Returns the exit code, or throws Failure, UsageError, CallError or Interruption.
     int (*Run)(const CommandLine& line);
+    std::span<const std::string_view> Flags = {};  // options without a value
 };
 
 extern const Command kRunCommand;
@@ -44,6 +45,9 @@ extern const Command kInfoCommand;
 extern const Command kConvertCommand;
 extern const Command kJoinCommand;
 extern const Command kMixCommand;
+extern const Command kTagsCommand;
+extern const Command kMarkersCommand;
+extern const Command kCdCommand;
 extern const Command kPictureCommand;
 extern const Command kProcessCommand;
 extern const Command kOperationsCommand;

@@ -7,7 +7,8 @@
 namespace mavrin2::script {
 
 CommandLine::CommandLine(std::span<const std::string> arguments,
-                         std::span<const std::string_view> options, bool leading) {
+                         std::span<const std::string_view> options, bool leading,
+                         std::span<const std::string_view> flags) {
     bool onlyOperands = false;
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
         // A lone dash is an operand.
@@ -18,6 +19,8 @@ CommandLine::CommandLine(std::span<const std::string> arguments,
             onlyOperands = true;
         } else if (*argument == "--help" || *argument == "-h") {
             help_ = true;
+        } else if (std::ranges::find(flags, *argument) != flags.end()) {
+            values_[*argument];
         } else {
             const std::size_t sign = std::min(argument->find('='), argument->size());
             const std::string name = argument->substr(0, sign);

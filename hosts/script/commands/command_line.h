@@ -12,15 +12,17 @@ namespace mavrin2::script {
 // The arguments after a command's name.
 class CommandLine {
 public:
-    // `--help` is always accepted. Every other option takes a value, as the next argument or after
-    // `=`. With `leading`, everything after the first operand is an operand too. Throws UsageError.
+    // `--help` is always accepted. An option takes a value, as the next argument or after `=`, a
+    // flag does not. With `leading`, everything after the first operand is an operand too. Throws
+    // UsageError.
     CommandLine(std::span<const std::string> arguments, std::span<const std::string_view> options,
-                bool leading);
+                bool leading, std::span<const std::string_view> flags = {});
 
     bool AsksForHelp() const { return help_; }
     const std::vector<std::string>& Operands() const { return operands_; }
     // The last value given.
     std::optional<std::string> Value(std::string_view option) const;
+    bool Has(std::string_view flag) const { return values_.contains(flag); }
 
 private:
     bool help_ = false;

@@ -1,11 +1,14 @@
 #include "hosts/script/commands/editor.h"
 
-#include <cerrno>
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <system_error>
 
+#include "hosts/script/commands/cd_drives.h"
 #include "hosts/script/commands/command.h"
+#include "hosts/script/commands/input_file.h"
+#include "hosts/script/commands/stored_info.h"
 #include "platform/interrupt.h"
 #include "platform/terminal.h"
 
@@ -14,20 +17,6 @@ namespace {
 
 // What the editor's methods fail with when a file cannot be opened, read or written.
 constexpr std::uint32_t kFileAccess = 0x80040309;
-
-// The system's reason is clearer than a sound library's.
-void CheckReadable(const std::string& file) {
-    std::error_code error;
-    const auto status = std::filesystem::status(file, error);
-    if (!std::filesystem::exists(status)) throw Failure(file, error.message());
-    if (std::filesystem::is_directory(status))
-        throw Failure(file, std::generic_category().message(EISDIR));
-    // Opening a pipe would wait.
-    if (!std::filesystem::is_regular_file(status)) throw Failure(file, "not a regular file");
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> opened(std::fopen(file.c_str(), "rb"),
-                                                                 &std::fclose);
-    if (!opened) throw Failure(file, std::generic_category().message(errno));
-}
 
 // What an edit that has failed leaves as its error number.
 std::string ReasonOf(std::int32_t error) {
@@ -85,7 +74,21 @@ void Editor::Run(const char* work, const std::string& name, auto&& operation) {
 }
 
 void Editor::Open(const std::string& file) {
+    if (IsCdTrack(file)) return OpenTrack(file);
     CheckReadable(file);
+    OpenDocument(file);
+}
+
+void Editor::OpenTrack(const std::string& file) {
+    const CdTrack track = FindCdTrack(file);
+    OpenDocument(track.Path);
+    // The control keeps what it could read.
+    if (Frames() != track.Frames)
+        throw Failure(file, "the disc can be read only up to frame " + std::to_string(Frames()) +
+                                " of " + std::to_string(track.Frames));
+}
+
+void Editor::OpenDocument(const std::string& file) {
     const std::string folder = editor_.Text("TempDirectory");
     if (folder.empty()) throw Failure("no temporary folder: TMPDIR and /tmp cannot be written to");
     Run("Reading", file, [&] {
@@ -199,6 +202,25 @@ void Editor::ShowChannel(std::int32_t channel, bool visible) const {
 
 void Editor::Save(const std::filesystem::path& file, const std::string& name, bool selection) {
     Run("Writing", name, [&] { editor_.Call("Save", file.string(), selection); });
+}
+
+void Editor::LeaveOutExtraInfo() {
+    extraInfo_ = false;
+    editor_.Part("FileInfo").Put("SaveExtraInfoEnabled", false);
+}
+
+std::vector<std::string> Editor::TagsMissingIn(const std::filesystem::path& file) const {
+    std::vector<std::string> missing;
+    if (!extraInfo_) return missing;
+    const binding::LateBound info = editor_.Part("FileInfo");
+    const auto isSet = [&](const Tag& tag) {
+        return tag.Describes == Tag::Subject::Sound && !TagText(info, tag).empty();
+    };
+    if (std::ranges::none_of(Tags(), isSet)) return missing;
+    const StoredInfo stored(file.string());
+    for (const Tag& tag : Tags())
+        if (isSet(tag) && stored.Text(tag).empty()) missing.emplace_back(tag.Name);
+    return missing;
 }
 
 }  // namespace mavrin2::script

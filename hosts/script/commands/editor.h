@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "hosts/binding/event_connection.h"
 #include "hosts/binding/late_binding.h"
@@ -20,7 +21,7 @@ public:
     Editor(const Editor&) = delete;
     Editor& operator=(const Editor&) = delete;
 
-    // Opens a sound file as the document.
+    // Opens a sound file or a track of a CD as the document.
     void Open(const std::string& file);
 
     std::string Format() const;
@@ -56,10 +57,16 @@ public:
     // The control, for a window to show.
     IUnknown& Control() const { return editor_.Object(); }
 
+    // Save then writes neither tags nor markers.
+    void LeaveOutExtraInfo();
     // Writes the document, or its selection. Messages call the file `name`.
     void Save(const std::filesystem::path& file, const std::string& name, bool selection);
+    // The document's tags that a saved file does not have.
+    std::vector<std::string> TagsMissingIn(const std::filesystem::path& file) const;
 
 private:
+    void OpenTrack(const std::string& file);
+    void OpenDocument(const std::string& file);
     void Run(const char* work, const std::string& name, auto&& operation);
     // Runs an edit, which reports its failure by a number. `name` is what cannot be read if it is
     // that.
@@ -67,6 +74,7 @@ private:
     void OnEvent(DISPID event, std::span<const VARIANT> arguments);
 
     binding::LateBound editor_;
+    bool extraInfo_ = true;
     ProgressBar bar_;
     const char* work_ = "";
     DISPID progress_ = DISPID_UNKNOWN;

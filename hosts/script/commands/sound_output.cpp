@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdio>
 #include <filesystem>
 #include <system_error>
 
@@ -76,6 +77,12 @@ SoundOutput::SoundOutput(const std::string& name, std::span<const std::string> i
 
 void SoundOutput::Write(Editor& editor, bool selection) {
     editor.Save(file_.Path(), name_, selection);
+    std::string missing;
+    for (const std::string& tag : editor.TagsMissingIn(file_.Path()))
+        missing += (missing.empty() ? "" : ", ") + tag;
+    if (!missing.empty())
+        std::fprintf(stderr, "mavrin2: %s: written without tags that this kind of file lacks: %s\n",
+                     name_.c_str(), missing.c_str());
     file_.Commit();
 }
 
