@@ -9,7 +9,7 @@
 
 namespace mavrin2::automation {
 
-// The sinks that are connected for one outgoing interface. The point has an identity of its own but
+// The sinks that are connected for one outgoing interface. The point has its own identity but
 // is a part of the object whose point it is.
 class ConnectionPoint final : public IConnectionPoint {
 public:

@@ -21,7 +21,7 @@ VARIANT* Dereferenced(VARIANT& argument) {
     return argument.vt == (VT_BYREF | VT_VARIANT) ? argument.pvarVal : &argument;
 }
 
-// Where the argument holds an array of that type; null when it holds none.
+// Where the argument holds an array of that type; null for any other argument.
 SAFEARRAY** ArrayIn(VARIANT& argument, VARTYPE type) {
     VARIANT* holder = Dereferenced(argument);
     if (!holder) return nullptr;

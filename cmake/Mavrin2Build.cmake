@@ -72,7 +72,7 @@ function(mavrin2_component name)
   endif()
   add_library(${name} SHARED "${CMAKE_SOURCE_DIR}/automation/module_exports.cpp")
   target_link_libraries(${name} PRIVATE ${ARGN})
-  # Its libraries lie one folder up once it is installed.
+  # Its libraries are one folder up once it is installed.
   set_target_properties(${name} PROPERTIES INSTALL_RPATH "$ORIGIN/..")
   set_property(GLOBAL APPEND PROPERTY MAVRIN2_COMPONENTS ${name})
   install(TARGETS ${name} LIBRARY DESTINATION lib/mavrin2)

@@ -38,7 +38,7 @@ public:
                                                 std::u16string_view name) const = 0;
 };
 
-// The registry of this process: what hosts that ask the system would be told. Owned by the caller.
+// The registry of this process: the one that hosts see through the system. Owned by the caller.
 std::unique_ptr<ComponentRegistry> SystemComponentRegistry();
 
 }  // namespace mavrin2::platform

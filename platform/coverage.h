@@ -16,7 +16,7 @@ struct Coverage {
     std::vector<std::uint8_t> Values;
 };
 
-// `color` is 0x00RRGGBB. What lies outside of the pixels is left out.
+// `color` is 0x00RRGGBB. Parts outside of the pixels are left out.
 void Blend(const Pixels& target, int x, int y, const Coverage& coverage, std::uint32_t color);
 
 }  // namespace mavrin2::platform

@@ -8,8 +8,8 @@
 
 namespace mavrin2::platform {
 
-// What a host gives the control to draw on: a window, or a drawing context of its own. Coordinates
-// are the target's; what lies outside of it is left out. Used on the control's thread.
+// What a host gives the control to draw on: a window or its own drawing context. Coordinates
+// are the target's; parts outside of it are left out. Used on the control's thread.
 class DrawingTarget {
 public:
     virtual ~DrawingTarget() = default;
@@ -20,7 +20,7 @@ public:
     virtual void DrawVertical(int x, int top, int bottom, std::uint32_t color) = 0;
 };
 
-// The target behind a handle of the system, which has to live as long; null for a null handle. Its
+// The target for a handle of the system, which has to live as long; null for a null handle. Its
 // coordinates are pixels: what a host has set up for drawing in other units is put aside meanwhile.
 std::unique_ptr<DrawingTarget> TargetOf(HDC handle);
 

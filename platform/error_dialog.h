@@ -4,8 +4,8 @@
 
 namespace mavrin2::platform {
 
-// Tells the user what no caller can be told. Texts are UTF-8. Returns when the user has answered,
-// or at once where nobody can.
+// Shows the user errors that no caller can receive. Texts are UTF-8. Returns after the answer,
+// or at once where no answer is possible.
 class ErrorDialog {
 public:
     virtual ~ErrorDialog() = default;

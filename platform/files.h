@@ -24,7 +24,7 @@ public:
     // True when every byte was written; the file may have grown by a part otherwise.
     virtual bool Write(std::int64_t offset, std::span<const std::byte> source) = 0;
 
-    // The file's present length, or nothing when it cannot be told.
+    // The file's present length, or nothing when it is unknown.
     virtual std::optional<std::int64_t> Length() = 0;
 
     // Cuts the file to `length`, which is not above its length. False if that failed, and for files

@@ -58,7 +58,7 @@ FontDescription ReadFont(const Held<IFont>& font) {
     return result;
 }
 
-// Reads members by their names; a value stays as it is when there is none.
+// Reads members by their names; a value without a member stays as it is.
 class MemberReader {
 public:
     explicit MemberReader(const Held<IDispatch>& object) : object_(object) {}

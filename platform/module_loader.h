@@ -12,7 +12,7 @@ class Module {
 public:
     virtual ~Module() = default;
 
-    // An exported function, to be cast to its type; null if there is none of that name.
+    // An exported function, to be cast to its type; null if none has that name.
     using Function = void (*)();
     virtual Function Find(const char* name) const = 0;
 };

@@ -4,12 +4,12 @@
 
 namespace mavrin2::platform {
 
-// Draws into pixels that somebody else owns.
+// Draws into pixels owned by the caller.
 class PixelTarget : public DrawingTarget {
 public:
     explicit PixelTarget(const Pixels& pixels)
         : PixelTarget(pixels, {0, 0}, {0, 0, pixels.Width, pixels.Height}) {}
-    // (0, 0) of the target lies at `origin` in the pixels, and nothing outside of `clip`, a
+    // (0, 0) of the target is at `origin` in the pixels, and nothing outside of `clip`, a
     // rectangle of the pixels too, is touched.
     PixelTarget(const Pixels& pixels, POINT origin, const RECT& clip);
 

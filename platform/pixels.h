@@ -4,7 +4,7 @@
 
 namespace mavrin2::platform {
 
-// Pixels of 32 bits, 0x00RRGGBB, row by row from the top. They belong to somebody else.
+// Pixels of 32 bits, 0x00RRGGBB, row by row from the top. Not owned.
 struct Pixels {
     std::uint32_t* Data = nullptr;
     int Width = 0;

@@ -11,7 +11,7 @@ namespace mavrin2::platform {
 // A file that a user saves: it takes its name only when it is complete, so that whatever goes wrong
 // before leaves an older file of that name as it was. One that is not committed leaves nothing, nor
 // does a process that is killed: what such a process may leave in a folder is removed by the next
-// call for that folder. For work files, which nobody needs after a crash, this is too slow.
+// call for that folder. For work files, which are useless after a crash, this is too slow.
 //
 // A symbolic link is followed, whether or not it leads to a file. What has the name must be a plain
 // file that the user may write to. It passes on its permissions, its owner and group, and its

@@ -222,7 +222,7 @@ const InterfaceDescription& DescriptionOf<contracts::IKestrin2>() {
                 "Whether the end crossfades to the original sound: 1 or 0")
             .Reserved(1)
             .Put<&I::put_SetSmoothTime>(52, "SetSmoothTime",
-                                        "Milliseconds of the crossfades; below 1 there are none")
+                                        "Milliseconds of the crossfades; below 1: no crossfades")
             .Reserved(1)
             .Put<&I::put_SetSampleRate>(54, "SetSampleRate",
                                         "Samples a second of the sounds to come, 100 to 768000")

@@ -24,7 +24,7 @@ struct IPindleCD2 : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE GrabberInit() = 0;
     // Lets go of everything.
     virtual HRESULT STDMETHODCALLTYPE GrabberClose() = 0;
-    // Opens the disc in the selected drive. Fails where there is none.
+    // Opens the disc in the selected drive. Fails without a disc.
     virtual HRESULT STDMETHODCALLTYPE OpenDrive() = 0;
     virtual HRESULT STDMETHODCALLTYPE get_DriveCount(SHORT* count) = 0;
     // From 1. Fails for a number without a drive, and selects nothing then.

@@ -10,7 +10,7 @@
 namespace mavrin2 {
 namespace {
 
-// The modules around the sound libraries lie beside this one.
+// The modules around the sound libraries are in the same folder as this one.
 std::filesystem::path BackendFolder() {
     return platform::PathOfModule(reinterpret_cast<const void*>(&automation::ThisModule))
         .parent_path();

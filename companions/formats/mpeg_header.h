@@ -12,7 +12,7 @@ struct MpegHeader {
     std::int32_t Size;       // bytes, with the header
     std::int32_t Frames;     // sample frames
     std::int32_t Rate;       // hertz
-    std::int32_t TagOffset;  // where in the first frame a tag stands instead of sound
+    std::int32_t TagOffset;  // offset in the first frame of a tag in place of sound
 
     static std::optional<MpegHeader> Parse(const std::uint8_t* bytes);
 };

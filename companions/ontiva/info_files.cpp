@@ -31,7 +31,7 @@ void InfoFiles::Write(const std::filesystem::path& path, const SoundInfo& info) 
     const auto format = FormatOf(edited, *libraries_);
     if (!format) {
         if (info.Empty()) return;
-        throw NotWritable("a file of this kind holds no tags and markers");
+        throw NotWritable("files of this kind have no tags or markers");
     }
     const auto edit = format->Write(edited, info);
     if (edit) return WriteInPlace(path, edited.Length(), *edit);

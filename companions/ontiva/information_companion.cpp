@@ -24,7 +24,7 @@ std::filesystem::path PathOf(BSTR name) {
                                                                     : std::filesystem::path();
 }
 
-// The number that a text such as "5/12" begins with; 0 if there is none.
+// The number that a text such as "5/12" begins with; otherwise 0.
 std::int32_t NumberIn(std::string_view text) {
     std::int32_t number = 0;
     std::from_chars(text.data(), text.data() + text.size(), number);

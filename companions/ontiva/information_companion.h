@@ -69,7 +69,7 @@ private:
     HRESULT Get(std::string Marker::*part, BSTR* text);
     HRESULT GetNumber(std::size_t index, LONG* number);
     void PutNumber(std::string_view name, std::int32_t number);
-    // The selected marker; null if there is none.
+    // The selected marker, or null.
     const Marker* Selected() const;
 
     InfoFiles files_;

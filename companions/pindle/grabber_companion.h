@@ -15,7 +15,7 @@ namespace mavrin2::pindle {
 
 // What the grabber reads discs with.
 struct GrabberServices {
-    std::function<const DiscLibrary*()> Library;  // null if there is none
+    std::function<const DiscLibrary*()> Library;  // null if not installed
     std::function<DriveSources(const DiscLibrary&)> Sources;
 };
 

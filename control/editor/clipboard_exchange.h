@@ -28,7 +28,7 @@ public:
     void PasteFromClipboard();
 
 private:
-    // The clipboard's sound as a file; an empty path when there is none or it cannot be written.
+    // The clipboard's sound as a file; an empty path without sound or when it cannot be written.
     std::filesystem::path TakeSound();
 
     Document document_;

@@ -12,7 +12,7 @@ namespace mavrin2::editor {
 
 // The edits of the selection. Each does nothing unless a document is open, the control idle and,
 // where the edit needs one, something selected; otherwise it clears the last error first and leaves
-// its outcome there. Pasted or mixed sound that breaks off is kept as far as it came, with the
+// its outcome there. Pasted or mixed sound that breaks off is kept up to that point, with the
 // error that ended it; when nothing came, and after every other failure, nothing has changed.
 class EditOperations {
 public:

@@ -43,7 +43,7 @@ public:
 
     // Passes the markers in list order, up to one that the companion refuses to describe.
     void ForEachMarker(const std::function<void(const StoredMarker&)>& use);
-    // False when the companion keeps markers that it was told to remove, or is faulty.
+    // False when the companion keeps markers that it was asked to remove, or is faulty.
     bool RemoveMarkers();
     bool AddMarker(const StoredMarker& marker);
 

@@ -6,7 +6,7 @@
 
 #include "control/signal/quantity.h"
 
-// What the editor asks of the rest of the control. Whoever composes the parts hands these in; the
+// What the editor needs from the rest of the control. The composition root passes these in; the
 // base classes of DocumentView and BlockObserver do nothing, so that the editor works without a
 // picture.
 

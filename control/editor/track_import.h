@@ -17,7 +17,7 @@ struct TrackPath {
 };
 
 // 5 for "Track05.cda": the number follows the first five characters of the name, whatever they are.
-// 0 if there is none.
+// 0 without a number.
 std::int32_t TrackNumberOf(const std::filesystem::path& path);
 
 // Reads one track of a CD into a work file and makes it the document. Serves one import.

@@ -126,7 +126,7 @@ struct IMavrin2 : public IDispatch {
     MAVRIN2_RESERVED_PROPERTY(MarkerToolTipEnabled, 128)
     MAVRIN2_RESERVED_PROPERTY(MarkerMouseEventEnabled, 129)
     MAVRIN2_RESERVED_PROPERTY(MarkerBitmapType, 130)
-    // The mouse's pointer where the control has none of its own; vbCustom is that of the cursor
+    // The mouse's pointer where the control sets none itself; vbCustom is that of the cursor
     // file MouseCustom. The arrow for other values, which are kept, and where that file cannot be
     // read.
     virtual HRESULT STDMETHODCALLTYPE get_MousePointer(MousePointerConstants* Value) = 0;

@@ -5,7 +5,7 @@
 
 namespace mavrin2::objects {
 
-// What the control needs of its own objects beyond their published interfaces. Objects made by a
+// What the control needs from its own objects beyond their published interfaces. Objects made by a
 // host do not implement them. The settings belong to the object.
 struct IColorSettings : public IUnknown {
     static constexpr IID Id = interfaces::ControlId(0x8001);

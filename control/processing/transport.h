@@ -7,7 +7,7 @@
 namespace mavrin2::processing {
 
 // Starts and stops what is running in the control. A block loop ends when it next checks the
-// status; the transform companion is told to end early.
+// status; the transform companion is asked to end early.
 class Transport final : public editor::Activity {
 public:
     Transport(editor::OperationStatus& status, TransformCompanion& transforms)

@@ -15,7 +15,7 @@ using Act = void (*)(ControlParts& parts);
 
 // A row of the table of parts.
 struct Part {
-    const char* Failure;  // what the user is told when it cannot be made
+    const char* Failure;  // the message to the user when it cannot be made
     int Released;         // its place in the order of the control's end
     HRESULT (*Make)(ControlParts& parts);
     Act Release;

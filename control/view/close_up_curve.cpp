@@ -14,7 +14,7 @@ struct Point {
     double Y = 0;
 };
 
-// Where a column holds both, the one farther from zero stands for it.
+// Where a column has both, the one farther from zero is drawn.
 std::vector<Point> CollectPoints(const ViewData::Entries& low, const ViewData::Entries& high,
                                  std::int32_t last) {
     std::vector<Point> points;
@@ -107,7 +107,7 @@ void DrawCurve(const std::vector<Point>& points, ViewData::Entries& curve, std::
         DrawParabolas(points, curve);
     else
         DrawSpline(points, curve);
-    // Neither knows what comes behind the last point but one.
+    // Neither knows what follows the last point but one.
     const Point* end = &points.back();
     for (auto column = static_cast<std::int32_t>(end[-1].X); column <= last; ++column)
         curve[static_cast<std::size_t>(column)] =

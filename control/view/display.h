@@ -7,7 +7,7 @@
 
 namespace mavrin2::view {
 
-// Where the picture is shown, as far as the view has to know. The base class shows nothing.
+// What the view needs to know of where the picture is shown. The base class shows nothing.
 class Display {
 public:
     virtual ~Display() = default;

@@ -9,7 +9,7 @@ namespace mavrin2::view {
 namespace {
 
 constexpr std::int32_t kEdge = 5;     // between the picture's edge and an area
-constexpr std::int32_t kFarEdge = 2;  // where no scale stands
+constexpr std::int32_t kFarEdge = 2;  // on a side without a scale
 constexpr std::int32_t kHidden = -2;  // a level scale that is not there
 constexpr std::int32_t kLeastWidth = 180;
 constexpr std::int32_t kLeastHeight = 60;

@@ -49,7 +49,7 @@ struct Geometry {
     void Layout(const LayoutInput& input);
 };
 
-// Where the visible range stands in the overview bar.
+// Columns of the visible range in the overview bar.
 struct ViewThumb {
     std::int32_t Left = 0;  // in the picture
     std::int32_t Width = 0;

@@ -36,12 +36,12 @@ private:
     std::int64_t chunk_;
     std::int64_t chunkStart_ = 0;
     std::int64_t seen_ = 0;         // bytes
-    std::vector<std::byte> begun_;  // of a frame that goes on in the next block
+    std::vector<std::byte> begun_;  // of a frame that continues in the next block
 };
 
 // Makes and keeps the overview summary of the document, by reading its work file or from what it
 // has seen of it on its way there. Every run owns what it fills: a host that has the summary freed
-// or built again from inside an event leaves a run that is still going with arrays of its own.
+// or built again from inside an event leaves a run that is still active its own arrays.
 class OverviewBuilder final : public editor::BlockObserver {
 public:
     OverviewBuilder(const ViewServices& services, const Geometry& area)

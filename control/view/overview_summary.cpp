@@ -17,7 +17,7 @@ void Lower(std::int32_t& lowest, std::int32_t value) {
     if (lowest == ViewData::EmptyColumn || value < lowest) lowest = value;
 }
 
-// Of frames that lie `stride` samples apart: each lane is a channel, or whatever else comes along
+// Of frames that lie `stride` samples apart: each lane is a channel, or any other value
 // with one load. Frames at the very end are taken alone.
 PeakLanes PeaksOf(std::span<const std::int16_t> samples, std::int64_t looks, std::size_t stride,
                   std::size_t channels) {

@@ -29,7 +29,7 @@ std::int32_t ComputedDecibels(float power) {
 }
 
 // The level of each power, found without a logarithm: the table has the least power that has each
-// level, and the exponent of a power tells where to look.
+// level, and the exponent of a power gives the place to look.
 class DecibelTable {
 public:
     DecibelTable() {

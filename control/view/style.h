@@ -37,7 +37,7 @@ struct ScaleSettings {
     std::int16_t Type = 1;
     std::int16_t Visible = 1;
     std::int16_t Grid = 1;
-    std::int16_t Orientation = 1;  // the level scale stands 1: right, 2: left of the waveform
+    std::int16_t Orientation = 1;  // of the level scale: 1 right, 2 left of the waveform
 };
 
 // What the host has chosen, read whenever it is needed: a host may put in objects of its own.

@@ -21,8 +21,8 @@ constexpr Pixel ToPixel(std::uint32_t color) {
     return {(color & 0xFF) << 16 | (color & 0xFF00) | (color >> 16 & 0xFF)};
 }
 
-// A picture in memory and the few operations it takes to draw the control. What lies outside of it
-// is left out. As on every system a line's last point is not drawn, so that lines can be joined.
+// A picture in memory and the few operations it takes to draw the control. Whatever is outside of
+// it is left out. As on every system a line's last point is not drawn, so that lines can be joined.
 class Surface {
 public:
     Surface() = default;
@@ -66,7 +66,7 @@ private:
     std::vector<std::uint32_t> pixels_;
 };
 
-// The first of each of the dashes' pixels and the one behind the last: see Surface.
+// The first of each of the dashes' pixels and the one after the last: see Surface.
 template <class Draw>
 void ForEachDash(std::int32_t from, std::int32_t to, std::int32_t dash, std::int32_t period,
                  Draw&& draw) {

@@ -29,7 +29,7 @@ struct TimeScale {
     // Chooses the steps so that labels have room beside each other.
     void Compute(const TimeRange& range, const platform::Font& font, std::int32_t waveWidth);
 
-    // Digits behind the point that the labels take.
+    // Decimals in the labels.
     int Decimals() const;
     std::string Label(double value) const;
 };

@@ -23,7 +23,7 @@ struct ViewData {
 
     std::array<Entries, 2> Low;
     std::array<Entries, 2> High;
-    // The curve through single samples; 0 where there is none.
+    // The curve through single samples; 0 in columns without it.
     std::array<Entries, 2> CloseUp;
     // 0: the columns show lowest and highest values. 1 … 4: they show the curve, from 2 on with
     // points for the samples, the larger the higher.

@@ -44,7 +44,7 @@ public:
     // Nothing while the control is busy.
     void SetTypeView(TypeViewConstants type);
 
-    // Writes the last composed picture as a bitmap file. Nothing when there is none or the file
+    // Writes the last composed picture as a bitmap file. Nothing without a picture or when the file
     // cannot be made.
     void SaveWaveImage(const std::filesystem::path& path) const;
 

@@ -30,7 +30,7 @@ component registry, where hosts find them by class or program identifier.
   --unregister     remove the components instead (DllUnregisterServer)
   --help           this text
 
-A module that lies below the registry's folder is entered by its path from there, so that both can
+A module below the registry's folder is entered by its path relative to it, so that both can
 be moved together. Stops at the first module that fails.
 Exit codes: 0 all done, 1 a module failed, 2 wrong use.
 )";
@@ -65,7 +65,7 @@ bool Parse(const std::vector<std::string_view>& arguments, Request& request) {
         }
     }
     if (request.Modules.empty()) {
-        std::fputs("mavrin2-register: no module given; --help tells more\n", stderr);
+        std::fputs("mavrin2-register: no module given; see --help\n", stderr);
         return false;
     }
     return true;

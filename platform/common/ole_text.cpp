@@ -9,7 +9,7 @@ using OleText = std::basic_string<OLECHAR>;
 using OleTextView = std::basic_string_view<OLECHAR>;
 
 constexpr char32_t kReplacement = 0xFFFD;
-constexpr char32_t kFirstOfBytes = 0xDC00;  // stands for the byte 0, if that ever were ill-formed
+constexpr char32_t kFirstOfBytes = 0xDC00;  // would encode the byte 0, which is never ill-formed
 
 bool IsHighSurrogate(char32_t c) {
     return c >= 0xD800 && c < 0xDC00;
@@ -43,7 +43,7 @@ void AppendUtf8(std::string& text, char32_t c) {
     }
 }
 
-// Reads one character and moves `at` past it. Of what is none, the first byte alone.
+// Reads one character and moves `at` past it. Of an ill-formed sequence, the first byte alone.
 char32_t NextOfUtf8(std::string_view text, std::size_t& at) {
     const auto first = static_cast<std::uint8_t>(text[at++]);
     if (first < 0x80) return first;

@@ -84,7 +84,7 @@ void WorkQueue::RunPresent() {
         try {
             if (item.Action) item.Action();
         } catch (...) {
-            // It was posted on another thread, which cannot be told.
+            // The thread that posted it cannot be notified.
         }
     }
     const std::lock_guard guard(lock_);

@@ -38,7 +38,7 @@ private:
 
     void Add(Work work, std::shared_ptr<State> run);
     void Revoke(State& run);
-    // The first piece of work; an empty one if there is none.
+    // The first piece of work, or an empty one.
     Item Take();
 
     std::mutex lock_;

@@ -10,7 +10,7 @@
 namespace mavrin2::platform {
 namespace {
 
-// There is no desktop to ask; whoever started the program sees its standard error.
+// There is no desktop to ask; the program's user sees its standard error.
 class StandardErrorDialog final : public ErrorDialog {
 public:
     void Show(const std::string& caption, const std::string& text) override {

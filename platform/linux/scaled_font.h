@@ -12,7 +12,7 @@ namespace mavrin2::platform {
 // Shared by the fonts of one thread; null when there is no memory for it.
 std::shared_ptr<FT_LibraryRec_> NewFontLibrary();
 
-// The file's font in the description's size; null when the file is none that can be scaled. It
+// The file's font in the description's size; null when the file is no scalable font. It
 // measures as the other system does: widths are sums of whole pixels, cells have the height that
 // the font states for that system.
 std::shared_ptr<const Font> NewScaledFont(std::shared_ptr<FT_LibraryRec_> library,

@@ -239,7 +239,7 @@ std::unique_ptr<File> MemoryFileSystem::Create(const std::filesystem::path& path
         return nullptr;
     }
     auto& content = files_[normal];
-    // Emptied and not replaced: whoever has it open sees that.
+    // Emptied and not replaced: other open files of it see that.
     if (content == nullptr) content = std::make_shared<Content>();
     content->clear();
     return std::make_unique<OpenFile>(controls_, content, true);

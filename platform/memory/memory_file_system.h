@@ -43,7 +43,7 @@ public:
     void AddFile(const std::filesystem::path& path, std::span<const std::byte> bytes);
     void AddFile(const std::filesystem::path& path, std::string_view text);
     bool Exists(const std::filesystem::path& path) const;
-    // The bytes of a file, as text where that is easier to compare; nothing when there is none.
+    // The bytes of a file, as text where that is easier to compare; nothing for a missing file.
     std::optional<std::vector<std::byte>> Bytes(const std::filesystem::path& path) const;
     std::optional<std::string> Text(const std::filesystem::path& path) const;
     // Every file, in the order of the paths.
@@ -61,7 +61,7 @@ public:
     // such a folder is not usable either.
     void Refuse(const std::filesystem::path& path);
     // Files can grow by so many bytes from now on, all together; a write that needs more grows its
-    // file by what is left and fails. Nothing stands for room without end.
+    // file by what is left and fails. Nothing means unlimited space.
     void SetFreeSpace(std::optional<std::int64_t> bytes);
 
     // What else can be set.

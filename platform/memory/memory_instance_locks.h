@@ -6,7 +6,7 @@
 
 namespace mavrin2::platform {
 
-// The instances of a world of a test's own: locks made here see each other and nobody else. Any
+// The instances in a test's own world: locks made here see each other only. Any
 // thread; locks may outlive this. `New` waits while one of them is sole, as the ports do.
 class MemoryInstanceLocks {
 public:

@@ -7,7 +7,7 @@
 
 namespace mavrin2::platform {
 
-// Keeps what a user would have been told, in its order.
+// Keeps the messages that a user would have seen, in order.
 class RecordingErrorDialog final : public ErrorDialog {
 public:
     struct Message {

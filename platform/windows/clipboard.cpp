@@ -10,7 +10,7 @@
 namespace mavrin2::platform {
 namespace {
 
-// The clipboard, open for a window of its own, since what is put there needs an owner; it stays
+// The clipboard, open for a private window, since what is put there needs an owner; it stays
 // when the window goes. Programs that watch the clipboard open it for moments, so opening is tried
 // for a tenth of a second.
 class OpenClipboard {

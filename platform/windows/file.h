@@ -9,7 +9,7 @@ class WindowsFile final : public File {
 public:
     explicit WindowsFile(Handle handle) : handle_(std::move(handle)) {}
 
-    // The file behind a handle; nothing when that is none or holds no plain file.
+    // The file of a handle; nothing for an invalid handle or one of no plain file.
     static std::unique_ptr<File> Of(Handle handle);
 
     std::optional<std::size_t> Read(std::int64_t offset, std::span<std::byte> target) override;

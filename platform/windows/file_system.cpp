@@ -22,7 +22,7 @@ bool IsFolderPath(const std::filesystem::path& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-// Whether a handle opened without following stands for another name, as a symbolic link does.
+// Whether a handle opened without following is a link to another name, as a symbolic link is.
 bool IsLink(const Handle& handle) {
     FILE_ATTRIBUTE_TAG_INFO information = {};
     return ::GetFileInformationByHandleEx(handle.Get(), FileAttributeTagInfo, &information,

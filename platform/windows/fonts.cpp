@@ -42,7 +42,7 @@ public:
 
     HDC Get() const { return handle_; }
 
-    // The pixels behind the context, black; null when there is no memory. Valid until the next
+    // The pixels of the context, black; null when there is no memory. Valid until the next
     // call.
     const std::uint32_t* Clear(int width, int height) {
         if (width > width_ || height > height_) {

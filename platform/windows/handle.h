@@ -6,7 +6,7 @@
 
 namespace mavrin2::platform {
 
-// A kernel object's handle, owned. Both customary values for "none" are none here.
+// A kernel object's handle, owned. Both customary invalid values count as empty.
 class Handle {
 public:
     Handle() = default;

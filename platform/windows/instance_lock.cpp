@@ -10,15 +10,15 @@
 namespace mavrin2::platform {
 namespace {
 
-// Longer than any cleaning up takes. Whoever has the gate for longer hangs, or is another user who
-// took the name to make this one wait.
+// Longer than any cleaning up takes. A process that has the gate for longer hangs, or is another
+// user's that took the name to make this one wait.
 constexpr DWORD kLongestCleaning = 10'000;
 
 struct LocalFreer {
     void operator()(void* memory) const { ::LocalFree(memory); }
 };
 
-// The identifier of the user whose process this is; empty when it cannot be told.
+// The identifier of the user whose process this is; empty when unknown.
 std::wstring UserId() {
     HANDLE opened = nullptr;
     if (!::OpenProcessToken(::GetCurrentProcess(), TOKEN_QUERY, &opened)) return {};
@@ -62,7 +62,7 @@ private:
     std::unique_ptr<void, LocalFreer> rights_;
 };
 
-// A named mutex whose being there says that somebody lives: it is never owned, and goes with the
+// A named mutex whose existence shows a living process: it is never owned, and goes with the
 // last handle, also of a process that crashed. Looking whether it was there already means closing
 // one's own and making it again, so a second mutex, the gate, is owned meanwhile, and as long as
 // somebody is sole; who wants to live goes through it first. A gate belongs to a thread: on the

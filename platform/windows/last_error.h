@@ -6,7 +6,7 @@
 
 namespace mavrin2::platform {
 
-// What the last call of the system that failed has left behind.
+// The error of the last failed system call.
 inline std::error_code LastError() {
     return {static_cast<int>(::GetLastError()), std::system_category()};
 }

@@ -59,7 +59,7 @@ public:
     }
 
 private:
-    // The window's procedure and what ends the queue with its thread lie in this module, which
+    // The window's procedure and what ends the queue with its thread are in this module, which
     // therefore stays loaded from now on, whatever it answers when it is asked.
     static HINSTANCE PinnedModule() {
         HMODULE module = nullptr;

@@ -19,7 +19,7 @@ namespace mavrin2::dusoro {
 struct ReadingHint {
     // The data has no header and is 4-bit ADPCM at 8000 Hz.
     bool Vox = false;
-    // The name's extension in lower case; for the few kinds that no content tells.
+    // The name's extension in lower case; for the few kinds that their content does not identify.
     std::string Extension;
 };
 
@@ -51,7 +51,7 @@ public:
         std::size_t Consumed;   // frames of `in`
         std::size_t Delivered;  // frames of `out`
     };
-    // Interleaved samples. What comes out stands at the same time as what went in; the last
+    // Interleaved samples. The output is aligned in time with the input; the last
     // frames come from Flush.
     virtual Progress Process(std::span<const std::int16_t> in, std::span<std::int16_t> out) = 0;
     // After the last input: the frames delivered, 0 when there are no more.

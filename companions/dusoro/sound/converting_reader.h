@@ -8,7 +8,7 @@
 
 namespace mavrin2::dusoro {
 
-// Another reader's sound in the format that somebody wants.
+// Another reader's sound in the format that the caller wants.
 class ConvertingReader final : public SoundReader {
 public:
     // `converter` makes `wanted` of what `source` delivers; nothing has been read yet.

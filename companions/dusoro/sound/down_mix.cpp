@@ -7,7 +7,7 @@ namespace {
 
 constexpr float kFull = 32768.0f;
 constexpr float kHalfPower = 32768.0f * 0.70710678f;
-// One channel behind stands for a pair at 0.7071 each.
+// A single rear channel counts as a pair at 0.7071 each.
 constexpr float kQuarterPower = 32768.0f * 0.5f;
 
 }  // namespace

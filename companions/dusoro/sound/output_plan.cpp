@@ -19,7 +19,7 @@ constexpr std::pair<std::string_view, Container> kWritten[] = {
     {"ogg", Container::OggVorbis}, {"vox", Container::Vox},   {"oga", Container::OggVorbis},
 };
 
-// To find ADPCM behind one of these names would surprise everybody.
+// No user would expect ADPCM under one of these names.
 constexpr std::string_view kOnlyRead[] = {
     "aac",  "ac3",  "aifc", "amr", "ape", "asf", "au",  "avi", "caf",  "cda", "g721", "g723",
     "g726", "g729", "gsm",  "m4a", "m4b", "mka", "mkv", "mov", "mp2",  "mp4", "mpc",  "mpg",

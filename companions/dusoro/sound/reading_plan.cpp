@@ -64,7 +64,7 @@ Outcome<ReadingPlan> PlanReading(std::span<const std::byte> head, const std::fil
     for (const Magic& magic : kSndfileFirst)
         if (Matches(text, magic)) return ReadingPlan{{Sndfile, Ffmpeg}};
 
-    // FLAC's own library takes two thirds of FFmpeg's time, and libsndfile, which stands on it,
+    // FLAC's own library takes two thirds of FFmpeg's time, and libsndfile, which is built on it,
     // ends where a file is damaged.
     if (text.starts_with("fLaC")) return ReadingPlan{{Flac, Ffmpeg}};
 

@@ -27,7 +27,7 @@ inline constexpr std::size_t kHeadSize = 16;
 Outcome<ReadingPlan> PlanReading(std::span<const std::byte> head, const std::filesystem::path& name,
                                  FormatType type);
 
-// The name's extension in lower case, without the dot; empty when there is none.
+// The name's extension in lower case, without the dot; empty without one.
 std::string ExtensionOf(const std::filesystem::path& name);
 
 }  // namespace mavrin2::dusoro

@@ -5,7 +5,7 @@
 
 namespace mavrin2::dusoro {
 
-// Why a sound file could not be opened or created; the values are those that hosts are told.
+// Why a sound file could not be opened or created; the values are those that hosts see.
 enum class SoundError : std::int32_t {
     None = 0,
     Memory = -11,
@@ -17,7 +17,7 @@ enum class SoundError : std::int32_t {
     FileAccess = -18,
 };
 
-// A value, or the reason why there is none.
+// A value, or the reason for its absence.
 template <class Value>
 struct Outcome {
     // Implicit, so that `return SoundError::FileAccess;` and `return reader;` both read well.

@@ -33,8 +33,8 @@ public:
     Outcome<std::unique_ptr<SoundWriter>> Create(const std::filesystem::path& path, FormatType type,
                                                  const OutputSettings& settings) const;
 
-    // Puts a conversion between `reader` and whoever reads `wanted`, or between `writer` and
-    // whoever delivers `given`, where one is needed; neither has begun. False, and nothing has
+    // Puts a conversion between `reader` and a caller that reads `wanted`, or `writer` and
+    // one that delivers `given`, where one is needed; neither has begun. False, and nothing has
     // changed, when it cannot be converted.
     bool ReadAs(std::unique_ptr<SoundReader>& reader, PcmFormat wanted) const;
     bool WriteFrom(std::unique_ptr<SoundWriter>& writer, PcmFormat given) const;

@@ -23,7 +23,7 @@ public:
     virtual const OutputDescription& Description() const = 0;
 
     // Appends interleaved samples, a whole number of frames. False when they did not all reach the
-    // file or the kind of file holds no more; the file cannot be completed then.
+    // file or its format takes no more; the file cannot be completed then.
     virtual bool Write(std::span<const std::int16_t> samples) = 0;
 
     // Completes the file. False when that failed, now or in an earlier Write. Called once.

@@ -15,7 +15,7 @@ std::size_t SizeFor(std::size_t taps) {
                     std::clamp<std::size_t>(std::bit_ceil(8 * taps), 1024, 16384));
 }
 
-// Two complex numbers at a time. The operator of std::complex also looks for numbers that are none.
+// Two complex numbers at a time. The operator of std::complex also checks for NaN.
 void Multiply(std::span<std::complex<float>> values, std::span<const std::complex<float>> factors) {
     using Four [[gnu::vector_size(16)]] = float;
     std::size_t i = 0;

@@ -191,7 +191,7 @@ std::vector<float> ExchangeFilter(std::span<const FilterBand> bands, std::size_t
             idleRounds == kMostIdleRounds)
             break;
         const auto extremes = Extremes(errors, count);
-        // Rounding has won: what there is cannot be told from a better filter.
+        // Rounding dominates: this cannot be distinguished from a better filter.
         if (extremes.size() < count) break;
         for (std::size_t i = 0; i < count; ++i)
             points[i] = grid[extremes[i]];

@@ -12,7 +12,7 @@ namespace mavrin2::kestrin {
 using GainCurve = std::function<double(double)>;
 
 // A filter of `taps` (odd) that turns no phase: symmetrical about its middle. Its gains are those
-// of the curve, as far as so many taps resolve it: sampled and transformed back, under a window.
+// of the curve, at the resolution of so many taps: sampled and transformed back, under a window.
 std::vector<float> SymmetricalFilter(const GainCurve& gain, std::size_t taps,
                                      const Libraries& libraries);
 

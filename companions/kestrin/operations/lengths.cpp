@@ -20,7 +20,7 @@ double ThresholdOf(double decibels) {
     return FactorOfDecibels(decibels) * kFullScale;
 }
 
-// A trim is not told how many channels there are.
+// A trim does not know the number of channels.
 TrimSettings TrimSettingsOf(const Request& request) {
     TrimSettings settings;
     settings.Threshold = ThresholdOf(request.Values[0]);

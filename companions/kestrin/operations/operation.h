@@ -23,7 +23,7 @@ struct Request {
     std::span<const std::vector<float>> Arrays;
     std::span<const std::int16_t> Sound;  // as it was given
     double Rate;                          // Hz
-    std::size_t Channels;                 // of interleaved sounds, as far as it was said
+    std::size_t Channels;                 // of interleaved sounds, if given
     const Libraries& Library;
     RandomNumbers& Random;
     ChannelPair& Pair;

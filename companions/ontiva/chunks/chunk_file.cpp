@@ -52,7 +52,7 @@ bool ChunkFile::AddChunk(std::int64_t start, std::int64_t end) {
     }
     if (isSound && wide_ && chunk.Length == UINT32_MAX && wideSoundLength_ >= 0)
         chunk.Length = wideSoundLength_;
-    // Programs that write to a pipe leave 0 or all ones there: the sound goes on to the end.
+    // Programs that write to a pipe leave 0 or all ones there: the sound extends to the end.
     const bool unstated =
         isSound && chunk.Length == 0 && room > 0 && !IsId(file_.Bytes(chunk.Content(), 4));
     if (unstated || chunk.Length > room) {

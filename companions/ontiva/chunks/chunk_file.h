@@ -12,7 +12,7 @@ struct Chunk {
     std::string Id;       // four characters
     std::string Form;     // of a LIST chunk: its kind
     std::int64_t Start;   // of the chunk's header, in the file
-    std::int64_t Length;  // bytes of the content, as far as the file has them
+    std::int64_t Length;  // bytes of the content that the file has
 
     std::int64_t Content() const { return Start + kHeader; }
     // The start of the next chunk: contents are padded to an even length.
@@ -59,7 +59,7 @@ private:
     bool aiff_ = false;
     bool wide_ = false;
     bool intact_ = true;
-    std::int64_t wideSoundLength_ = -1;  // RF64 says it in a chunk of its own
+    std::int64_t wideSoundLength_ = -1;  // RF64 says it in a separate chunk
 };
 
 // A chunk of these bytes, padded.

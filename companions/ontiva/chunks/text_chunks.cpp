@@ -33,7 +33,7 @@ std::string_view NameOf(const Named (&table)[Count], std::string_view id) {
     return found == std::end(table) ? std::string_view() : found->Name;
 }
 
-// Calls `use(id, content)` for each entry, as far as the lengths make sense.
+// Calls `use(id, content)` for each entry while the lengths make sense.
 template <class Use>
 void ForEachEntry(std::string_view list, std::endian order, Use use) {
     for (std::size_t start = kFormSize; start + Chunk::kHeader <= list.size();) {

@@ -9,7 +9,7 @@
 
 namespace mavrin2::ontiva {
 
-// Whole numbers in bytes. What lies past the end of the bytes counts as zeros.
+// Whole numbers in bytes. Bytes past the end count as zeros.
 template <std::unsigned_integral Number>
 Number GetNumber(std::string_view bytes, std::size_t offset, std::endian order) {
     Number value = 0;

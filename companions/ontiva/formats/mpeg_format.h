@@ -5,7 +5,7 @@
 namespace mavrin2::ontiva {
 
 // MPEG audio and AAC without a container: an ID3v2 tag before the sound, with markers as chapters,
-// and an ID3v1 tag behind it. An APE tag is kept up to date where there is one.
+// and an ID3v1 tag after it. An existing APE tag is kept up to date.
 class MpegFormat final : public SoundFormat {
 public:
     MpegFormat(const RecognizedFile& kind, const Libraries& libraries)

@@ -14,7 +14,7 @@ public:
     using Values = std::vector<std::string>;
     using Map = std::map<std::string, Values, std::less<>>;
 
-    // The first value, empty if there is none.
+    // The first value, or an empty text.
     const std::string& First(std::string_view name) const;
     // All values as one text.
     std::string Joined(std::string_view name) const;
@@ -39,7 +39,7 @@ inline constexpr std::string_view kPublicNames[] = {
     "TITLE", "ARTIST",      "ALBUM",     "DATE",      "COMMENT", "COMPOSER",
     "URL",   "TRACKNUMBER", "ENCODEDBY", "COPYRIGHT", "GENRE",   "ORIGINALARTIST"};
 
-// Gives values that stand under another name in use the name listed above.
+// Moves values under another name in use to the name listed above.
 void AdoptUsualNames(Fields& fields);
 
 // Whether a field describes the music, and goes with it into another file. Those on loudness,

@@ -7,7 +7,7 @@
 
 namespace mavrin2::ontiva {
 
-// A marker as far as a list that other programs read can hold it.
+// What a list that other programs read can hold of a marker.
 struct PublicMark {
     std::int64_t Position = 0;  // in the list's own unit
     std::string Label;

@@ -6,7 +6,7 @@
 namespace mavrin2::pindle {
 namespace {
 
-// A word of the table, in which a backslash and three octal digits stand for a character.
+// A word of the table, in which a backslash and three octal digits encode a character.
 std::string Plain(std::string_view word) {
     const auto isOctal = [&](std::size_t at) {
         return at < word.size() && word[at] >= '0' && word[at] <= '7';

@@ -4,8 +4,8 @@
 
 namespace mavrin2::server {
 
-// What a form tells a control beyond embedding. The control has no keys of its own to offer and
-// takes nothing from its surroundings.
+// What a form requires of a control beyond embedding. The control has no keys of its own to offer
+// and takes nothing from its surroundings.
 class FormControl final : public ContainerPart<IOleControl> {
 public:
     using ContainerPart::ContainerPart;

@@ -111,7 +111,7 @@ HRESULT InPlaceActivation::EnterForUser() {
     const auto document = document_;
     const auto object = ComPtr<IUnknown>(identity_).As<IOleInPlaceActiveObject>();
     SetActiveObject(frame, document, object.Get());
-    // No tools of its own around the container's window.
+    // No toolbars around the container's window.
     if (frame) frame->SetBorderSpace(nullptr);
     if (document) document->SetBorderSpace(nullptr);
     return S_OK;

@@ -6,7 +6,7 @@
 namespace mavrin2::server {
 
 // The control in its container's window: how it gets there, moves and leaves. Every step asks or
-// tells the container, which may call back at each: what overtakes a step ends it.
+// notifies the container, which may call back at each: a newer change ends this one.
 class InPlaceActivation final : public platform::WindowHandler {
 public:
     // Both outlive it; `identity` is not counted.
@@ -31,7 +31,7 @@ public:
     HRESULT RequestPlace();
 
     bool Active() const { return active_; }
-    // Null while there is none.
+    // Null while inactive.
     HWND Window() const { return window_ ? window_->Handle() : nullptr; }
     bool DrawOnWindow(const std::function<void(platform::DrawingTarget& window)>& draw);
     // Something else was painted with the picture: the window needs its own again.

@@ -25,7 +25,7 @@ private:
     InPlaceActivation& activation_;
 };
 
-// What the frame tells the control that the user works with.
+// Calls of the frame to the control that the user works with.
 class InPlaceActiveObject final : public ContainerPart<IOleInPlaceActiveObject> {
 public:
     InPlaceActiveObject(IUnknown* identity, InPlaceActivation& activation)

@@ -9,7 +9,7 @@ namespace mavrin2::server {
 SIZE ToPixels(const SIZEL& extent);
 SIZEL ToHimetric(const SIZE& pixels);
 
-// `bounds` with its last pixels behind its first ones. Throws StatusError when it is larger than
+// `bounds` with its edges in ascending order. Throws StatusError when it is larger than
 // any picture: 32767 pixels in one direction, or 2^26 of them.
 view::Rectangle PictureBounds(const RECT& bounds);
 

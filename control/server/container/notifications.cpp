@@ -37,7 +37,7 @@ void Notifications::TellSaved() {
 
 void Notifications::TellClosed() {
     TellAll(&IAdviseSink::OnClose);
-    // The picture's sink is told as well: a container may have no other.
+    // The picture's sink is notified as well: a container may have no other.
     if (const auto sink = view_.Sink) sink->OnClose();
 }
 

@@ -6,7 +6,7 @@
 
 namespace mavrin2::server {
 
-// Who wants to be told of the control's picture, of its being saved and of its end.
+// The sinks for changes of the control's picture, for saving and for closing.
 class Notifications {
 public:
     struct Connection {

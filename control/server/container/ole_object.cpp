@@ -97,7 +97,7 @@ STDMETHODIMP OleObject::DoVerb(LONG verb, MSG*, IOleClientSite*, LONG, HWND, LPC
                 activation_.Hide();
                 return S_OK;
             case OLEIVERB_DISCARDUNDOSTATE:
-                return S_OK;  // there is none that the container could bring back
+                return S_OK;  // the control keeps no state for the container's undo
             default: {
                 if (verb < 0) return E_NOTIMPL;
                 const HRESULT status = activation_.Activate(true);

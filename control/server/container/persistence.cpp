@@ -53,7 +53,7 @@ STDMETHODIMP StreamPersistence::IsDirty() {
 STDMETHODIMP StreamPersistence::Load(IStream* stream) {
     return Run([&]() -> HRESULT {
         if (!stream) return E_POINTER;
-        // Written by a later version, in a way that nobody knows yet.
+        // Written by a later version in an unknown format.
         if (ReadNumber(*stream) > kFormat) return E_FAIL;
         const LONG width = ToExtent(ReadNumber(*stream));
         const LONG height = ToExtent(ReadNumber(*stream));

@@ -27,7 +27,7 @@ HRESULT Check(const FORMATETC* format) {
     return (format->tymed & kBitmap.tymed) != 0 ? S_OK : DV_E_TYMED;
 }
 
-// What stands before the pixels of a device-independent bitmap; rows follow from the bottom.
+// The header of a device-independent bitmap; its rows follow, bottom row first.
 struct BitmapHeader {
     std::uint32_t Size = sizeof(BitmapHeader);
     std::int32_t Width = 0;

@@ -100,7 +100,7 @@ std::uint32_t BitsAt(const LittleEndian& file, std::size_t row, std::size_t x, s
     return file.Read(row + x * bits / 8, 1) >> shift & ((1U << bits) - 1);
 }
 
-// 0xAARRGGBB as it is in the file; alpha is 0 where there is none.
+// 0xAARRGGBB as it is in the file; alpha is 0 in files without it.
 std::uint32_t PixelAt(const LittleEndian& file, const Bitmap& bitmap, std::size_t row,
                       std::size_t x) {
     if (bitmap.Bits == 32) return file.Long(row + x * 4);

@@ -30,7 +30,7 @@ private:
     const Scene& scene_;
 };
 
-// The strip that stands for the whole document, with the visible range in it, and the lines between
+// The strip that represents the whole document, with the visible range in it, and the lines between
 // two lanes.
 class OverviewBarPainter {
 public:

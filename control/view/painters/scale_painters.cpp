@@ -56,7 +56,7 @@ void TimeScalePainter::DrawLabel(Surface& surface, std::int32_t x, const std::st
     const platform::Font& font = scene_.ScaleXFont;
     const Rectangle& wave = scene_.Area.WaveArea;
     const std::int32_t half = font.Measure(label).Width / 2;
-    // The unit stands at the left.
+    // The unit is at the left.
     if (wave.Left + x + half >= surface.Width() - 3) return;
     if (wave.Left + x - half <= 1 + font.Measure("smpl").Width) return;
     font.Draw(surface.AsPixels(), wave.Left + x - half, wave.Bottom + 4 + scene_.Area.TimeScale / 3,
@@ -204,7 +204,7 @@ void UnitLabelPainter::Draw(Surface& surface) const {
         scene_.ScaleXFont.Draw(surface.AsPixels(), 3, wave.Bottom + 4 + area.TimeScale / 3,
                                scene_.ScaleX.Type == 2 ? "hms" : "smpl", color);
     if (!scene_.ScaleY.Visible || area.LevelScale <= 0) return;
-    // Above its scale, wherever that stands.
+    // Above its scale, on either side.
     const std::int32_t left = scene_.LevelScaleLeft() ? wave.Left - area.LevelScale
                                                       : wave.Right + 6 + area.LevelScale / 5;
     scene_.ScaleYFont.Draw(surface.AsPixels(), left, wave.Top - area.OverviewBar - 5, LevelUnit(),

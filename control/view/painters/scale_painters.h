@@ -33,7 +33,7 @@ public:
     void Draw(Surface& surface) const;
 
 private:
-    // Rows that one lane's labels stand between.
+    // Rows between which one lane's labels are placed.
     struct LabelLane {
         std::int32_t Top, Bottom;
     };

@@ -100,7 +100,7 @@ void WaveformPainter::DrawCurve(Surface& surface, Columns columns, Pixel color) 
     for (std::int32_t x = std::max(columns.First, 1); x < end; ++x) {
         const Offset from = Clipped(RawOffset(curve_[static_cast<std::size_t>(x - 1)]));
         const Offset to = Clipped(RawOffset(curve_[static_cast<std::size_t>(x)]));
-        // What lies beyond the edge is not drawn along it.
+        // Points beyond the edge are not drawn along it.
         if ((from.Clipped || to.Clipped) && from.Value == to.Value) continue;
         surface.Slope(lane_.Left + x - 1, middle_ - from.Value, middle_ - to.Value, color);
     }

@@ -13,7 +13,7 @@ class OutputFile {
 public:
     explicit OutputFile(const std::filesystem::path& target);
 
-    // Where to write: a file of that name in a folder of its own, not there at first.
+    // Where to write: a file of that name in a private folder; initially missing.
     const std::filesystem::path& Path() const { return staged_->Path(); }
 
     // An older file at the target is untouched if this fails.

@@ -20,8 +20,8 @@ namespace {
 
 using ClassObjectGetter = decltype(&DllGetClassObject);
 
-// The modules of this process. None is ever unloaded: objects and threads of theirs may be alive,
-// and nobody could tell.
+// The modules of this process. None is ever unloaded: objects and threads of theirs may
+// be alive unnoticed.
 class Modules {
 public:
     HRESULT Load(const std::string& path, ClassObjectGetter& getter) {

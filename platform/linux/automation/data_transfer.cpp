@@ -41,7 +41,7 @@ void ReleaseStgMedium(STGMEDIUM* medium) {
     if (kind == TYMED_ISTREAM && medium->pstm != nullptr) medium->pstm->Release();
     if (kind == TYMED_ISTORAGE && medium->pstg != nullptr) medium->pstg->Release();
     if (medium->pUnkForRelease != nullptr) {
-        // Whoever rendered the data keeps it.
+        // The source of the data keeps it.
         medium->pUnkForRelease->Release();
     } else if (kind == TYMED_HGLOBAL) {
         GlobalFree(medium->hGlobal);

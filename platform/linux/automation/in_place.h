@@ -2,7 +2,7 @@
 
 #include "platform/linux/automation/embedding.h"
 
-// An object that is active where it stands, in a window inside its container's.
+// An object that is active in place, in a window inside its container's.
 
 struct IDropTarget;
 struct IOleInPlaceActiveObject;

@@ -24,7 +24,7 @@ struct Signed {
     bool Negative = false;
 };
 
-// Takes off one sign, wherever it stands.
+// Removes one sign, leading or trailing.
 Signed SplitSign(std::u16string_view text) {
     if (text.empty()) return {text};
     if (text.size() > 2 && text.front() == u'(' && text.back() == u')') {
@@ -48,7 +48,7 @@ std::optional<WideNumber> ParseInteger(std::string_view digits, int base) {
 }
 
 std::optional<WideNumber> ParseDecimal(std::string_view digits) {
-    // Keeps names such as "inf" from the parser, and tells too large from too small.
+    // Keeps names such as "inf" from the parser; distinguishes too large from too small.
     if (digits.find_first_not_of("0123456789.eE+-") != std::string_view::npos) return {};
     WideNumber value = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);

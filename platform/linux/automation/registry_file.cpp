@@ -139,7 +139,7 @@ HRESULT RegistryFile::Update(const std::function<HRESULT(RegistryText&)>& change
     if (!lock) return WriteFailure(LastError());
 
     const auto present = Read();
-    // Unreadable is not empty: what stands there must not be lost.
+    // Unreadable is not empty: the contents must not be lost.
     if (!present && ::access(path_.c_str(), F_OK) == 0) return REGDB_E_READREGDB;
     RegistryText text = present ? *present : RegistryText();
     const HRESULT changed = change(text);

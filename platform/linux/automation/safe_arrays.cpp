@@ -44,7 +44,7 @@ USHORT FeaturesOf(VARTYPE type) {
     }
 }
 
-// How the elements are to be treated, also in a descriptor that somebody else made.
+// How to treat the elements, also in a descriptor made by other code.
 VARTYPE TypeOf(SAFEARRAY* array) {
     if ((array->fFeatures & FADF_HAVEVARTYPE) != 0) return static_cast<VARTYPE>(StoredType(array));
     if ((array->fFeatures & FADF_BSTR) != 0) return VT_BSTR;

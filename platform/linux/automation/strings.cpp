@@ -7,7 +7,7 @@
 
 namespace {
 
-// The length stands in the last four of these bytes; the others keep the characters aligned.
+// The last four of these bytes are the length; the others keep the characters aligned.
 constexpr std::size_t PrefixSize = 8;
 // One character that ends the string, and a byte that completes an odd size.
 constexpr std::size_t SuffixSize = sizeof(OLECHAR) + 1;

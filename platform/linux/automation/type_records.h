@@ -228,7 +228,7 @@ inline constexpr WORD DISPATCH_PROPERTYGET = 0x2;
 inline constexpr WORD DISPATCH_PROPERTYPUT = 0x4;
 inline constexpr WORD DISPATCH_PROPERTYPUTREF = 0x8;
 
-// Arguments stand last first; the named ones come before the others.
+// Arguments are in reverse order; the named ones come before the others.
 struct DISPPARAMS {
     VARIANTARG* rgvarg;
     DISPID* rgdispidNamedArgs;

@@ -65,7 +65,7 @@ using LPOLESTR = OLECHAR*;
 using LPCOLESTR = const OLECHAR*;
 #define OLESTR(text) u##text
 
-// Characters behind a 32-bit length in bytes, terminated by a zero that the length leaves out. A
+// Characters after a 32-bit length in bytes, terminated by a zero that the length leaves out. A
 // null BSTR is the empty string. Made and freed by the Sys… functions only.
 using BSTR = OLECHAR*;
 

@@ -14,7 +14,7 @@ constexpr VARTYPE Plain(VARTYPE type) {
     return type & VT_TYPEMASK;
 }
 
-// Makes a bitwise copy of a variant that is no reference into one with things of its own.
+// Makes a bitwise copy of a variant that is no reference own its contents.
 HRESULT OwnCopiedVariant(VARIANT& copy) {
     if ((copy.vt & VT_ARRAY) != 0) {
         SAFEARRAY* const source = copy.parray;
@@ -34,7 +34,7 @@ HRESULT Replace(VARIANT* target, VARIANT& fresh) {
     return S_OK;
 }
 
-// The value behind a reference to anything but a variant, still owned by its owner.
+// The target of a reference to anything but a variant, still owned by its owner.
 VARIANT Behind(const VARIANT& reference) {
     VARIANT value = {};
     value.vt = reference.vt & ~VT_BYREF;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* AccessList = "system.posix_acl_access";
 
-// Set by the system for every file; often nobody but the superuser may.
+// Set by the system for every file; often only the superuser may.
 bool IsSystemLabel(std::string_view name) {
     return name.starts_with("security.") || name.starts_with("trusted.");
 }

@@ -8,12 +8,12 @@
 
 namespace mavrin2::dusoro {
 
-// A file of ours opened by one of FFmpeg's demuxers. Nothing that stands in the file makes it open
+// A file of ours opened by one of FFmpeg's demuxers. Nothing written in the file makes it open
 // another one: playlists and references to other files lead nowhere.
 class AvInput {
 public:
-    // Finds the demuxer by content, and only where that tells nothing by the name's extension.
-    // Null when there is none or it does not accept the file.
+    // Finds the demuxer by content, and where that is inconclusive by the name's extension.
+    // Null when none is found or it does not accept the file.
     static std::unique_ptr<AvInput> Open(std::shared_ptr<platform::File> file,
                                          const std::string& extension);
 

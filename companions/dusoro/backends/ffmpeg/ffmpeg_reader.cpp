@@ -10,10 +10,10 @@
 namespace mavrin2::dusoro {
 namespace {
 
-// Demuxers that stumble over damage usually stand behind it at the next call.
+// Demuxers that stumble over damage have usually passed it at the next call.
 constexpr int kMostErrorsInARow = 64;
 
-// How many sample frames a packet tells the decoder to drop from its beginning.
+// Number of sample frames that the decoder is to drop from a packet's beginning.
 std::int64_t SkipOf(const AVPacket& packet) {
     std::size_t size = 0;
     const std::uint8_t* data = av_packet_get_side_data(&packet, AV_PKT_DATA_SKIP_SAMPLES, &size);
@@ -22,7 +22,7 @@ std::int64_t SkipOf(const AVPacket& packet) {
            static_cast<std::int64_t>(data[3]) << 24;
 }
 
-// Takes back what the demuxer tells to drop from the end of a packet.
+// Cancels what the demuxer asks to drop from the end of a packet.
 void ForgetPadding(AVPacket& packet) {
     std::size_t size = 0;
     std::uint8_t* data = av_packet_get_side_data(&packet, AV_PKT_DATA_SKIP_SAMPLES, &size);
@@ -58,7 +58,7 @@ SoundError FfmpegReader::OpenDecoder() {
     if (input_->IsDemuxer("ogg")) {
         chained_ = IsChainedOgg(input_->File());
         // The demuxer drops a whole packet too many when the last one ends with the sound. The last
-        // page tells the length all the same, and nothing behind it is delivered.
+        // page states the length all the same, and nothing after it is delivered.
         endsByLength_ = !chained_;
     }
     const AVCodec* codec = nullptr;
@@ -83,7 +83,7 @@ SoundError FfmpegReader::OpenDecoder() {
     return SoundError::None;
 }
 
-// Decodes the first frame: only that proves that the file can be read, and tells the rate and the
+// Decodes the first frame: only that proves that the file can be read, and gives the rate and the
 // channels of codings whose headers understate them.
 SoundError FfmpegReader::Start() {
     const bool any = NextFrame();

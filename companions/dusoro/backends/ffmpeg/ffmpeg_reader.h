@@ -37,7 +37,7 @@ private:
     std::size_t rendered_ = 0;  // sample frames of frame_
     std::int64_t skipped_ = 0;  // sample frames that the decoder drops at the beginning
     std::int64_t left_ = std::numeric_limits<std::int64_t>::max();  // sample frames to deliver
-    bool chained_ = false;       // an Ogg file with streams one behind the other
+    bool chained_ = false;       // an Ogg file of consecutive streams
     bool endsByLength_ = false;  // what the demuxer says about padding is not passed on
     bool begun_ = false;         // the first packet has been read
     bool draining_ = false;      // the last packet has been read

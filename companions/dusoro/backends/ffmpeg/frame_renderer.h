@@ -17,7 +17,7 @@ public:
     FrameRenderer& operator=(const FrameRenderer&) = delete;
     ~FrameRenderer() { av_channel_layout_uninit(&layout_); }
 
-    // `count` sample frames of `frame` from `first` on. False for samples of a type that nobody
+    // `count` sample frames of `frame` from `first` on. False for samples of a type that no decoder
     // decodes to.
     bool Render(const AVFrame& frame, std::size_t first, std::size_t count, std::int16_t* out);
 

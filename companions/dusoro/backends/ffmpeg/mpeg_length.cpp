@@ -52,9 +52,9 @@ std::int64_t FindFrame(FileWindow& window, std::int64_t offset, std::int64_t lim
 }
 
 struct Tag {
-    std::int64_t MpegFrames = 0;  // 0: not told
-    std::int64_t Bytes = 0;       // 0: not told
-    std::int64_t Delay = -1;      // of the encoder; -1: not told
+    std::int64_t MpegFrames = 0;  // 0: unknown
+    std::int64_t Bytes = 0;       // 0: unknown
+    std::int64_t Delay = -1;      // of the encoder; -1: unknown
     std::int64_t Padding = 0;
 };
 
@@ -86,7 +86,7 @@ std::optional<Tag> ReadTag(FileWindow& window, std::int64_t offset, const MpegHe
     return tag;
 }
 
-// Files that were put one behind the other begin with the tag of the first, and a damaged tag may
+// Files that were joined begin with the tag of the first, and a damaged tag may
 // tell any number.
 bool TagFits(const Tag& tag, std::int64_t bytes) {
     constexpr std::int64_t kLongestFrame = 1732;

@@ -8,8 +8,8 @@
 namespace mavrin2::dusoro {
 
 struct MpegLength {
-    std::int64_t Frames = 0;  // sample frames behind what the decoder drops
-    bool Exact = false;       // the file tells the encoder's delay and padding
+    std::int64_t Frames = 0;  // sample frames after those the decoder drops
+    bool Exact = false;       // the file states the encoder's delay and padding
 };
 
 // The length of an MPEG audio file (layers I to III without a container): from the tag in its first

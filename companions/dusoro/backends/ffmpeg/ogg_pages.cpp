@@ -12,7 +12,7 @@ bool IsChainedOgg(platform::File& file) {
     constexpr std::uint8_t kFirstOfStream = 2;
     FileWindow window(file);
     std::int64_t offset = 0;
-    bool begun = false;  // all streams that lie beside each other have begun
+    bool begun = false;  // all parallel streams have begun
     while (const std::uint8_t* header = window.At(offset, kHeader)) {
         if (std::memcmp(header, "OggS", 5) != 0) return false;
         const bool first = (header[5] & kFirstOfStream) != 0;

@@ -4,8 +4,8 @@
 
 namespace mavrin2::dusoro {
 
-// Whether an Ogg file holds several streams one behind the other, as some radio stations and `cat`
-// make them: its last page tells the length of the last one only. Looks at the pages' headers, up
+// Whether an Ogg file consists of consecutive streams, as some radio stations and `cat`
+// make them: its last page states the length of the last one only. Looks at the pages' headers, up
 // to the first that is not where it should be.
 bool IsChainedOgg(platform::File& file);
 

@@ -57,7 +57,7 @@ std::optional<std::int64_t> LengthInComment(const AVFormatContext& context) {
     return static_cast<std::int64_t>(length);
 }
 
-// Where an edit list tells what to leave out, it counts in steps of the whole film's clock, often
+// Where an edit list says what to leave out, it counts in steps of the whole film's clock, often
 // thousandths of a second. The media's own duration is exact: it is taken when it says the same.
 StreamLength MeasureMp4(const AvInput& input, const AVStream& stream, std::int32_t rate,
                         std::int64_t skipped) {

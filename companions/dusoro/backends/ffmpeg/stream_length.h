@@ -8,7 +8,7 @@ namespace mavrin2::dusoro {
 
 struct StreamLength {
     std::int64_t Frames = 0;
-    // The file tells where its sound ends: what decoders deliver behind that is padding.
+    // The file says where its sound ends: what decoders deliver after that is padding.
     bool Exact = false;
 };
 

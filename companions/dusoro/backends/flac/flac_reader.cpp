@@ -16,7 +16,7 @@ Outcome<std::unique_ptr<SoundReader>> FlacReader::Open(std::shared_ptr<platform:
     if (!reader->decoder_) return SoundError::Memory;
     if (!reader->Start()) return SoundError::FormatFile;
     reader->Describe(bytes);
-    // A description without any sound behind it is a damaged file, unless it tells that itself.
+    // A description without any sound after it is a damaged file, unless it says so itself.
     while (reader->rest_.empty() && reader->DecodeFrame()) {
     }
     if (reader->rest_.empty() && reader->info_->total_samples > 0) return SoundError::FormatFile;

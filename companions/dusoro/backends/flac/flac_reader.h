@@ -56,7 +56,7 @@ private:
     std::optional<DownMix> downMix_;
     std::vector<float> gathered_;
 
-    // A decoded frame goes to the caller's room as far as that reaches; the rest waits.
+    // A decoded frame fills what is left of the caller's buffer; the rest waits.
     std::span<std::int16_t> room_;
     std::vector<std::int16_t> rest_;
     std::size_t restTaken_ = 0;

@@ -10,11 +10,11 @@ namespace {
 
 constexpr std::size_t kBlockFrames = 18'432;  // 16 frames of MPEG
 
-// The library's messages are for whoever debugs it.
+// The library's messages are for debugging it.
 void Quiet(const char*, va_list) {}
 
 // kbit/s at a constant rate: transparent for most ears at the full rate, in proportion below, and
-// never so little that the frames could not hold the tag that tells the length.
+// never so little that the frames could not hold the tag that states the length.
 int BitRateFor(PcmFormat format) {
     const bool stereo = format.Channels == 2;
     if (format.Rate >= 32000) return stereo ? 192 : 96;
@@ -40,7 +40,7 @@ Outcome<std::unique_ptr<SoundWriter>> LameWriter::Create(platform::File& file,
     lame_set_mode(flags, channels == 2 ? JOINT_STEREO : MONO);
     lame_set_brate(flags, bitRate);
     lame_set_quality(flags, 5);
-    // The frame in front that tells readers the exact length.
+    // The frame in front from which readers know the exact length.
     lame_set_bWriteVbrTag(flags, 1);
     lame_set_write_id3tag_automatic(flags, 0);
     if (lame_init_params(flags) < 0) return SoundError::FormatNotSupported;

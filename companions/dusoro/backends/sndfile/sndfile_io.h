@@ -13,10 +13,11 @@ namespace mavrin2::dusoro {
 struct SndfileStream {
     platform::File* File = nullptr;
     std::int64_t Position = 0;
-    // A write has failed. libsndfile is not told: it leaks when a file cannot even be begun.
+    // A write has failed. It is hidden from libsndfile, which leaks when a file cannot even be
+    // begun.
     bool Failed = false;
 
-    // Opens this stream in `mode`; null when libsndfile refuses, and sf_error(nullptr) tells why.
+    // Opens this stream in `mode`; null when libsndfile refuses, and sf_error(nullptr) says why.
     // The stream stays where it is as long as the handle lives.
     SNDFILE* Open(int mode, SF_INFO& info);
 };

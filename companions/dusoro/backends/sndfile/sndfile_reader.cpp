@@ -13,7 +13,7 @@ namespace {
 
 // Converted while it is in the cache.
 constexpr std::size_t kBlockValues = 16384;
-// A header may claim 1024; nobody places that many loudspeakers, and each needs its room in a
+// A header may claim 1024; no one has that many loudspeakers, and each needs its room in a
 // block.
 constexpr int kMostChannels = 256;
 

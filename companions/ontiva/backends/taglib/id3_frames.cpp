@@ -63,7 +63,7 @@ private:
         if (version_ == 2) return Number(bytes_, 2) & 0xFFFFFF;
         const std::uint32_t plain = Number(bytes_, 4);
         if (version_ == 3) return plain;
-        // Some programs write sizes of version 2.4 as in 2.3: then the next frame tells.
+        // Some programs write sizes of version 2.4 as in 2.3: then the next frame shows it.
         const std::uint32_t sevenBits = FromSevenBits(plain);
         if ((plain & 0x80808080U) != 0) return plain;
         if (plain == sevenBits || IsFrameAfter(sevenBits) || !IsFrameAfter(plain)) return sevenBits;
@@ -197,7 +197,7 @@ Id3Frames::Id3Frames(std::string_view bytes) {
         Complete = Complete && frame;
         if (frame) Tag.addFrame(frame.release());
     }
-    // Day and month are frames of their own in older versions.
+    // Day and month are separate frames in older versions.
     Tag.header()->setMajorVersion(static_cast<unsigned int>(Version));
     id3::FrameFactory::instance()->rebuildAggregateFrames(&Tag);
     for (const char* part : {"TDAT", "TIME"})

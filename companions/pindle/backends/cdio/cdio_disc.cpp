@@ -7,7 +7,7 @@
 namespace mavrin2::pindle {
 namespace {
 
-// The library tells what happens through a function without data of its caller's.
+// The library logs through a function that gets no data from its caller.
 thread_local bool sectorLost = false;
 
 void OnEvent(long, paranoia_cb_mode_t event) {
