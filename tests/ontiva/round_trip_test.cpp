@@ -73,6 +73,15 @@ TEST_P(EachKind, HoldsManyMarkers) {
     EXPECT_EQ(ReadInfo(WithInfo(Sound(), info)).Markers, info.Markers);
 }
 
+TEST_P(EachKind, IsReadWithoutItsSound) {
+    SoundInfo info;
+    info.Markers = {{5, 0, "marker", "", "", {}}};
+    BytesFile file(WithInfo(Sound(1000000), info));
+    EditedFile edited(file);
+    EXPECT_EQ(FormatOf(edited, kLibraries)->Read(edited).Markers, info.Markers);
+    EXPECT_LE(file.BytesRead, 256U << 10);
+}
+
 INSTANTIATE_TEST_SUITE_P(Tags, EachKind, testing::ValuesIn(kKinds),
                          [](const auto& tested) { return tested.param.Name; });
 
