@@ -16,7 +16,7 @@ bool DocumentFilling::Begin(Bytes expected) {
     presentation_.Observer.BeginLoading(expected_);
     document_.Channels.Recount(document_.Format.Channels);
     presentation_.View.FormatChanged();
-    return true;
+    return ticket_.IsCurrent();
 }
 
 bool DocumentFilling::Append(std::span<const std::int16_t> samples) {

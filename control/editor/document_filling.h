@@ -23,7 +23,8 @@ public:
     DocumentFilling(const DocumentFilling&) = delete;
     DocumentFilling& operator=(const DocumentFilling&) = delete;
 
-    // Creates the file in the document's format, for a source that promises this length.
+    // Creates the file in the document's format, for a source that promises this length. False
+    // also when a host has overtaken the operation.
     bool Begin(Bytes expected);
     bool Append(std::span<const std::int16_t> samples);
     // Samples appended so far, relative to what was promised: 0 … 1, more if there were more.
