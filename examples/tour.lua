@@ -119,7 +119,7 @@ print("\nSaving into a folder that is not there, which cannot go well. The contr
 local saved, failure = pcall(function()
   editor:Save(results .. "/no such folder/tour.wav", false)
 end)
-assert(not saved, "the folder is there after all")
+assert(not saved, "the folder exists after all")
 say("  status 0x%08X: %s", failure.status, failure.description)
 
 events:close()

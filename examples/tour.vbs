@@ -122,5 +122,5 @@ editor.Close
 Say ""
 Say "The end. Listen to " & results & "/tour.wav: a piece is gone, and the beginning comes again."
 
-' An error above ends a script early, and not every host says so: who runs this can ask for 42.
+' An error above ends a script early, and not every host reports it: a caller can check for 42.
 WScript.Quit 42

@@ -5,7 +5,7 @@
 
 namespace mavrin2::platform {
 
-// Memory for blocks of sound, which is asked for in large pieces and may be refused. Used on one
+// Memory for blocks of sound, which is allocated in large pieces and may be refused. Used on one
 // thread.
 class BlockMemory {
 public:

@@ -21,7 +21,7 @@ public:
 };
 
 // The target for a handle of the system, which has to live as long; null for a null handle. Its
-// coordinates are pixels: what a host has set up for drawing in other units is put aside meanwhile.
+// coordinates are pixels: what a host has set up for drawing in other units is suspended meanwhile.
 std::unique_ptr<DrawingTarget> TargetOf(HDC handle);
 
 // The pixels that a rectangle in the host's own units covers, asked before the target is taken. As

@@ -5,8 +5,8 @@
 
 namespace mavrin2::platform {
 
-// What an object that hosts set tells of its font: one of the system's own, or any with members of
-// the same names. What it does not tell, and all of it for null, is as in FontDescription().
+// What an object set by a host says about its font: one of the system's, or any with members of
+// the same names. What it leaves out, and all of it for null, is as in FontDescription().
 FontDescription DescriptionOf(IUnknown* font);
 
 // A font object with these values.

@@ -5,7 +5,7 @@
 namespace mavrin2::platform {
 
 // Tells whether another control is alive, in this process or any other process of this user,
-// whatever that process's environment says of temporary folders. Each control holds one for its
+// whatever temporary folder its environment sets. Each control holds one for its
 // life; a crash frees it. No other user can hold, take or block it.
 class InstanceLock {
 public:

@@ -6,7 +6,7 @@
 namespace mavrin2::contracts {
 
 // The information companion: tags and markers in sound files. It holds those of one file at a time,
-// which ReadInfo replaces, a caller edits and WriteInfo writes to a file that is there.
+// which ReadInfo replaces, a caller edits and WriteInfo writes to an existing file.
 //
 // Texts that are given out become the caller's. A text property that is read has all its values,
 // joined by "; "; one that is put replaces them, and an empty one removes the field. What ReadInfo

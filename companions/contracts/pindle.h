@@ -30,7 +30,7 @@ struct IPindleCD2 : public IDispatch {
     // From 1. Fails for a number without a drive, and selects nothing then.
     virtual HRESULT STDMETHODCALLTYPE put_DriveNum(SHORT number) = 0;
     // The drive part of the paths of the disc's tracks: "D:", or on Linux a device, the folder
-    // where it is mounted, or a disc image. A drive with two names is there twice.
+    // where it is mounted, or a disc image. A drive with two names is listed twice.
     virtual HRESULT STDMETHODCALLTYPE get_DriveName(BSTR* name) = 0;
     // 0 reads with verification until the samples are right, anything else as fast as possible.
     virtual HRESULT STDMETHODCALLTYPE put_ReadMode(LONG mode) = 0;
@@ -44,12 +44,12 @@ struct IPindleCD2 : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE get_TrackSizeFactor2(LONG* values) = 0;
     // `first` is the sector of the track that is read first.
     virtual HRESULT STDMETHODCALLTYPE StartReading(LONG first) = 0;
-    // `status` is 0 if the track can be read: it is there and has sound.
+    // `status` is 0 if the track can be read: it exists and has sound.
     virtual HRESULT STDMETHODCALLTYPE PrepareTrack(LONG* status) = 0;
     virtual HRESULT STDMETHODCALLTYPE StopReading() = 0;
     // The next `count` sectors, fewer at the end, an array without elements after it. The array
     // becomes the caller's. `read` is the number of sectors, `status` 0 for success; after another
-    // one the same sectors can be asked for again.
+    // one the same sectors can be requested again.
     virtual HRESULT STDMETHODCALLTYPE ReadBlock(LONG count, SAFEARRAY** samples, LONG* read,
                                                 LONG* status) = 0;
 };

@@ -43,7 +43,7 @@ inline constexpr GUID ID_TrimConstants = ControlId(0x2004);
 inline constexpr GUID ID_MousePointerConstants = ControlId(0x2005);
 
 // Dispatch identifiers were planned for all members at once, so that none changes when a member
-// arrives. A member to come of an interface that is there already is reserved in its virtual
+// arrives. A future member of an existing interface is reserved in its virtual
 // table, with its identifier; of the events, 10, 15 and 17 stay free. Interfaces to come:
 //
 //   IMavrin2Device       1 … 3, 5 … 9

@@ -18,7 +18,7 @@ namespace mavrin2::script {
 std::string MarkerLines(std::span<const FileMarker> markers, std::int32_t rate);
 
 // The markers of a list. Empty lines, and those that begin with a backslash and say more of the one
-// before, are skipped. One that is also among `present` keeps what the list does not tell. Throws
+// before, are skipped. One that is also among `present` keeps what the list leaves out. Throws
 // Failure, called after `name`, for a line that is not a marker.
 std::vector<FileMarker> ReadMarkerList(std::istream& list, const std::string& name,
                                        std::int32_t rate, std::span<const FileMarker> present);

@@ -12,7 +12,7 @@
 namespace mavrin2::script {
 namespace {
 
-// The control writes every extension that it does not know in one telephone format. On a command
+// The control writes every unknown extension in one telephone format. On a command
 // line that is a typing error.
 constexpr std::string_view kExtensions[] = {".wav", ".aif",  ".aiff", ".flac", ".ogg",
                                             ".oga", ".opus", ".mp3",  ".vox"};
