@@ -96,7 +96,17 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2>() {
                 124, "TypeBorder", "Border of the control, 0 ... 3; others are flat")
             .Property<&I::get_TypeView, &I::put_TypeView>(
                 125, "TypeView", "What the lanes show; changes only while idle")
-            .Reserved(10)
+            .Property<&I::get_MarkerBarEnabled, &I::put_MarkerBarEnabled>(
+                126, "MarkerBarEnabled", "Dotted lines at the starts and ends of markers")
+            .Property<&I::get_MarkerBackgroundEnabled, &I::put_MarkerBackgroundEnabled>(
+                127, "MarkerBackgroundEnabled", "Shades markers that have a length")
+            .Property<&I::get_MarkerToolTipEnabled, &I::put_MarkerToolTipEnabled>(
+                128, "MarkerToolTipEnabled", "Shows the label of the marker under the mouse")
+            .Property<&I::get_MarkerMouseEventEnabled, &I::put_MarkerMouseEventEnabled>(
+                129, "MarkerMouseEventEnabled", "A double click makes or deletes a marker")
+            .Property<&I::get_MarkerBitmapType, &I::put_MarkerBitmapType>(
+                130, "MarkerBitmapType",
+                "1 or more: markers in their own colours; otherwise in CueMarker and RangeMarker")
             .Property<&I::get_MousePointer, &I::put_MousePointer>(
                 131, "MousePointer", "The mouse's pointer; vbCustom is that of MouseCustom")
             .Property<&I::get_MouseCustom, &I::put_MouseCustom>(132, "MouseCustom",

@@ -121,11 +121,21 @@ struct IMavrin2 : public IDispatch {
     // Nothing changes while the control is busy.
     virtual HRESULT STDMETHODCALLTYPE get_TypeView(TypeViewConstants* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_TypeView(TypeViewConstants Value) = 0;
-    MAVRIN2_RESERVED_PROPERTY(MarkerBarEnabled, 126)
-    MAVRIN2_RESERVED_PROPERTY(MarkerBackgroundEnabled, 127)
-    MAVRIN2_RESERVED_PROPERTY(MarkerToolTipEnabled, 128)
-    MAVRIN2_RESERVED_PROPERTY(MarkerMouseEventEnabled, 129)
-    MAVRIN2_RESERVED_PROPERTY(MarkerBitmapType, 130)
+    // What is shown of markers: dotted lines at their starts and ends; the background of those with
+    // a length; the label of the one under the mouse. Kept as written; 1 at first.
+    virtual HRESULT STDMETHODCALLTYPE get_MarkerBarEnabled(SHORT* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_MarkerBarEnabled(SHORT Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_MarkerBackgroundEnabled(SHORT* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_MarkerBackgroundEnabled(SHORT Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_MarkerToolTipEnabled(SHORT* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_MarkerToolTipEnabled(SHORT Value) = 0;
+    // Whether a double click makes or deletes a marker.
+    virtual HRESULT STDMETHODCALLTYPE get_MarkerMouseEventEnabled(SHORT* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_MarkerMouseEventEnabled(SHORT Value) = 0;
+    // 1 or more: markers have colours of their own. Otherwise cues have CueMarker, those with a
+    // length RangeMarker of Colors.
+    virtual HRESULT STDMETHODCALLTYPE get_MarkerBitmapType(SHORT* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_MarkerBitmapType(SHORT Value) = 0;
     // The mouse's pointer where the control sets none itself; vbCustom is that of the cursor
     // file MouseCustom. The arrow for other values, which are kept, and where that file cannot be
     // read.

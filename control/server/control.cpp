@@ -321,6 +321,46 @@ STDMETHODIMP CMavrin2::put_TypeView(interfaces::TypeViewConstants Value) {
     return Run([&](DocumentEditor& editor) { editor.View.SetTypeView(Value); });
 }
 
+STDMETHODIMP CMavrin2::get_MarkerBarEnabled(SHORT* Value) {
+    return Read(Value, [&] { return parts_.Editor->MarkerView.Settings().BarEnabled; });
+}
+
+STDMETHODIMP CMavrin2::put_MarkerBarEnabled(SHORT Value) {
+    return Run([&](DocumentEditor& editor) { editor.MarkerView.SetBarEnabled(Value); });
+}
+
+STDMETHODIMP CMavrin2::get_MarkerBackgroundEnabled(SHORT* Value) {
+    return Read(Value, [&] { return parts_.Editor->MarkerView.Settings().BackgroundEnabled; });
+}
+
+STDMETHODIMP CMavrin2::put_MarkerBackgroundEnabled(SHORT Value) {
+    return Run([&](DocumentEditor& editor) { editor.MarkerView.SetBackgroundEnabled(Value); });
+}
+
+STDMETHODIMP CMavrin2::get_MarkerToolTipEnabled(SHORT* Value) {
+    return Read(Value, [&] { return parts_.Editor->MarkerView.Settings().ToolTipEnabled; });
+}
+
+STDMETHODIMP CMavrin2::put_MarkerToolTipEnabled(SHORT Value) {
+    return Run([&](DocumentEditor& editor) { editor.MarkerView.SetToolTipEnabled(Value); });
+}
+
+STDMETHODIMP CMavrin2::get_MarkerMouseEventEnabled(SHORT* Value) {
+    return Read(Value, [&] { return parts_.Editor->MarkerView.Settings().MouseEventEnabled; });
+}
+
+STDMETHODIMP CMavrin2::put_MarkerMouseEventEnabled(SHORT Value) {
+    return Run([&](DocumentEditor& editor) { editor.MarkerView.SetMouseEventEnabled(Value); });
+}
+
+STDMETHODIMP CMavrin2::get_MarkerBitmapType(SHORT* Value) {
+    return Read(Value, [&] { return parts_.Editor->MarkerView.Settings().BitmapType; });
+}
+
+STDMETHODIMP CMavrin2::put_MarkerBitmapType(SHORT Value) {
+    return Run([&](DocumentEditor& editor) { editor.MarkerView.SetBitmapType(Value); });
+}
+
 STDMETHODIMP CMavrin2::get_MousePointer(interfaces::MousePointerConstants* Value) {
     return Read(Value, [&] {
         return static_cast<interfaces::MousePointerConstants>(

@@ -76,6 +76,16 @@ public:
     STDMETHODIMP put_TypeBorder(SHORT Value) override;
     STDMETHODIMP get_TypeView(interfaces::TypeViewConstants* Value) override;
     STDMETHODIMP put_TypeView(interfaces::TypeViewConstants Value) override;
+    STDMETHODIMP get_MarkerBarEnabled(SHORT* Value) override;
+    STDMETHODIMP put_MarkerBarEnabled(SHORT Value) override;
+    STDMETHODIMP get_MarkerBackgroundEnabled(SHORT* Value) override;
+    STDMETHODIMP put_MarkerBackgroundEnabled(SHORT Value) override;
+    STDMETHODIMP get_MarkerToolTipEnabled(SHORT* Value) override;
+    STDMETHODIMP put_MarkerToolTipEnabled(SHORT Value) override;
+    STDMETHODIMP get_MarkerMouseEventEnabled(SHORT* Value) override;
+    STDMETHODIMP put_MarkerMouseEventEnabled(SHORT Value) override;
+    STDMETHODIMP get_MarkerBitmapType(SHORT* Value) override;
+    STDMETHODIMP put_MarkerBitmapType(SHORT Value) override;
     STDMETHODIMP get_MousePointer(interfaces::MousePointerConstants* Value) override;
     STDMETHODIMP put_MousePointer(interfaces::MousePointerConstants Value) override;
     STDMETHODIMP get_MouseCustom(BSTR* Value) override;

@@ -6,6 +6,7 @@
 #include "control/editor/edit_operations.h"
 #include "control/editor/format_conversion.h"
 #include "control/editor/markers/marker_display_list.h"
+#include "control/editor/markers/marker_settings.h"
 #include "control/editor/positions.h"
 #include "control/editor/sample_arrays.h"
 #include "control/editor/services.h"
@@ -17,6 +18,8 @@
 #include "control/processing/transform_pipeline.h"
 #include "control/processing/transport.h"
 #include "control/view/document_picture.h"
+#include "control/view/marker_tooltip.h"
+#include "control/view/marker_view.h"
 #include "control/view/mouse/mouse_handler.h"
 #include "control/view/view_operations.h"
 #include "control/view/zoom.h"
@@ -31,6 +34,7 @@ struct ControlState {
     editor::PlayState Play;
     editor::SelectionColumns Selection;
     editor::DragState Drag;
+    editor::MarkerSettings MarkerSettings;
     editor::MarkerDisplayList MarkerDisplay;
     view::PictureSettings Picture;
     view::MouseSettings Mouse;
@@ -85,6 +89,8 @@ public:
     editor::UndoRedo UndoRedo;
     editor::Positions Positions;
     view::ViewOperations View;
+    view::MarkerView MarkerView;
+    view::MarkerTooltip MarkerTooltip;
     view::Zoom Zooming;
     view::MouseHandler Mouse;
     objects::CMavrin2Channel::Parts Channels;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "platform/drawing_target.h"
 #include "platform/pointer.h"
@@ -24,6 +25,9 @@ public:
     // While the mouse is captured, the control hears of it wherever it is.
     virtual void CaptureMouse(bool /*capture*/) {}
     virtual void SetPointer(const platform::Pointer& /*pointer*/) {}
+    // Inside a mouse event: the text, UTF-8, that appears when the mouse rests on this pixel of the
+    // control's own window.
+    virtual void SetTip(const std::string& /*text*/, int /*x*/, int /*y*/) {}
 };
 
 }  // namespace mavrin2::view

@@ -39,6 +39,17 @@ std::int32_t TimeScaleHeight(const LayoutInput& input) {
     return height > 0 ? height * 3 / 2 + 2 : 0;
 }
 
+// `whole`, or the half of it that is edited: up to `upperEnd`, or from `lowerStart` on.
+CursorRange EditedRows(const editor::ChannelSwitches& switches, std::int32_t channels,
+                       const CursorRange& whole, std::int32_t upperEnd, std::int32_t lowerStart) {
+    if (switches.VisibleCount < 1) return {};
+    const int only = OnlyOperationChannel(switches, channels);
+    if (only < 0) return whole;
+    if (switches.VisibleCount < 2)
+        return switches.Visible[static_cast<std::size_t>(only)] ? whole : CursorRange{};
+    return only == 0 ? CursorRange{whole.Top, upperEnd} : CursorRange{lowerStart, whole.Bottom};
+}
+
 }  // namespace
 
 void Geometry::Layout(const LayoutInput& input) {
@@ -108,14 +119,16 @@ int OnlyOperationChannel(const editor::ChannelSwitches& switches, std::int32_t c
 
 CursorRange CursorRangeOf(const Geometry& geometry, const editor::ChannelSwitches& switches,
                           std::int32_t channels) {
-    const CursorRange whole{0, geometry.WaveHeight};
-    if (switches.VisibleCount < 1) return {};
-    const int only = OnlyOperationChannel(switches, channels);
-    if (only < 0) return whole;
-    if (switches.VisibleCount < 2)
-        return switches.Visible[static_cast<std::size_t>(only)] ? whole : CursorRange{};
     const std::int32_t half = geometry.WaveHeight / 2;
-    return only == 0 ? CursorRange{0, half} : CursorRange{half + 5, geometry.WaveHeight};
+    return EditedRows(switches, channels, {0, geometry.WaveHeight}, half, half + 5);
+}
+
+CursorRange MarkerRangeOf(const Geometry& geometry, const editor::ChannelSwitches& switches,
+                          std::int32_t channels) {
+    const std::int32_t half = geometry.WaveHeight / 2;
+    const std::int32_t margin = geometry.LaneMargin;
+    return EditedRows(switches, channels, {margin + 1, geometry.WaveHeight - (margin + 2)}, half,
+                      half + 3);
 }
 
 void BusyWave::Fit(std::int32_t waveWidth) {

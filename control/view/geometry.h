@@ -58,6 +58,26 @@ struct ViewThumb {
 // `total` 0 or less: the whole bar.
 ViewThumb ComputeViewThumb(const Geometry& geometry, Bytes startView, Bytes endView, Bytes total);
 
+// Between positions in the document and columns of the overview bar.
+class BarMapping {
+public:
+    // Everything is at the bar's start when `total` is 0 or less.
+    BarMapping(const Geometry& geometry, Bytes total)
+        : left_(geometry.WaveArea.Left),
+          scale_(total > Bytes(0) ? geometry.WaveWidth / static_cast<double>(total.Count()) : 0) {}
+
+    // In the picture; outside of it, too, for positions outside the document.
+    std::int32_t ColumnOf(Bytes position) const {
+        constexpr double kFar = 1e9;
+        const double column = static_cast<double>(position.Count()) * scale_;
+        return left_ + static_cast<std::int32_t>(std::clamp(column, -kFar, kFar));
+    }
+
+private:
+    std::int32_t left_;
+    double scale_;
+};
+
 // Between positions in the document and columns of the wave area. The two ways are not exactly
 // inverse: ColumnToByte spreads the columns over one more frame.
 struct ColumnMapping {
@@ -118,6 +138,9 @@ struct CursorRange {
     std::int32_t Bottom = 0;
 };
 CursorRange CursorRangeOf(const Geometry& geometry, const editor::ChannelSwitches& switches,
+                          std::int32_t channels);
+// Those that the line of a marker crosses.
+CursorRange MarkerRangeOf(const Geometry& geometry, const editor::ChannelSwitches& switches,
                           std::int32_t channels);
 
 // Ten half waves across the wave area, which show that a file is being loaded: a height of 0 … 80

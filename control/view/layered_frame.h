@@ -6,8 +6,8 @@
 namespace mavrin2::view {
 
 // The picture in two layers of the control's size, so that little is drawn again: the background,
-// which changes with layout, colours, selection and level scale only, and the frame that is
-// composed over a copy of it. Both are empty before the first Resize.
+// which changes with layout, colours, selection, range markers and level scale only, and the frame
+// that is composed over a copy of it. Both are empty before the first Resize.
 class LayeredFrame {
 public:
     // Black layers for a new place.

@@ -2,7 +2,9 @@
 
 #include "control/view/painters/cursor_painters.h"
 #include "control/view/painters/frame_painters.h"
+#include "control/view/painters/highlight_painter.h"
 #include "control/view/painters/lane_painters.h"
+#include "control/view/painters/marker_painter.h"
 #include "control/view/painters/scale_painters.h"
 #include "control/view/painters/waveform_painter.h"
 
@@ -30,6 +32,7 @@ Scene Picture::CurrentScene() const {
             services_.Document.Channels,
             services_.Operation.Status.Status(),
             services_.Settings,
+            services_.MarkerSettings,
             services_.Selection,
             services_.Drag,
             progress_};
@@ -43,11 +46,10 @@ void Picture::RenderBackground() {
     background.Fill({0, 0, background.Width(), background.Height()},
                     ToPixel(scene.Colors.Background));
     BorderPainter(scene).Draw(background);
-    if (!scene.Spectral()) HighlightPainter(scene).Draw(background);
+    if (!scene.Spectral()) HighlightPainter(scene, services_.Markers.Entries()).Draw(background);
     LevelScalePainter(scene).Draw(background);
 }
 
-// Markers come last.
 void Picture::Compose() {
     if (InBatch() || !layout_.Ready() || frame_.Background().Empty()) return;
     if (frame_.BackgroundDue) RenderBackground();
@@ -58,6 +60,7 @@ void Picture::Compose() {
     DrawLanes(scene, frame);
     UnitLabelPainter(scene).Draw(frame);
     CursorPainter(scene).Draw(frame);
+    MarkerPainter(scene, services_.Markers).DrawMarkers(frame);
     playCursor_ = ToPixel(scene.Colors.PlayCursor);
 }
 

@@ -5,6 +5,7 @@
 #include "control/editor/channel_switches.h"
 #include "control/editor/document_format.h"
 #include "control/editor/document_state.h"
+#include "control/editor/markers/marker_settings.h"
 #include "control/editor/operation.h"
 #include "control/editor/view_state.h"
 #include "control/view/geometry.h"
@@ -38,6 +39,7 @@ struct Scene {
     editor::StatusConstants Status = editor::StatusConstants::Idle;
 
     const PictureSettings& Settings;
+    const editor::MarkerSettings& Markers;
     const editor::SelectionColumns& Selection;
     const editor::DragState& Drag;
     std::int32_t Progress = 0;  // percent of a file that is being read or written
@@ -47,6 +49,14 @@ struct Scene {
     bool Loading() const { return Status == editor::StatusConstants::Opening; }
     bool LevelScaleLeft() const { return ScaleY.Orientation == 2; }
     bool Selected() const { return Document && Document->Selected != 0; }
+    bool InView(signal::Bytes position) const {
+        const editor::ZoomLevel level = Document->Level();
+        return position >= level.StartView && position <= level.EndView;
+    }
+    ColumnMapping Columns() const {
+        const editor::ZoomLevel level = Document->Level();
+        return {level.StartView, level.EndView, Area.WaveWidth, Format.FrameSize()};
+    }
     // Both channels of a document of two.
     bool BothVisible() const { return Format.Channels > 1 && Channels.VisibleCount > 1; }
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "control/editor/markers/marker_display_list.h"
+#include "control/editor/markers/marker_settings.h"
 #include "control/editor/services.h"
 #include "control/editor/view_state.h"
 #include "control/interfaces/enumerations.h"
@@ -32,6 +33,7 @@ struct ViewServices {
     editor::SelectionColumns& Selection;
     editor::DragState& Drag;
     const editor::PlayState& Play;
+    const editor::MarkerSettings& MarkerSettings;
     editor::MarkerDisplayList& Markers;
     Style& HostStyle;
     Display& Screen;

@@ -51,7 +51,9 @@ TEST(Descriptions, KeepTheIdentifiersAndSlotsOfWhatHasArrived) {
          "UndoRedoCount=106@47,48 UndoEnabled=107@49 RedoEnabled=108@50 "
          "ScaleX=109@51,52 ScaleY=110@53,54 Colors=111@55,56 FileInfo=112@57 "
          "Transform=116@61 Position=117@62 Channels=118@63 TypeBorder=124@72,73 "
-         "TypeView=125@74,75 MousePointer=131@86,87 MouseCustom=132@88,89 "
+         "TypeView=125@74,75 MarkerBarEnabled=126@76,77 MarkerBackgroundEnabled=127@78,79 "
+         "MarkerToolTipEnabled=128@80,81 MarkerMouseEventEnabled=129@82,83 "
+         "MarkerBitmapType=130@84,85 MousePointer=131@86,87 MouseCustom=132@88,89 "
          "MouseEventsEnabled=133@90,91"},
         {&interfaces::ControlEvents(),
          "DblClick=1 MouseDown=2 MouseUp=3 MouseMove=4 BlockOperation=6 ChangePosition=7 "

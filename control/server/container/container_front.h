@@ -35,6 +35,7 @@ public:
     void RequestRepaint() override { notifications_.TellViewChanged(); }
     void CaptureMouse(bool capture) override { activation_.CaptureMouse(capture); }
     void SetPointer(const platform::Pointer& pointer) override { activation_.SetPointer(pointer); }
+    void SetTip(const std::string& text, int x, int y) override { activation_.SetTip(text, x, y); }
 
 private:
     ContainerState state_;

@@ -164,6 +164,10 @@ bool InPlaceActivation::DrawOnWindow(
     return window_ && window_->DrawNow(draw);
 }
 
+void InPlaceActivation::SetTip(const std::string& text, int x, int y) {
+    if (window_) window_->SetTip(text, x, y);
+}
+
 void InPlaceActivation::RepaintWindow() {
     if (window_) window_->Invalidate();
 }

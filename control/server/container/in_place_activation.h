@@ -34,6 +34,7 @@ public:
     // Null while inactive.
     HWND Window() const { return window_ ? window_->Handle() : nullptr; }
     bool DrawOnWindow(const std::function<void(platform::DrawingTarget& window)>& draw);
+    void SetTip(const std::string& text, int x, int y);
     // Something else was painted with the picture: the window needs its own again.
     void RepaintWindow();
     void CaptureMouse(bool capture);

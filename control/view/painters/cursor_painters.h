@@ -19,7 +19,6 @@ private:
     void DrawInBar(Surface& surface) const;
     void DrawEdges(Surface& surface, const editor::ZoomLevel& level) const;
     void DrawCursor(Surface& surface) const;
-    bool InView(signal::Bytes position) const;
 
     const Scene& scene_;
 };

@@ -70,25 +70,6 @@ void BorderPainter::DrawAreaEdges(Surface& surface) const {
     surface.Horizontal(wave.Left, wave.Right + 1, area.OverviewBar + 4, highlight);
 }
 
-void HighlightPainter::Draw(Surface& surface) const {
-    if (!scene_.HasSound() || scene_.Loading() || scene_.Channels.OperationCount < 1) return;
-    if (!scene_.Selected()) return;
-    const Geometry& area = scene_.Area;
-    std::int32_t top = area.WaveArea.Top + area.LaneMargin + 1;
-    std::int32_t bottom = area.WaveArea.Bottom - area.LaneMargin;
-    const int only = OnlyOperationChannel(scene_.Channels, scene_.Format.Channels);
-    if (only >= 0 && scene_.BothVisible()) {
-        const std::int32_t half = area.WaveArea.Top + (area.WaveHeight - 3) / 2;
-        if (only == 0)
-            bottom = half;
-        else
-            top = half + 3;
-    }
-    const std::int32_t left = area.WaveArea.Left;
-    surface.Fill({left + scene_.Selection.Start, top, left + scene_.Selection.End + 1, bottom},
-                 ToPixel(scene_.Colors.SelectBackground));
-}
-
 void OverviewBarPainter::Draw(Surface& surface) const {
     DrawBar(surface);
     if (scene_.Channels.VisibleCount > 1) DrawSeparators(surface);

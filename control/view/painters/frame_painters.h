@@ -19,17 +19,6 @@ private:
     const Scene& scene_;
 };
 
-// The background of the selection. Range markers will have theirs below it.
-class HighlightPainter {
-public:
-    explicit HighlightPainter(const Scene& scene) : scene_(scene) {}
-
-    void Draw(Surface& surface) const;
-
-private:
-    const Scene& scene_;
-};
-
 // The strip that represents the whole document, with the visible range in it, and the lines between
 // two lanes.
 class OverviewBarPainter {
