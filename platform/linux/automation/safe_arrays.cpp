@@ -1,6 +1,3 @@
-#include <sys/mman.h>
-
-#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
@@ -91,25 +88,12 @@ SAFEARRAY* AllocateDescriptor(UINT dimensions, VARTYPE type) {
     return array;
 }
 
-// Asks for large pages where memory is used for the first time: a page fault for each 4 KiB costs
-// more than most operations on the samples.
-void AdviseLargePages(void* data, std::size_t size) {
-    constexpr std::size_t kWorthwhile = std::size_t{4} << 20;
-    constexpr std::uintptr_t kPage = 4096;
-    if (size < kWorthwhile) return;
-    const std::uintptr_t skipped = -reinterpret_cast<std::uintptr_t>(data) % kPage;
-    // Refused or not, the memory is the same.
-    (void)madvise(static_cast<std::byte*>(data) + skipped, (size - skipped) / kPage * kPage,
-                  MADV_HUGEPAGE);
-}
-
 // Zeroed by the allocator, which leaves pages alone that come fresh from the kernel; aligned for
 // any type, that is to 16 bytes. An empty array has an address as well.
 bool AllocateData(SAFEARRAY* array) {
     const auto size = DataSize(array);
     if (!size) return false;
     array->pvData = std::calloc(*size != 0 ? *size : 1, 1);
-    if (array->pvData != nullptr) AdviseLargePages(array->pvData, *size);
     return array->pvData != nullptr;
 }
 
