@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstdint>
-#include <cstring>
+
+#include "companions/kestrin/kernels/complex_product.h"
 
 namespace mavrin2::kestrin {
 namespace {
@@ -13,28 +13,6 @@ namespace {
 std::size_t SizeFor(std::size_t taps) {
     return std::max(std::bit_ceil(2 * taps),
                     std::clamp<std::size_t>(std::bit_ceil(8 * taps), 1024, 16384));
-}
-
-// Two complex numbers at a time. The operator of std::complex also checks for NaN.
-void Multiply(std::span<std::complex<float>> values, std::span<const std::complex<float>> factors) {
-    using Four [[gnu::vector_size(16)]] = float;
-    std::size_t i = 0;
-    for (; i + 2 <= values.size(); i += 2) {
-        Four value;
-        Four factor;
-        std::memcpy(&value, &values[i], sizeof value);
-        std::memcpy(&factor, &factors[i], sizeof factor);
-        const Four crossed = __builtin_shufflevector(value, value, 1, 0, 3, 2) * Four{-1, 1, -1, 1};
-        value = value * __builtin_shufflevector(factor, factor, 0, 0, 2, 2) +
-                crossed * __builtin_shufflevector(factor, factor, 1, 1, 3, 3);
-        std::memcpy(static_cast<void*>(&values[i]), &value, sizeof value);
-    }
-    for (; i < values.size(); ++i) {
-        const auto value = values[i];
-        const auto factor = factors[i];
-        values[i] = {value.real() * factor.real() - value.imag() * factor.imag(),
-                     value.real() * factor.imag() + value.imag() * factor.real()};
-    }
 }
 
 }  // namespace
@@ -74,7 +52,7 @@ void Convolution::Transform() {
     std::copy(waiting_.end() - static_cast<std::ptrdiff_t>(history_), waiting_.end(),
               waiting_.begin());
     fourier_->Forward();
-    Multiply(fourier_->Values(), response_);
+    MultiplyBy(response_, fourier_->Values());
     fourier_->Inverse();
     values = fourier_->Values().subspan(history_);
     for (std::size_t i = 0; i < hop_; ++i) {

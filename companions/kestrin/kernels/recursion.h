@@ -48,7 +48,7 @@ public:
     void Process(std::span<Number> block);
 
 private:
-    static constexpr std::size_t kSteps = 4;
+    static constexpr std::size_t kSteps = 4;  // see Set, which squares twice
     static constexpr std::size_t kLanes = 16 / sizeof(Number);
     static_assert(Order % kLanes == 0);
 
@@ -65,12 +65,13 @@ private:
         for (std::size_t i = 0; i < sum.size(); ++i)
             sum[i] += factor * column[i];
     }
-    State Advanced(const State& state) const {
+    static State AppliedTo(const State& state, const std::array<State, Order>& columns) {
         State next{};
         for (std::size_t i = 0; i < Order; ++i)
-            Add(next, state[i / kLanes][i % kLanes], transition_[i]);
+            Add(next, state[i / kLanes][i % kLanes], columns[i]);
         return next;
     }
+    State Advanced(const State& state) const { return AppliedTo(state, transition_); }
     Number OutputOf(const State& state) const {
         State parts = state;
         for (std::size_t i = 0; i < parts.size(); ++i)
@@ -102,15 +103,26 @@ void Recursion<Order, Number>::Set(const System& system) {
     for (std::size_t i = 0; i < Order; ++i)
         transition_[i] = Load(system.Transition[i]);
 
-    for (std::size_t i = 0; i < Order; ++i) {
-        State state{};
-        state[i / kLanes][i % kLanes] = 1;
-        for (std::size_t step = 0; step < kSteps; ++step) {
-            stateToOutput_[i][step / kLanes][step % kLanes] = OutputOf(state);
-            state = Advanced(state);
-        }
-        stateToState_[i] = state;
-    }
+    // By rows, the matrix and its output after each step.
+    using Row = typename System::State;
+    std::array<Row, Order> rows;
+    for (std::size_t i = 0; i < Order; ++i)
+        for (std::size_t j = 0; j < Order; ++j)
+            rows[i][j] = system.Transition[j][i];
+    std::array<Row, kSteps> outputs{system.Output};
+    for (std::size_t step = 1; step < kSteps; ++step)
+        for (std::size_t i = 0; i < Order; ++i)
+            for (std::size_t j = 0; j < Order; ++j)
+                outputs[step][j] += outputs[step - 1][i] * rows[i][j];
+    for (std::size_t i = 0; i < Order; ++i)
+        for (std::size_t step = 0; step < kSteps; ++step)
+            stateToOutput_[i][step / kLanes][step % kLanes] = outputs[step][i];
+    std::array<State, Order> twice;
+    for (std::size_t i = 0; i < Order; ++i)
+        twice[i] = AppliedTo(transition_[i], transition_);
+    for (std::size_t i = 0; i < Order; ++i)
+        stateToState_[i] = AppliedTo(twice[i], twice);
+
     // An input acts on the outputs after it as the first one does, later.
     std::array<Number, kSteps> answer{direct_};
     State state = input_;

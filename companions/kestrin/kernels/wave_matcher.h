@@ -30,7 +30,6 @@ private:
     void ReadCoarsely(std::int64_t first, std::span<float> to);
     std::int32_t CoarseShift(std::int64_t model, std::int64_t place, std::int32_t least,
                              std::int32_t most);
-    float LikenessAt(std::int32_t shift) const;
 
     HeldSound sound_;
     std::size_t length_;
