@@ -11,7 +11,7 @@ windows_systems := i686 x86_64
 packages := packaging/install-debian-packages
 cpp_files = git ls-files -z '*.cpp' '*.h'
 
-.PHONY: help deps build run test bench windows test-windows bench-windows install format check \
+.PHONY: help deps build run test bench pictures windows test-windows bench-windows install format check \
         format-check words-check arrows-check sizes-check tidy clean
 
 help:                ## this list
@@ -38,6 +38,9 @@ bench: deps          ## measure against the programs one would use instead
 	cmake --preset bench
 	cmake --build --preset bench --parallel $(JOBS)
 	bench/run
+
+pictures: build      ## draw the pictures of docs/operations.md again
+	docs/pictures/draw-operations
 
 # The programs that describe the type libraries run here, so they come from the native build.
 windows: deps        ## the DLL for Windows, in build/windows/i686/bin and build/windows/x86_64/bin
