@@ -30,7 +30,8 @@ HRESULT TransformCompanion::Run(OperationId id, SAFEARRAY** samples,
     if (running_) return E_UNEXPECTED;  // called from inside an event
     const automation::ComPtr<IUnknown> held(Identity());
     running_ = true;
-    aborted_ = false;
+    // Aborted between its channels, a sound has no second one.
+    if (aborted_.exchange(false)) transform_.BeginPair();
     const HRESULT status = automation::Guarded([&]() -> HRESULT {
         ArrayBlock block(samples);
         if (!block.IsUsable()) return E_INVALIDARG;
@@ -218,6 +219,7 @@ STDMETHODIMP TransformCompanion::FIRFilter(SAFEARRAY** samples, SAFEARRAY** freq
     return Run(OperationId::FIRFilter, samples, {static_cast<float>(quality)},
                {freqArray, dbGainArray, weightArray});
 }
+
 STDMETHODIMP TransformCompanion::Abort() {
     aborted_ = true;
     return S_OK;

@@ -80,6 +80,33 @@ TEST_F(LengthsTest, BothChannelsOfAStereoSoundStayInPhase) {
     EXPECT_EQ(Run(Id::TimeStretch, left, {70}), Run(Id::TimeStretch, left, {70}));
 }
 
+// Without smoothing nothing but what comes tells which channels belong together.
+TEST_F(LengthsTest, ChannelsArePairedByWhatComesBetweenThem) {
+    const std::size_t count = 44100;
+    const Samples noise = WhiteNoise(count, 0.3, 1);
+    const Samples others = WhiteNoise(count, 0.3, 2);
+    const Samples alone = Run(Id::TimeStretch, noise, {130});
+    const auto stretched = [&] { return Run(Id::TimeStretch, noise, {130}); };
+    transform_.SetRate(44100);
+    Run(Id::TimeStretch, others, {130});
+    Run(Id::Invert, others);
+    EXPECT_EQ(stretched(), alone) << "another operation came between";
+
+    transform_.SetRate(44100);
+    Run(Id::TimeStretch, others, {130});
+    VectorBlock second(others);
+    Percents progress;
+    progress.AbortAt = 0;
+    EXPECT_THROW(Run(Id::TimeStretch, second, {130}, {}, progress), Aborted);
+    EXPECT_EQ(stretched(), alone) << "the second channel was not finished";
+
+    // Two sounds of one channel, of the same length: what the first one leaves must not harm.
+    Run(Id::PitchShift, others, {130});
+    const Samples tone = Run(Id::PitchShift, Sine(440, count), {130});
+    EXPECT_NEAR(CentsOf(Middle(tone), 440 * 1.3), 0, 1);
+    EXPECT_NEAR(Rms(Middle(tone)), Rms(Sine(440, count)), 0.02 * 0.35);
+}
+
 TEST_F(LengthsTest, TrimmingStopsAtTheFirstLoudSample) {
     const Samples sound = Pieces({{1000, 5}, {10, 2000}, {500, 0}, {10, -2000}, {1001, -5}});
     const Samples start = Run(Id::TrimStart, sound, {-60, 0});

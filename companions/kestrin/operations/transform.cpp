@@ -33,6 +33,7 @@ std::vector<std::vector<float>> Limited(std::span<const Parameter> parameters,
 
 void Transform::SetRate(std::int32_t rate) {
     rate_ = std::clamp(rate, kLowestRate, kHighestRate);
+    BeginPair();
 }
 
 void Transform::SetChannels(std::int32_t channels) {
@@ -42,16 +43,30 @@ void Transform::SetChannels(std::int32_t channels) {
 // The switches are moved before and after the channels of one sound.
 void Transform::SetSmoothStart(bool on) {
     smoothing_.Start = on;
-    pair_.Forget();
+    BeginPair();
 }
 
 void Transform::SetSmoothEnd(bool on) {
     smoothing_.End = on;
-    pair_.Forget();
+    BeginPair();
 }
 
 void Transform::Run(OperationId id, SampleBlock& block, std::span<const float> values,
                     std::span<const std::span<const float>> arrays, Progress& progress) {
+    // The channels of a sound follow each other, through the same operation; the second one does
+    // not come when the first one fails.
+    if (last_ != id) BeginPair();
+    last_ = id;
+    try {
+        RunLimited(id, block, values, arrays, progress);
+    } catch (...) {
+        BeginPair();
+        throw;
+    }
+}
+
+void Transform::RunLimited(OperationId id, SampleBlock& block, std::span<const float> values,
+                           std::span<const std::span<const float>> arrays, Progress& progress) {
     const Operation& operation = OperationOf(id);
     progress.Report(0);
     if (block.Samples().empty()) return;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 
 #include "companions/kestrin/kernels/smoothing.h"
@@ -34,6 +35,8 @@ public:
     void SetSmoothStart(bool on);
     void SetSmoothEnd(bool on);
     void SetSmoothTime(std::int32_t milliseconds) { smoothing_.Milliseconds = milliseconds; }
+    // The next block is not the second channel of a sound whose first channel came before.
+    void BeginPair() { pair_.Forget(); }
 
     // Runs one operation. `values` and `arrays` belong to its parameters in the order of the table;
     // what is outside of their ranges is limited. Throws what `progress` throws, LibraryMissing and
@@ -43,6 +46,8 @@ public:
              std::span<const std::span<const float>> arrays, Progress& progress);
 
 private:
+    void RunLimited(OperationId id, SampleBlock& block, std::span<const float> values,
+                    std::span<const std::span<const float>> arrays, Progress& progress);
     void RunAs(const Operation& operation, const Request& request, SampleBlock& block,
                Progress& progress) const;
 
@@ -52,6 +57,7 @@ private:
     SmoothingSettings smoothing_;
     RandomNumbers random_;
     ChannelPair pair_;
+    std::optional<OperationId> last_;
 };
 
 }  // namespace mavrin2::kestrin
