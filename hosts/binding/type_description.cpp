@@ -177,9 +177,10 @@ ComPtr<ITypeInfo> DefaultSource(ITypeInfo& classInformation) {
 
 void AddConstants(ITypeInfo& enumeration, std::vector<Constant>& constants) {
     const Attributes attributes(enumeration);
+    const std::string name = Document(enumeration, MEMBERID_NIL).Name;
     for (UINT i = 0; i < attributes->cVars; ++i) {
         const Variable variable(enumeration, i);
-        Constant constant{Document(enumeration, variable->memid).Name, {}};
+        Constant constant{name, Document(enumeration, variable->memid).Name, {}};
         Check(VariantCopy(&constant.Value, variable->lpvarValue));
         constants.push_back(std::move(constant));
     }

@@ -77,6 +77,7 @@ GUID IdOf(ITypeInfo& information);
 automation::ComPtr<ITypeInfo> EventsOf(IDispatch& object);
 
 struct Constant {
+    std::string Enumeration;
     std::string Name;
     automation::Variant Value;
 };

@@ -3,15 +3,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 #include <system_error>
 
+#include "hosts/binding/find_components.h"
 #include "hosts/script/commands/command.h"
 #include "hosts/script/commands/command_line.h"
-#include "platform/environment.h"
 #include "platform/interrupt.h"
-#include "platform/module_path.h"
 
 namespace mavrin2::script {
 namespace {
@@ -42,20 +39,6 @@ constexpr const Command* kCommands[] = {&kRunCommand,     &kInfoCommand,       &
                                         &kProcessCommand, &kOperationsCommand, &kTagsCommand,
                                         &kMarkersCommand, &kCdCommand};
 
-// A build tree and an installation have a component registry beside the program. This process uses
-// it unless MAVRIN2_REGISTRY names another one.
-void FindComponents() {
-    constexpr const char* kVariable = "MAVRIN2_REGISTRY";
-    const char* const given = std::getenv(kVariable);
-    if (given && *given) return;
-    const auto program = platform::PathOfModule(reinterpret_cast<const void*>(&FindComponents));
-    if (program.empty()) return;
-    const auto registry = program.parent_path().parent_path() / "lib" / "mavrin2-components";
-    std::error_code error;
-    if (std::filesystem::exists(registry, error))
-        platform::SetEnvironmentVariable(kVariable, registry.string());
-}
-
 const Command* Find(const std::string& name) {
     const auto* const found = std::ranges::find_if(
         kCommands, [&](const Command* command) { return command->Name == name; });
@@ -75,7 +58,7 @@ int RunCommand(const Command& command, std::span<const std::string> arguments) {
             std::fputs(command.Help, stdout);
             return kSuccess;
         }
-        FindComponents();
+        binding::FindComponents();
         platform::CatchInterrupts();
         const int code = command.Run(line);
         if (platform::Interrupted()) platform::DieInterrupted();

@@ -5,6 +5,7 @@
 #include <memory>
 #include <system_error>
 
+#include "hosts/binding/edit_error.h"
 #include "hosts/script/commands/cd_drives.h"
 #include "hosts/script/commands/command.h"
 #include "hosts/script/commands/input_file.h"
@@ -17,24 +18,6 @@ namespace {
 
 // What the editor's methods fail with when a file cannot be opened, read or written.
 constexpr std::uint32_t kFileAccess = 0x80040309;
-
-// What an edit that has failed leaves as its error number.
-std::string ReasonOf(std::int32_t error) {
-    switch (error) {
-        case -11:
-            return "out of memory";
-        case -12:
-            return "not a sound file in a known format";
-        case -13:
-            return "the format is not supported";
-        case -18:
-            return "cannot write the working copy in the temporary folder";
-        case -22:
-            return "no component for sound files is registered";
-        default:
-            return "failed with error " + std::to_string(error);
-    }
-}
 
 }  // namespace
 
@@ -131,7 +114,7 @@ void Editor::Edit(const char* work, const std::string& name, auto&& operation) {
     editor_.Put("UndoRedoCount", 1);
     Run(work, name, operation);
     if (const std::int32_t error = editor_.Number("LastErrorNum"); error != 0)
-        throw Failure(name, ReasonOf(error));
+        throw Failure(name, binding::EditErrorText(error));
 }
 
 void Editor::KeepSelection() {

@@ -10,8 +10,8 @@
 #include "hosts/script/commands/editor.h"
 #include "hosts/script/commands/output_file.h"
 #include "hosts/script/commands/times.h"
-#include "hosts/script/container/host_window.h"
-#include "hosts/script/container/png_file.h"
+#include "hosts/script/window/host_window.h"
+#include "hosts/script/window/png_file.h"
 
 namespace mavrin2::script {
 namespace {

@@ -4,8 +4,8 @@
 #include <memory>
 #include <vector>
 
-#include "hosts/script/container/host_window.h"
 #include "hosts/script/lua/object_values.h"
+#include "hosts/script/window/host_window.h"
 
 namespace mavrin2::script {
 

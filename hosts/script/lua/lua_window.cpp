@@ -9,11 +9,11 @@
 #include <system_error>
 #include <utility>
 
-#include "hosts/script/container/host_window.h"
-#include "hosts/script/container/png_file.h"
 #include "hosts/script/lua/lua_error.h"
 #include "hosts/script/lua/lua_host.h"
 #include "hosts/script/lua/lua_object.h"
+#include "hosts/script/window/host_window.h"
+#include "hosts/script/window/png_file.h"
 
 namespace mavrin2::script {
 namespace {

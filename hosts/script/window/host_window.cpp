@@ -1,4 +1,4 @@
-#include "hosts/script/container/host_window.h"
+#include "hosts/script/window/host_window.h"
 
 #include "hosts/binding/call_error.h"
 

@@ -1,4 +1,4 @@
-#include "hosts/script/container/png_file.h"
+#include "hosts/script/window/png_file.h"
 
 #include <png.h>
 
