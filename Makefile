@@ -11,8 +11,8 @@ windows_systems := i686 x86_64
 packages := packaging/install-debian-packages
 cpp_files = git ls-files -z '*.cpp' '*.h'
 
-.PHONY: help deps build run test bench pictures windows test-windows bench-windows install format check \
-        format-check words-check arrows-check sizes-check tidy clean
+.PHONY: help deps build run test desktop desktop-test bench pictures windows test-windows bench-windows \
+        install install-desktop format check format-check words-check arrows-check sizes-check tidy clean
 
 help:                ## this list
 	@sed -n 's/^\([a-z-]*\):.*## /\1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -32,6 +32,17 @@ test: deps           ## build with sanitizers and run every test
 	cmake --preset dev
 	cmake --build --preset dev --parallel $(JOBS)
 	ctest --preset dev --parallel $(JOBS)
+
+desktop: deps        ## mavrin2-editor, the editor in a window, in build/bin; installs Qt
+	@$(packages) packaging/debian-desktop-packages.txt
+	cmake --preset desktop
+	cmake --build --preset desktop --parallel $(JOBS)
+
+desktop-test: deps   ## build mavrin2-editor with sanitizers and run its tests
+	@$(packages) packaging/debian-desktop-packages.txt
+	cmake --preset desktop-dev
+	cmake --build --preset desktop-dev --parallel $(JOBS) --target desktop_tests mavrin2_registry
+	ctest --preset desktop-dev --parallel $(JOBS)
 
 bench: deps          ## measure against the programs one would use instead
 	@$(packages) packaging/debian-bench-packages.txt
@@ -58,6 +69,9 @@ bench-windows: windows ## what creating the control and calling it late costs in
 	bench/windows/run $(JOBS)
 
 install: build       ## install below PREFIX (/usr/local), inside DESTDIR
+	DESTDIR="$(DESTDIR)" cmake --install build/release --prefix "$(abspath $(PREFIX))"
+
+install-desktop: desktop ## the same with mavrin2-editor
 	DESTDIR="$(DESTDIR)" cmake --install build/release --prefix "$(abspath $(PREFIX))"
 
 format: deps         ## put every source file into the project's format
