@@ -60,7 +60,7 @@ TEST_F(StoredInfoCommands, SayWhatIsWrong) {
         {{"tags", "tone.wav", "Track=40000", "out.wav"}, "try a number, 0 to 32767\n"},
         {{"tags", "tone.wav", "Title=x", "out.mp3"}, "needs the extension of its format, '.wav'\n"},
         {{"tags", "raw.vox", "Title=x", "out.vox"},
-         "1 mavrin2: out.vox: a file of this kind holds"},
+         "1 mavrin2: out.vox: files of this kind have no"},
         {{"markers"}, "2 mavrin2: markers needs one file; --from LIST writes"},
         {{"markers", "tone.wav", "--from", "list.txt"},
          "2 mavrin2: markers --from needs two files"},
