@@ -4,7 +4,6 @@
 
 #include "automation/text.h"
 #include "control/editor/document_loader.h"
-#include "control/editor/file_kind.h"
 #include "control/editor/new_work_file.h"
 #include "control/editor/track_import.h"
 

@@ -4,8 +4,6 @@
 #include <limits>
 #include <optional>
 
-#include "control/editor/file_kind.h"
-
 namespace mavrin2::editor {
 namespace {
 
@@ -78,7 +76,7 @@ public:
             if (*samples == 0) break;
             if (*samples < blockSamples) block.Resize(*samples);
             if (!sender.Send(block)) return companion_.ReasonOfFailure();
-            // A host that stops in an event still gets the block behind it, unreported.
+            // If a host calls Stop in an event, the next block is still written but not reported.
             if (operation_.Status.Idle()) break;
             written_ += static_cast<std::int64_t>(*samples) * 2;
             more = Report(PercentDone()) && *samples == blockSamples;
@@ -102,7 +100,7 @@ private:
 
     int PercentDone() const {
         const double part = static_cast<double>(written_) / static_cast<double>(total_);
-        // The end of what was selected may lie before its start, once that has been deleted.
+        // After a deletion, the selection may end before its start.
         return static_cast<int>(std::clamp(part, 0.0, 1.0) * 100);
     }
 

@@ -15,6 +15,16 @@ Bstr PathText(const std::filesystem::path& path) {
 
 }  // namespace
 
+FileKind FileKindOf(const std::filesystem::path& path) {
+    const std::string name = path.string();
+    const std::size_t point = name.rfind('.');
+    if (point == std::string::npos) return FileKind::Sound;
+    const std::string extension = automation::AsciiLower(name.substr(point));
+    if (extension == ".wma") return FileKind::Wma;
+    if (extension == ".cda") return FileKind::CdTrack;
+    return FileKind::Sound;
+}
+
 void SoundFileCompanion::OpenSoundFile(const std::filesystem::path& path,
                                        FormatTypeConstants type) {
     ++session_;

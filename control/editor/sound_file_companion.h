@@ -13,6 +13,11 @@ namespace mavrin2::editor {
 using contracts::ErrorConstants;
 using contracts::FormatTypeConstants;
 
+// What the name of a sound file says about how it is read and written.
+enum class FileKind { Sound = 0, Wma = 1, CdTrack = 2 };
+
+FileKind FileKindOf(const std::filesystem::path& path);
+
 // The file companion as the editor calls it. Each method is one call of the contract.
 class SoundFileCompanion {
 public:
@@ -37,8 +42,8 @@ public:
     void SetFormatVOX(std::int32_t frequency);
     void SetWmaMode(bool on);
 
-    // Changes whenever the companion opens, starts or closes a file: tells an operation whether the
-    // file it began with is still the one the companion holds.
+    // Changes whenever the companion opens, starts or closes a file. An operation can see whether
+    // the file it began with is still the one the companion holds.
     std::uint64_t Session() const { return session_; }
 
     // The companion writes the code of its last file operation into `error`.
