@@ -21,14 +21,14 @@ int PercentRead(const WaveStream& source) {
 }
 
 CopyEnd CopyBlocks(WaveStream& source, WaveStream& target, std::int64_t end, std::uint32_t block,
-                   BlockBuffer& buffer, const std::function<bool()>& goOn) {
+                   BlockBuffer& buffer, const std::function<bool()>& proceed) {
     for (;;) {
         const std::int64_t left = std::max<std::int64_t>(end - target.Length(), 0);
         const auto copied = source.CopyTo(
             target, static_cast<std::uint32_t>(std::min<std::int64_t>(block, left)), buffer);
         if (!copied) return CopyEnd::Failed;
         if (*copied == 0) return CopyEnd::Complete;
-        if (!goOn()) return CopyEnd::Stopped;
+        if (!proceed()) return CopyEnd::Stopped;
     }
 }
 

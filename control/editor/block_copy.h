@@ -18,13 +18,13 @@ int PercentRead(const WaveStream& source);
 
 enum class CopyEnd {
     Complete,  // the end of the stretch or of the source
-    Stopped,   // `goOn` said so
+    Stopped,   // `proceed` returned false
     Failed     // reading or writing failed
 };
 
-// Copies from `source` to `target`, each from where it stands, until `target` is `end` bytes long.
-// After each block `goOn` is asked.
+// Copies from `source` to `target`, each from its current position, until `target` is `end` bytes
+// long. Calls `proceed` after each block.
 CopyEnd CopyBlocks(WaveStream& source, WaveStream& target, std::int64_t end, std::uint32_t block,
-                   BlockBuffer& buffer, const std::function<bool()>& goOn);
+                   BlockBuffer& buffer, const std::function<bool()>& proceed);
 
 }  // namespace mavrin2::editor

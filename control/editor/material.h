@@ -81,7 +81,7 @@ private:
     Ending ending_;
 };
 
-// A sound file of any format, decoded and converted by a companion of its own.
+// A sound file of any format, decoded and converted by a private companion.
 class FileMaterial final : public Material {
 public:
     // A block of fewer values than `leastValues` is the end.

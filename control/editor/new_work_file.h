@@ -16,7 +16,7 @@ public:
     NewWorkFile& operator=(const NewWorkFile&) = delete;
     ~NewWorkFile() { Discard(); }
 
-    // An empty file under a name of its own, for samples of this format. False when the folder of
+    // An empty file with a new unique name, for samples of this format. False when the folder of
     // temporary files does not take it.
     bool Create(const DocumentFormat& format);
     WaveStream& Stream() { return stream_; }

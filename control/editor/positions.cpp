@@ -141,7 +141,7 @@ void Positions::SetCurrentPosition(std::int32_t frames) {
     presentation_.View.Redraw();
 }
 
-// Level 0 always spans the whole document, so a range that a host has chosen gets one of its own.
+// Level 0 always spans the whole document, so a range chosen by a host gets another level.
 void Positions::PushViewLevel() {
     DocumentState& state = *document_.History.Current();
     if (state.ZoomIndex != 0) return;

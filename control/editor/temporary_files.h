@@ -14,8 +14,7 @@ public:
     // Sets the folders in `settings` to the system's.
     TemporaryFiles(const platform::Ports& ports, EditSettings& settings);
 
-    // A new empty file in the folder of temporary files; an empty path when there is none to be
-    // had.
+    // A new empty file in the folder of temporary files; an empty path when none can be made.
     std::filesystem::path MakeTempFileName();
 
     void Remove(const std::filesystem::path& path);

@@ -8,7 +8,7 @@ UndoHistory::UndoHistory(std::shared_ptr<platform::FileSystem> files) : files_(s
 
 UndoHistory::~UndoHistory() {
     FreeChain();
-    // A host may have chosen other names for files of its own: only temporary ones are ours.
+    // Only temporary files are the editor's; a host may have opened others under any name.
     for (const std::filesystem::path& path : tempFiles_)
         if (path.extension() == ".tmp") files_->Remove(path);
 }

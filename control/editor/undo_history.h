@@ -11,7 +11,7 @@
 
 namespace mavrin2::editor {
 
-// The chain of the document's versions. Each has a work file of its own, so that undo is a move of
+// The chain of the document's versions. Each has its own work file, so that undo is a move of
 // the current version. The history deletes the work file of a version that it drops, and at its end
 // every temporary file it ever listed.
 class UndoHistory {

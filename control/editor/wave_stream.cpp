@@ -16,7 +16,7 @@ std::uint32_t FourCc(const char (&name)[5]) {
     return code;
 }
 
-// Fields of a header, one behind the other. Every system this is built for is little-endian, as
+// Consecutive fields of a header. Every system this is built for is little-endian, as
 // the file is.
 class HeaderWriter {
 public:

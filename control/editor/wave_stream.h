@@ -63,7 +63,7 @@ public:
                                         BlockBuffer& buffer);
     bool Seek(std::int64_t position);
 
-    // Shows it every block that is written; null for nobody. Has to live as long.
+    // Passes every block that is written to the observer, which has to outlive this; null for none.
     void SetObserver(BlockObserver* observer) { observer_ = observer; }
 
     // Puts the sizes into the header of a file that was written. False when that failed.
