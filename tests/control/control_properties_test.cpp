@@ -136,7 +136,7 @@ TEST_F(ControlProperties, TakeTheFolderOfAPathForTemporaryFiles) {
     PutTempDirectory("/other/deep/");
     EXPECT_EQ(WorkFile(), "/other/deep/");
     PutTempDirectory("/other/deep");
-    EXPECT_EQ(WorkFile(), "/other/") << "a name without a separator behind it is a file's";
+    EXPECT_EQ(WorkFile(), "/other/") << "a name without a separator after it is a file's";
     for (const char* refused : {"/missing/", "name", ""}) {
         PutTempDirectory(refused);
         EXPECT_EQ(WorkFile(), "/other/") << refused;
@@ -152,8 +152,8 @@ TEST_F(ControlProperties, TakeTheFolderOfAPathForTemporaryFiles) {
 TEST_F(ControlProperties, CleanAFolderThatIsChosenWhenNothingIsOpenAndNobodyElseIsThere) {
     const auto left = [&](const char* folder) {
         System.Files->AddFile(std::string(folder) + "nct12ab.tmp", "left by a crash");
-        System.Files->AddFile(std::string(folder) + "nct12ab.wav", "somebody's");
-        System.Files->AddFile(std::string(folder) + "other.tmp", "somebody's");
+        System.Files->AddFile(std::string(folder) + "nct12ab.wav", "another program's");
+        System.Files->AddFile(std::string(folder) + "other.tmp", "another program's");
         PutTempDirectory(folder);
         return System.Files->List(folder, "", "").size() == 3;
     };

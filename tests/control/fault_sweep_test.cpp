@@ -30,6 +30,9 @@ struct Operation {
     void (*Check)(ControlWorld& world, HRESULT status);
     std::int64_t NewFile;  // bytes that the operation writes
     LONG ClipRate = 0;     // of the clip file; 0 for none
+    // What a Stop in each event leaves: the document as it was (-), a part of what was to be pasted
+    // or mixed (p), or all of it (+).
+    const char* Stopped = nullptr;
 };
 
 class Sweep : public testing::TestWithParam<std::tuple<int, int>> {};
@@ -121,27 +124,29 @@ const Operation kOperations[] = {
      58 + 2000},
     {"Save", [](ControlWorld& world) { return world.Save(); }, CheckSave, 0},
     {"DeleteSelect", [](ControlWorld& world) { return world.Control->DeleteSelect(); }, CheckEdit,
-     58 + 1600},
-    {"Copy", [](ControlWorld& world) { return world.Control->Copy(); }, CheckCopy, 58 + 200},
-    {"Cut", [](ControlWorld& world) { return world.Control->Cut(); }, CheckEdit, 58 + 200},
+     58 + 1600, 0, "--------++"},
+    {"Copy", [](ControlWorld& world) { return world.Control->Copy(); }, CheckCopy, 58 + 200, 0,
+     "--"},
+    {"Cut", [](ControlWorld& world) { return world.Control->Cut(); }, CheckEdit, 58 + 200, 0,
+     "++--------++"},
     {"Paste", [](ControlWorld& world) { return world.Control->Paste(); }, CheckEdit, 58 + 2100,
-     1000},
+     1000, "-----pp+---++"},
     {"PasteConverted", [](ControlWorld& world) { return world.Control->Paste(); }, CheckEdit,
-     58 + 2600, 500},
+     58 + 2600, 500, "-----pppp+---++"},
     {"PasteFromFile", [](ControlWorld& world) { return world.PasteFromFile(); }, CheckEdit,
-     58 + 5800},
+     58 + 5800, 0, "-----pp+---++"},
     {"Mix", [](ControlWorld& world) { return world.Control->Mix(50, 50); }, CheckEdit, 58 + 1800,
-     500},
+     500, "-----+++"},
     {"MixFromFile", [](ControlWorld& world) { return world.MixFromFile(50, 50); }, CheckEdit,
-     58 + 1800},
+     58 + 1800, 0, "-----+++"},
     {"PutAudioArray", [](ControlWorld& world) { return world.PutAudioArray(Ramp(50)); }, CheckEdit,
-     58 + 1700},
+     58 + 1700, 0, "--------++"},
     {"ConvertSampleType",
      [](ControlWorld& world) {
          return world.Control->ConvertSampleType(interfaces::FrequencyConstants{500},
                                                  interfaces::ChannelsConstants::STEREO);
      },
-     CheckEdit, 58 + 1800},
+     CheckEdit, 58 + 1800, 0, "---------+"},
     {"Transform",
      [](ControlWorld& world) {
          automation::ComPtr<interfaces::IMavrin2Transform> transform;
@@ -208,6 +213,38 @@ INSTANTIATE_TEST_SUITE_P(Faults, Sweep,
                              return std::string(kOperations[std::get<0>(info.param)].Name) + "And" +
                                     kFaults[std::get<1>(info.param)].Name;
                          });
+
+TEST(Stop, LeavesTheDocumentAsItWasOrWithWhatWasPasted) {
+    for (const Operation& operation : kOperations) {
+        if (!operation.Stopped) continue;
+        SCOPED_TRACE(operation.Name);
+        Samples complete;
+        std::string outcomes;
+        bool more = true;
+        for (int n = 0; more; ++n) {
+            ControlWorld world;
+            const std::string before = Prepare(world, operation);
+            const Samples samples = world.DocumentSamples();
+            if (n > 0) world.Events->InEvent(n, [&] { world.Control->Stop(); });
+            EXPECT_EQ(operation.Run(world), S_OK);
+            EXPECT_TRUE(world.Events->Take().ends_with("end"));
+            if (n == 0) {
+                complete = world.DocumentSamples();
+                continue;
+            }
+            more = world.Events->Acted();
+            if (!more) break;
+            const bool changed = world.DocumentSamples() != samples;
+            outcomes += !changed ? '-' : world.DocumentSamples() == complete ? '+' : 'p';
+            if (!changed) {
+                EXPECT_EQ(Everything(world), before);
+            }
+            EXPECT_EQ(world.LastError() + world.Status(), 0);
+            EXPECT_EQ(world.System.Files->OpenFiles() + world.System.Memory->Held(), 0);
+        }
+        EXPECT_EQ(outcomes, operation.Stopped);
+    }
+}
 
 // Something other than the control gets at the file of the open document.
 TEST(WorkFile, ThatHasVanishedOrShrunkStopsEditsAndSaves) {

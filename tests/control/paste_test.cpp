@@ -1,4 +1,3 @@
-#include "control/signal/pcm_convert.h"
 #include "tests/control/control_test.h"
 
 namespace mavrin2::tests {
@@ -140,31 +139,22 @@ TEST_F(Pasting, FadesInOverTheSoundThatWasThere) {
 TEST_F(Pasting, ConvertsAClipOfAnotherFormat) {
     for (const LONG frequency : {4000, 16000, 44100}) {
         const Samples clip = Ramp(2500, -1000);
-        signal::CPcmConvert convert;
-        convert.SetInput(8000, 1, 16);
-        convert.SetOutput(frequency, 2, 16);
-        convert.Init();
-        Samples pasted(100000);
-        const auto done = convert.Convert(std::as_bytes(std::span(clip)),
-                                          std::as_writable_bytes(std::span(pasted)));
-        pasted.resize(done.Produced / 2);
-
+        const Samples pasted = Converted(clip, {8000, 1}, {frequency, 2}, clip.size());
         Dusoro->Source.Frequency = frequency;
         OpenSound(Samples(1000), 2);
         SetClip(8000, 1, clip);
         Control->put_FileBufferSize(600000);
         Select(500, 500);
         Control->Paste();
-        // The crossfade works on what is converted; behind it the sound is the converter's.
+        // The crossfade works on what is converted; after it the sound is the converter's.
         const Samples after = DocumentSamples();
-        const auto fade = static_cast<std::size_t>(frequency / 100 * 2);
-        ASSERT_EQ(after.size(), 1000 + pasted.size());
-        EXPECT_TRUE(std::equal(pasted.begin() + static_cast<std::ptrdiff_t>(fade), pasted.end(),
-                               after.begin() + 1000 + static_cast<std::ptrdiff_t>(fade) - 0));
+        const LONG faded = frequency / 100 * 2;
+        EXPECT_EQ(Samples(after.begin() + 1000 + faded, after.end()),
+                  Samples(pasted.begin() + faded, pasted.end()));
     }
 }
 
-TEST_F(Pasting, TakesOtherFilesThroughACompanionOfItsOwn) {
+TEST_F(Pasting, TakesOtherFilesThroughAPrivateCompanion) {
     OpenThousand();
     Select(500, 600);
     Private->Source.Samples = Samples(2200);
@@ -182,48 +172,45 @@ TEST_F(Pasting, TakesOtherFilesThroughACompanionOfItsOwn) {
     EXPECT_EQ(Positions(), "select 500..2699 view 0..3190 of 3190") << "nothing was selected";
 }
 
-TEST_F(Pasting, AndMixingDoNothingWithoutSound) {
+TEST(PastingAndMixing, DoNothingWithoutSound) {
     struct {
         const char* What;
         void (*Prepare)(ControlWorld& world);
-        LONG Error;  // from a file; 0 from the clip
+        bool Clip;
+        LONG Error;
     } const cases[] = {
-        {"a file that is refused", [](ControlWorld& w) { w.Private->OpenCode = -12; }, -12},
-        {"a file that breaks its decoder", [](ControlWorld& w) { w.Private->ThrowsInOpen = true; },
+        {"a file that is refused", [](ControlWorld& w) { w.Private->OpenCode = -12; }, false, -12},
+        {"a decoder that throws", [](ControlWorld& w) { w.Private->ThrowsInOpen = true; }, false,
          -13},
-        {"a file that cannot be decoded from its beginning",
-         [](ControlWorld& w) { w.Private->FailingRead = 1, w.Private->FailureCode = -17; }, -17},
-        {"no companion", [](ControlWorld& w) { w.CompanionStatus = E_FAIL; }, 0},
+        {"a decoder that fails at once",
+         [](ControlWorld& w) { w.Private->FailingRead = 1, w.Private->FailureCode = -17; }, false,
+         -17},
+        {"no companion", [](ControlWorld& w) { w.CompanionStatus = E_FAIL; }, false, 0},
+        {"no clip", [](ControlWorld&) {}, true, 0},
+        {"another file", [](ControlWorld& w) { w.System.Files->AddFile(w.ClipFile, "text"); }, true,
+         0},
+        {"six channels", [](ControlWorld& w) { w.SetClip(1000, 6, Ramp(60)); }, true, -13},
+        {"no rate", [](ControlWorld& w) { w.SetClip(0, 1, Ramp(60)); }, true, -13},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.What);
-        End();
-        Private = FakeDusoro::Make();
-        CompanionStatus = S_OK;
-        Start();
-        OpenThousand();
-        Private->Source.Samples = Ramp(100);
-        c.Prepare(*this);
-        EXPECT_EQ(PasteFromFile(), S_OK);
-        EXPECT_EQ(LastError(), c.Error);
-        ExpectUnchanged(Ramp(1000));
-        EXPECT_EQ(MixFromFile(50, 50), S_OK);
-        EXPECT_EQ(LastError(), c.Error);
-        ExpectUnchanged(Ramp(1000));
+        ControlWorld world;
+        world.Start();
+        world.OpenSound(Ramp(1000));
+        world.Private->Source.Samples = Ramp(100);
+        c.Prepare(world);
+        for (const bool mix : {false, true}) {
+            if (c.Clip)
+                mix ? world.Control->Mix(50, 50) : world.Control->Paste();
+            else
+                mix ? world.MixFromFile(50, 50) : world.PasteFromFile();
+            EXPECT_EQ(world.LastError(), c.Error);
+            EXPECT_EQ(world.DocumentSamples(), Ramp(1000));
+            EXPECT_FALSE(world.UndoEnabled());
+            EXPECT_EQ(world.TempFiles().size(), 1u);
+            EXPECT_EQ(world.System.Files->OpenFiles() + world.Status(), 0);
+        }
     }
-    for (const auto& [what, bytes, error] :
-         {std::tuple("no clip", std::string(), 0), {"no sound", std::string(300, 'x'), 0}}) {
-        System.Files->Remove(ClipFile);
-        if (!bytes.empty()) System.Files->AddFile(ClipFile, bytes);
-        Control->Paste();
-        Control->Mix(50, 50);
-        EXPECT_EQ(LastError(), error) << what;
-        ExpectUnchanged(Ramp(1000));
-    }
-    SetClip(1000, 6, Ramp(60));
-    Control->Paste();
-    EXPECT_EQ(LastError(), -13) << "six channels";
-    ExpectUnchanged(Ramp(1000));
 }
 
 TEST_F(Pasting, AndMixingKeepWhatCameOfSoundThatBreaksOff) {

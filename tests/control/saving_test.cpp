@@ -146,7 +146,7 @@ TEST_F(Saving, IsCompleteWithWhatWasWrittenWhenStopped) {
     for (const auto& c : cases) {
         Events->InEvent(c.Event, [this] { Control->Stop(); });
         EXPECT_EQ(Save(), S_OK);
-        // The block behind the event is still written.
+        // The block after the event is still written.
         EXPECT_EQ(Dusoro->WrittenBlocks.size(), c.Blocks);
         EXPECT_EQ(Events->Take(), c.Events);
         EXPECT_EQ(Dusoro->State, Output::Complete);

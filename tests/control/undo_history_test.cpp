@@ -76,23 +76,14 @@ TEST_F(UndoHistoryTest, KeepsAsManyVersionsAsItsLimit) {
     EXPECT_EQ(Files(), "dg");
 }
 
-TEST_F(UndoHistoryTest, LeavesFilesToItsEndWhenTheChainIsFreed) {
-    for (const char* name : {"a.tmp", "b.tmp"})
+TEST_F(UndoHistoryTest, LeavesFilesToItsEndAndDeletesTemporaryOnesOnly) {
+    for (const char* name : {"a.tmp", "b.TMP", "c.wav", "d.tmp.x"})
         Push(name);
     history_->FreeChain();
-    EXPECT_EQ(history_->Current(), nullptr);
-    EXPECT_FALSE(history_->StepBack());
-    Push("c.tmp");
-    EXPECT_EQ(Chain(), "[c.tmp]");
-    EXPECT_EQ(Files(), "a.tmpb.tmpc.tmp");
-    history_.reset();
-    EXPECT_EQ(Files(), "");
-}
-
-TEST_F(UndoHistoryTest, DeletesTemporaryFilesOnlyAtItsEnd) {
-    for (const char* name : {"a.tmp", "b.TMP", "c.wav", "d.tmp.x", "e.tmp"})
-        Push(name);
-    history_->StepBack();
+    EXPECT_FALSE(history_->Current() || history_->StepBack());
+    Push("e.tmp");
+    EXPECT_EQ(Chain(), "[e.tmp]");
+    EXPECT_EQ(Files(), "a.tmpb.TMPc.wavd.tmp.xe.tmp");
     history_.reset();
     EXPECT_EQ(Files(), "b.TMPc.wavd.tmp.x");
 }

@@ -36,7 +36,7 @@ HRESULT FakeDusoro::Record(const std::string& name, const std::string& arguments
 STDMETHODIMP FakeDusoro::OpenSoundFile(BSTR fileName, LONG formatType, LONG flag) {
     Record("OpenSoundFile", Name(fileName) + Numbers(formatType, flag));
     GiveUpOutput();
-    if (ThrowsInOpen) throw std::runtime_error("somebody else's component");
+    if (ThrowsInOpen) throw std::runtime_error("a fault of the component");
     readValues_ = 0;
     reads_ = 0;
     code_ = OpenCode;
