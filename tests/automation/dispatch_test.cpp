@@ -27,31 +27,21 @@ INSTANTIATE_TEST_SUITE_P(Through, Dispatch, testing::ValuesIn(WaysToCall()),
 TEST_P(Dispatch, ConvertsArgumentsAsTheSystemDoesAndTellsWhichOneIsWrong) {
     const CallCase cases[] = {
         {"as it is", "EchoLong", {LONG{-5}}, {}, S_OK, LONG{-5}},
-        {"wider", "EchoLong", {SHORT{-5}}, {}, S_OK, LONG{-5}},
         {"a text", "EchoLong", {"12"}, {}, S_OK, LONG{12}},
-        {"halves go to the even neighbour", "EchoLong", {2.5}, {}, S_OK, LONG{2}},
-        {"nothing is zero", "EchoLong", {std::monostate()}, {}, S_OK, LONG{0}},
-        {"true is -1", "EchoLong", {Bool{VARIANT_TRUE}}, {}, S_OK, LONG{-1}},
         {"too large", "EchoShort", {LONG{70000}}, {}, DISP_E_OVERFLOW, {}, 0},
-        {"no number", "EchoShort", {"twelve"}, {}, DISP_E_TYPEMISMATCH, {}, 0},
         {"null", "EchoLong", {Null{}}, {}, DISP_E_TYPEMISMATCH, {}, 0},
         {"single precision", "EchoFloat", {0.5}, {}, S_OK, FLOAT{0.5F}},
         {"double precision", "EchoDouble", {"-1.25"}, {}, S_OK, -1.25},
-        {"a number as text", "EchoText", {1.5}, {}, S_OK, "1.5"},
         {"a text of its own",
          "EchoText",
          {"\xF0\x9D\x84\x9E clef"},
          {},
          S_OK,
          "\xF0\x9D\x84\x9E clef"},
-        {"an empty text", "EchoText", {""}, {}, S_OK, ""},
         {"an enumeration is a number", "EchoShape", {SHORT{4}}, {}, S_OK, LONG{4}},
-        {"also a negative one", "EchoShape", {LONG{-3}}, {}, S_OK, LONG{-3}},
         {"booleans keep their bits", "EchoBoolean", {Bool{763}}, {}, S_OK, Bool{763}},
         {"other numbers become true", "EchoBoolean", {LONG{763}}, {}, S_OK, Bool{-1}},
-        {"zero is false", "EchoBoolean", {0.0}, {}, S_OK, Bool{0}},
         {"anything stays what it is", "EchoAny", {FLOAT{2}}, {}, S_OK, FLOAT{2}},
-        {"also nothing", "EchoAny", {std::monostate()}, {}, S_OK, std::monostate()},
         {"optional ones left out", "WithDefaults", {LONG{1}}, {}, S_OK, "1 7 -1 -2.5 none 4"},
         {"one of them", "WithDefaults", {LONG{1}, LONG{2}}, {}, S_OK, "1 2 -1 -2.5 none 4"},
         {"in the middle",
@@ -61,25 +51,20 @@ TEST_P(Dispatch, ConvertsArgumentsAsTheSystemDoesAndTellsWhichOneIsWrong) {
          S_OK,
          "1 7 5 -2.5 none 4"},
         {"by name", "WithDefaults", {Bool{0}, LONG{1}}, {2}, S_OK, "1 7 0 -2.5 none 4"},
-        {"all by name",
-         "WithDefaults",
-         {Bool{0}, LONG{3}, LONG{1}},
-         {2, 1, 0},
-         S_OK,
-         "1 3 0 -2.5 none 4"},
         {"all given",
          "WithDefaults",
          {LONG{1}, LONG{2}, Bool{3}, 4.5, "five", LONG{1}},
          {},
          S_OK,
          "1 2 3 4.5 five 1"},
-        {"none given", "WithDefaults", {}, {}, DISP_E_BADPARAMCOUNT, {}},
-        {"too many",
+        {"several by name",
          "WithDefaults",
-         {LONG{1}, LONG{2}, Bool{0}, LONG{4}, "", LONG{1}, LONG{1}},
-         {},
-         DISP_E_BADPARAMCOUNT,
-         {}},
+         {Bool{0}, LONG{3}, LONG{1}},
+         {2, 1, 0},
+         S_OK,
+         "1 3 0 -2.5 none 4"},
+        {"too many", "EchoLong", {LONG{1}, LONG{2}}, {}, DISP_E_BADPARAMCOUNT, {}},
+        {"none given", "WithDefaults", {}, {}, DISP_E_BADPARAMCOUNT, {}},
         {"the second is wrong",
          "WithDefaults",
          {LONG{1}, "x", Bool{0}},
@@ -239,21 +224,6 @@ TEST_P(Dispatch, TakesWhatAPropertyHasNoParametersForAsMeantForItsValue) {
               S_OK);
     EXPECT_EQ(FromVariant(LateCall(Object(), "Friend", kCall | kGet, Values{LONG{5}}).Result),
               Value("five"));
-}
-
-TEST_P(Dispatch, GivesWhatTheVirtualTableGives) {
-    VARIANT_BOOL boolean = 0;
-    ASSERT_EQ(thing_->EchoBoolean(763, &boolean), S_OK);
-    EXPECT_EQ(FromVariant(LateCall(Object(), "EchoBoolean", kCall, Values{Bool{763}}).Result),
-              Value(Bool{boolean}));
-    Bstr text;
-    ASSERT_EQ(thing_->WithDefaults(1, 7, VARIANT_TRUE, -2.5F, Bstr("none").Get(),
-                                   ShapeConstants::SQUARE, text.Put()),
-              S_OK);
-    EXPECT_EQ(FromVariant(LateCall(Object(), "WithDefaults", kCall, Values{LONG{1}}).Result),
-              Value(text.Utf8()));
-    const LateCall failing(Object(), "Fail", kCall, {LONG{E_ACCESSDENIED}, "No entry."});
-    EXPECT_EQ(failing.Exception.scode, thing_->Fail(E_ACCESSDENIED, nullptr));
 }
 
 TEST_P(Dispatch, ReportsTheFailureOfAMemberWithItsOwnWords) {

@@ -58,23 +58,6 @@ TEST(FontValues, OfTwoFontsAreCompared) {
     EXPECT_EQ(one->IsEqual(nullptr), E_POINTER);
 }
 
-TEST(FontValues, NeedANameAndAPlace) {
-    FONTDESC description = {};
-    description.cbSizeofstruct = sizeof(description);
-    ComPtr<IFont> font;
-    EXPECT_EQ(OleCreateFontIndirect(&description, IID_IFont, font.PutVoid()),
-              CTL_E_INVALIDPROPERTYVALUE);
-    EXPECT_FALSE(font);
-    EXPECT_EQ(OleCreateFontIndirect(nullptr, IID_IFont, nullptr), E_POINTER);
-    ASSERT_EQ(OleCreateFontIndirect(nullptr, IID_IFont, font.PutVoid()), S_OK);
-    EXPECT_EQ(DescriptionOf(font.Get()), FontDescription());
-    EXPECT_EQ(font->put_Name(nullptr), CTL_E_INVALIDPROPERTYVALUE);
-    EXPECT_EQ(font->get_Name(nullptr), E_POINTER);
-    EXPECT_EQ(font->get_Size(nullptr), E_POINTER);
-    EXPECT_EQ(font->Clone(nullptr), E_POINTER);
-    EXPECT_EQ(DescriptionOf(font.Get()), FontDescription());
-}
-
 TEST(FontValues, AreCalledAsEveryMemberIs) {
     ComPtr<IDispatch> font;
     ASSERT_EQ(NewFont({}, IID_IDispatch, font.PutVoid()), S_OK);
