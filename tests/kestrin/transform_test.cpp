@@ -18,8 +18,8 @@ Floats UsualValues(const Operation& operation) {
 
 std::vector<Floats> UsualArrays(const Operation& operation) {
     std::vector<Floats> arrays;
-    for (std::size_t i = 0; i < operation.Arrays.size(); ++i) {
-        const bool areFrequencies = std::string_view(operation.Arrays[i].Name) == "FreqArray";
+    for (const Parameter& array : operation.Arrays) {
+        const bool areFrequencies = std::string_view(array.Name) == "FreqArray";
         arrays.push_back(areFrequencies ? Floats{0, 1000, 2000, 3000} : Floats{50, 20, 60, 10});
     }
     return arrays;
@@ -121,7 +121,7 @@ TEST_P(AllOperationsTest, ReportsOften) {
     VectorBlock block(WhiteNoise(1 << 20, 0.001));
     Percents progress;
     Run(Which(), block, UsualValues(Described()), UsualArrays(Described()), progress);
-    EXPECT_GE(progress.Reports(), Which() == Id::Silence ? 1 : 8);
+    EXPECT_GE(progress.Reports(), 8);
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, AllOperationsTest, testing::Range<std::size_t>(0, 33),

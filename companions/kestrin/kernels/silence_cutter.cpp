@@ -78,7 +78,10 @@ std::size_t TrimStart(std::span<std::int16_t> sound, const TrimSettings& setting
     quiet -= quiet % settings.Channels;
     const std::size_t removed = RemovedOf(quiet, settings);
     if (settings.Fade > 0) FadeIn(sound.subspan(removed, quiet - removed), settings.Channels);
-    MoveTo(sound, 0, removed, sound.size() - removed);
+    for (std::size_t from = removed; removed > 0 && from < sound.size(); from += kPiece) {
+        MoveTo(sound, from - removed, from, std::min(kPiece, sound.size() - from));
+        progress.Report(FractionOf(std::max(from, quiet), sound.size()));
+    }
     return sound.size() - removed;
 }
 

@@ -12,6 +12,9 @@
 namespace mavrin2::kestrin {
 namespace {
 
+// Samples that are moved between two reports.
+constexpr std::size_t kPiece = 1 << 16;
+
 std::size_t FramesOf(const Request& request, double milliseconds) {
     return static_cast<std::size_t>(std::llround(milliseconds * request.Rate / 1000));
 }
@@ -73,13 +76,17 @@ const Rendering kResampling{&ScaledLength, &Resample};
 const Rendering kPitchShifting{&SameLength, &PitchShift};
 const Rendering kTimeStretching{&ScaledLength, &TimeStretch};
 
-std::size_t MakeSilence(const Request&, std::span<std::int16_t> sound) {
-    std::ranges::fill(sound, std::int16_t{0});
+std::size_t MakeSilence(const Request& request, std::span<std::int16_t> sound) {
+    for (std::size_t done = 0; done < sound.size();) {
+        const auto piece = sound.subspan(done, std::min(kPiece, sound.size() - done));
+        std::ranges::fill(piece, std::int16_t{0});
+        done += piece.size();
+        request.Report.Report(FractionOf(done, sound.size()));
+    }
     return sound.size();
 }
 
 std::size_t ReverseSamples(const Request& request, std::span<std::int16_t> sound) {
-    constexpr std::size_t kPiece = 1 << 16;
     const std::size_t half = sound.size() / 2;
     for (std::size_t done = 0; done < half; done += kPiece) {
         const std::size_t end = std::min(half, done + kPiece);
