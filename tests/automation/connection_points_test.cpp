@@ -76,7 +76,7 @@ protected:
 };
 
 TEST_F(Points, PassEventsToEverySinkAsOftenAsItIsConnected) {
-    EXPECT_EQ(Fire(), S_OK) << "with nobody there";
+    EXPECT_EQ(Fire(), S_OK) << "without connections";
     Sink& once = NewSink();
     Sink& twice = NewSink();
     Advise(once);
@@ -213,7 +213,7 @@ TEST_F(Points, AreFoundAndListed) {
     EXPECT_EQ(all->Skip(1), S_OK);
     EXPECT_EQ(all->Clone(copy.Put()), S_OK);
     EXPECT_EQ(all->Skip(2), S_FALSE);
-    ASSERT_EQ(copy->Next(1, points, nullptr), S_OK) << "a copy stands where the original stood";
+    ASSERT_EQ(copy->Next(1, points, nullptr), S_OK) << "a copy starts at the original's position";
     EXPECT_EQ(points[0]->GetConnectionInterface(&iid), S_OK);
     points[0]->Release();
     EXPECT_TRUE(IsEqualGUID(iid, IID_IPropertyNotifySink));

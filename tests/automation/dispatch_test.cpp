@@ -32,7 +32,7 @@ TEST_P(Dispatch, ConvertsArgumentsAsTheSystemDoesAndTellsWhichOneIsWrong) {
         {"null", "EchoLong", {Null{}}, {}, DISP_E_TYPEMISMATCH, {}, 0},
         {"single precision", "EchoFloat", {0.5}, {}, S_OK, FLOAT{0.5F}},
         {"double precision", "EchoDouble", {"-1.25"}, {}, S_OK, -1.25},
-        {"a text of its own",
+        {"a text beyond the basic plane",
          "EchoText",
          {"\xF0\x9D\x84\x9E clef"},
          {},
@@ -227,11 +227,11 @@ TEST_P(Dispatch, TakesWhatAPropertyHasNoParametersForAsMeantForItsValue) {
 }
 
 TEST_P(Dispatch, ReportsTheFailureOfAMemberWithItsOwnWords) {
-    const LateCall told(Object(), "Fail", kCall, {LONG{E_ACCESSDENIED}, "No entry."});
-    EXPECT_EQ(told.Status, DISP_E_EXCEPTION);
-    EXPECT_EQ(told.Exception.scode, E_ACCESSDENIED);
-    EXPECT_EQ(ToUtf8(Bstr::View(told.Exception.bstrDescription)), "No entry.");
-    EXPECT_EQ(ToUtf8(Bstr::View(told.Exception.bstrSource)), "MavrinTest.Thing");
+    const LateCall described(Object(), "Fail", kCall, {LONG{E_ACCESSDENIED}, "No entry."});
+    EXPECT_EQ(described.Status, DISP_E_EXCEPTION);
+    EXPECT_EQ(described.Exception.scode, E_ACCESSDENIED);
+    EXPECT_EQ(ToUtf8(Bstr::View(described.Exception.bstrDescription)), "No entry.");
+    EXPECT_EQ(ToUtf8(Bstr::View(described.Exception.bstrSource)), "MavrinTest.Thing");
 
     const LateCall thrown(Object(), "Fail", kCall, {LONG{0}, "throw"});
     EXPECT_EQ(thrown.Exception.scode, E_OUTOFMEMORY);
@@ -242,7 +242,7 @@ TEST_P(Dispatch, RefusesCallsThatMakeNoSense) {
     const auto invoke = [&](DISPID id, DISPPARAMS* arguments) {
         return object_->Invoke(id, IID_NULL, 0, kCall, arguments, nullptr, nullptr, nullptr);
     };
-    EXPECT_EQ(invoke(15, &none), S_OK) << "nobody has to want the result";
+    EXPECT_EQ(invoke(15, &none), S_OK) << "the result is optional";
     EXPECT_EQ(invoke(9, &none), DISP_E_MEMBERNOTFOUND) << "planned, but not there yet";
     EXPECT_EQ(invoke(15, nullptr), E_INVALIDARG);
     VARIANT one{};

@@ -142,12 +142,12 @@ TEST_F(Registration, ReplacesWhatAnOlderVersionLeftUnderTheClass) {
 
 TEST_F(Registration, IsTakenBackWithoutTouchingOthers) {
     const platform::RegistryChange others[] = {
-        {platform::RegistryChange::Kind::SetValue, u"Other.Class", {}, u"Somebody's"}};
+        {platform::RegistryChange::Kind::SetValue, u"Other.Class", {}, u"another program's"}};
     ASSERT_EQ(platform::SystemComponentRegistry()->Apply(others), S_OK);
     ASSERT_EQ(RegisterModule(kModule), S_OK);
     ASSERT_EQ(At(u"Test.Control"), u"Control Class");
     ASSERT_EQ(UnregisterModule(kModule), S_OK);
-    EXPECT_EQ(At(u"Other.Class"), u"Somebody's");
+    EXPECT_EQ(At(u"Other.Class"), u"another program's");
     for (const std::u16string key :
          {u"Test.Control.2", u"Test.Control.2\\CLSID", u"Test.Control", u"Test.Control\\CurVer",
           u"Test.Thing", u"Test.Plain.1\\CLSID", kControlKey, kThingKey, kPlainKey})

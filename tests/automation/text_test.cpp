@@ -39,7 +39,7 @@ TEST(Text, KeepsBytesThatAreNoCharacters) {
         "\xc3z",             // no continuation
         "\xc0\xaf",          // longer than needed
         "\xe0\x80\xaf",      // so too
-        "\xed\xb3\xa9",      // the surrogate that stands for a byte
+        "\xed\xb3\xa9",      // the surrogate that encodes a byte
         "\xf4\x90\x80\x80",  // beyond the last character
         "\xf5\xff\xfe",
     };

@@ -117,10 +117,10 @@ inline std::map<std::string, std::vector<std::string>> LibraryTexts(ITypeLib& li
         std::vector<std::string>& lines = texts[NameOf(*type)];
         OLECHAR id[40] = {};
         StringFromGUID2(attributes->guid, id, 40);
-        constexpr int kTold = TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION | TYPEFLAG_FCONTROL |
-                              TYPEFLAG_FCANCREATE | TYPEFLAG_FDISPATCHABLE;
+        constexpr int kShown = TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION | TYPEFLAG_FCONTROL |
+                               TYPEFLAG_FCANCREATE | TYPEFLAG_FDISPATCHABLE;
         lines.push_back(automation::ToUtf8(id) + " kind " + std::to_string(attributes->typekind) +
-                        " flags " + std::to_string(attributes->wTypeFlags & kTold) + ": " +
+                        " flags " + std::to_string(attributes->wTypeFlags & kShown) + ": " +
                         HelpOf(*type));
         if (attributes->typekind == TKIND_ENUM) {
             for (const std::string& constant : ConstantsOf(*type))

@@ -23,7 +23,7 @@ protected:
     }
 };
 
-// Whatever stands in a file, opening and reading it comes to an end, gives at most what a file of
+// Whatever a file contains, opening and reading it ends, gives at most what a file of
 // its size could hold, and takes a bounded amount of memory.
 TEST_P(DamagedFilesTest, DoNoHarm) {
     const std::string name = GetParam();
@@ -47,13 +47,13 @@ TEST_P(DamagedFilesTest, DoNoHarm) {
             continue;
         }
         ++opened;
-        const SourceDescription& told = found.Result->Description();
-        ASSERT_TRUE(told.Delivered.IsUsable());
+        const SourceDescription& source = found.Result->Description();
+        ASSERT_TRUE(source.Delivered.IsUsable());
         const auto most = static_cast<std::int64_t>(bytes.size()) * 8192;
-        EXPECT_LE(told.Frames, most);
+        EXPECT_LE(source.Frames, most);
         std::int64_t read = 0;
         while (const std::size_t frames = found.Result->Read(std::span(block).first(
-                   std::size_t{65536} * static_cast<std::size_t>(told.Delivered.Channels)))) {
+                   std::size_t{65536} * static_cast<std::size_t>(source.Delivered.Channels)))) {
             read += static_cast<std::int64_t>(frames);
             ASSERT_LE(read, most);
         }

@@ -90,7 +90,7 @@ TEST_F(FileCompanionTest, TakesMemoryForWhatTheFileHolds) {
     Block block;
     EXPECT_EQ(companion_->ReadBlock(-1, block.Put()), E_INVALIDARG);
 
-    // A file that is longer than it says: two joined, where the tag tells the first one's length.
+    // A file that is longer than it says: two joined, where the tag states the first one's length.
     Save(In("a.mp3"), {44100, 2}, Noise(400'000, 3000));
     const std::string once = ReadBytes(In("a.mp3"));
     WriteBytes(In("b.mp3"), once + once.substr(0, once.size() / 20));
@@ -144,7 +144,7 @@ TEST_F(FileCompanionTest, VoxIsForItsOwnNamesAndForUnknownOnes) {
     EXPECT_EQ(Text(), "VOX ADPCM 6000 Hz; 4 bit; mono");
     EXPECT_EQ(companion_->SetFormatVOX(0), E_INVALIDARG);
     companion_->SetPcmFormat(12000, 2);
-    for (const auto& [name, type] : {std::pair{"a.vox", 0}, {"b.wav", 3}, {"c.nobody", 0}}) {
+    for (const auto& [name, type] : {std::pair{"a.vox", 0}, {"b.wav", 3}, {"c.unknown", 0}}) {
         CreateFile(In(name), type);
         EXPECT_EQ(Error(), 0);
         EXPECT_EQ(Get(&I::GetFrequency), 6000);
@@ -163,7 +163,7 @@ TEST_F(FileCompanionTest, UnknownNamesGetPcmOnceItIsChosen) {
     EXPECT_EQ(companion_->SetFormatPCM(44100, 2, 24), S_OK);
     EXPECT_EQ(Text(), "PCM 44100 Hz; 24 bit; stereo");
     EXPECT_EQ(Get(&I::GetFormatKind), 1);
-    CreateFile(In("a.nobody"));
+    CreateFile(In("a.unknown"));
     EXPECT_EQ(Text(), "PCM 44100 Hz; 24 bit; stereo");
     CreateFile(In("b.vox"));
     EXPECT_EQ(Text(), "VOX ADPCM 8000 Hz; 4 bit; mono");

@@ -12,7 +12,7 @@ struct RoundTrip {
 
 class RoundTripTest : public SoundTest, public testing::WithParamInterface<RoundTrip> {};
 
-// What is told before anything is decoded is what comes, and as long as what was saved.
+// The length stated before decoding is the length read, and that of what was saved.
 TEST_P(RoundTripTest, IsExactToTheSampleForEveryLength) {
     const auto [name, rate, fileRate] = GetParam();
     for (const int channels : {1, 2}) {
@@ -46,7 +46,7 @@ constexpr PcmFormat kStereo{44100, 2};
 
 TEST_F(LengthTest, CountsTheFramesOfAnMp3WithoutATag) {
     ASSERT_TRUE(Save(In("a.mp3"), kStereo, Noise(100'000, 3000)));
-    // The tag stands in a frame of its own at the beginning, of 626 bytes at 192 kbit/s.
+    // The tag is in a separate frame at the beginning, of 626 bytes at 192 kbit/s.
     const std::string bytes = ReadBytes(In("a.mp3"));
     ASSERT_NE(bytes.substr(0, 626).find("Info"), std::string::npos);
     WriteBytes(In("b.mp3"), "ID3\x04" + std::string(5, '\0') + "\x14" + std::string(20, '\0') +
@@ -66,10 +66,10 @@ TEST_F(LengthTest, ReadsAllOfFilesThatWereJoined) {
         WriteBytes(In(std::string("joined ") + name), once + once);
         const auto reader = Open(In(std::string("joined ") + name));
         ASSERT_TRUE(reader);
-        const auto told = reader->Description().Frames;
+        const auto stated = reader->Description().Frames;
         const auto read = static_cast<std::int64_t>(ReadAll(*reader).size() / 2);
         EXPECT_GE(read, 100'000) << name;
-        EXPECT_NEAR(static_cast<double>(told), static_cast<double>(read), 3000) << name;
+        EXPECT_NEAR(static_cast<double>(stated), static_cast<double>(read), 3000) << name;
     }
 }
 

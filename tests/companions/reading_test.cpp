@@ -27,14 +27,14 @@ TEST_P(SixteenBitTest, ArrivesBitIdenticalInMonoAndStereo) {
         Make(path, GetParam().Format, 22050, channels, noise);
         const auto reader = Open(path);
         ASSERT_TRUE(reader);
-        const SourceDescription& told = reader->Description();
-        EXPECT_EQ(told.SourceRate, 22050);
-        EXPECT_EQ(told.Delivered, (PcmFormat{22050, channels}));
-        EXPECT_EQ(told.Frames, 10'000 / channels);
-        EXPECT_EQ(told.BitsPerSample, 16);
-        EXPECT_EQ(told.PlainPcm, GetParam().Pcm);
-        EXPECT_EQ(told.Text, std::string(GetParam().Pcm ? "PCM" : "FLAC") + " 22050 Hz; 16 bit; " +
-                                 (channels == 1 ? "mono" : "stereo"));
+        const SourceDescription& source = reader->Description();
+        EXPECT_EQ(source.SourceRate, 22050);
+        EXPECT_EQ(source.Delivered, (PcmFormat{22050, channels}));
+        EXPECT_EQ(source.Frames, 10'000 / channels);
+        EXPECT_EQ(source.BitsPerSample, 16);
+        EXPECT_EQ(source.PlainPcm, GetParam().Pcm);
+        EXPECT_EQ(source.Text, std::string(GetParam().Pcm ? "PCM" : "FLAC") +
+                                   " 22050 Hz; 16 bit; " + (channels == 1 ? "mono" : "stereo"));
         EXPECT_EQ(ReadAll(*reader, 777), noise);
     }
 }
@@ -155,7 +155,7 @@ TEST_F(ReadingTest, ReadsCompressedWavKinds) {
 }
 
 TEST_F(ReadingTest, PlacesEverySpeakerOfASurroundFile) {
-    // Left, right, centre, low frequency, left and right behind, each alone in its own frame.
+    // Left, right, centre, low frequency, rear left and rear right, each alone in its own frame.
     constexpr int kLevel = 10'000;
     Samples frames(std::size_t{6} * 8, 0);
     for (std::size_t i = 0; i < 6; ++i)
@@ -172,7 +172,7 @@ TEST_F(ReadingTest, PlacesEverySpeakerOfASurroundFile) {
         EXPECT_NE(reader->Description().Text.find("6 channels"), std::string::npos);
         EXPECT_EQ(ReadAll(*reader), expected) << name;
     }
-    // The file's own order counts where it tells one: quadrophonic with a centre behind.
+    // The file's own order counts where it states one: quadraphonic with a rear centre.
     Make(In("map.wav"), SF_FORMAT_WAVEX | SF_FORMAT_PCM_16, 48000, 4,
          Samples{0, 0, 10'000, 0, 0, 0, 0, 10'000},
          {SF_CHANNEL_MAP_LEFT, SF_CHANNEL_MAP_RIGHT, SF_CHANNEL_MAP_CENTER,

@@ -41,7 +41,7 @@ TEST_F(ClipboardExchange, OffersTheClipFileToOtherPrograms) {
 TEST_F(ClipboardExchange, PastesTheSoundOfOtherPrograms) {
     OpenThousand();
     Control->PasteFromClipboard();
-    EXPECT_EQ(DocumentSamples(), Ramp(1000)) << "there is none";
+    EXPECT_EQ(DocumentSamples(), Ramp(1000)) << "without sound there";
     EXPECT_EQ(LastError(), 0);
 
     System.Clipboard->SetContent("a WAVE file");

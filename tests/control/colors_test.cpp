@@ -153,7 +153,7 @@ TEST_F(Colors, MayBeThoseOfAnObjectOfTheHosts) {
     EXPECT_EQ(std::bit_cast<Values>(Parts->Style.Colors()), own) << "with the same shades";
     EXPECT_TRUE(IsAsMadeAnew());
     Parts->Style.ColorsObject.Reset();
-    EXPECT_TRUE(Has(MadeAnew(), 0xABF01C)) << "as at first, when there are none";
+    EXPECT_TRUE(Has(MadeAnew(), 0xABF01C)) << "as at first, without colours";
 }
 
 TEST_F(Colors, AreKeptWithoutAControl) {

@@ -129,7 +129,7 @@ TEST_F(ControlProperties, TakeTheFolderOfAPathForTemporaryFiles) {
     EXPECT_EQ(WorkFile().extension(), ".tmp");
 }
 
-TEST_F(ControlProperties, CleanAFolderThatIsChosenWhenNothingIsOpenAndNobodyElseIsThere) {
+TEST_F(ControlProperties, CleanAFolderThatIsChosenWhenNothingIsOpenAndNoOtherInstanceLives) {
     const auto left = [&](const char* folder) {
         System.Files->AddFile(std::string(folder) + "nct12ab.tmp", "left by a crash");
         System.Files->AddFile(std::string(folder) + "nct12ab.wav", "another program's");

@@ -56,9 +56,9 @@ TEST_F(Lifetime, DoesNotBeginWithoutTheOthersEither) {
     }
 }
 
-TEST_F(Lifetime, RemovesWhatACrashLeftWhenNobodyElseLives) {
+TEST_F(Lifetime, RemovesWhatACrashLeftWhenNoOtherInstanceLives) {
     System.Files->AddFile("/tmp/private/nct12ab.tmp", "left by a crash");
-    System.Files->AddFile("/tmp/private/nct12ab.dat", "somebody's");
+    System.Files->AddFile("/tmp/private/nct12ab.dat", "another program's");
     {
         const auto other = System.Locks.New();
         Start();
@@ -143,7 +143,7 @@ TEST_F(Lifetime, IsThatOfTheObjectThatAggregatesIt) {
     EXPECT_EQ(refused, nullptr);
     ASSERT_EQ(server::CMavrin2::Create(&outer, IID_IUnknown, outer.Inner.PutVoid(), Environment()),
               S_OK);
-    EXPECT_EQ(outer.References, 0u) << "the inner object holds nothing of the outer one";
+    EXPECT_EQ(outer.References, 0u) << "the inner object has no reference to the outer one";
 
     Control = outer.Inner.As<IMavrin2>();
     Control->get_Position(Position.Put());

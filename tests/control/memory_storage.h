@@ -9,7 +9,7 @@
 
 namespace mavrin2::tests {
 
-// A stream in memory, as far as a control reads and writes one.
+// A stream in memory, with the calls that a control makes.
 class MemoryStream final : public automation::Counted<IStream> {
 public:
     std::vector<std::uint8_t> Bytes;

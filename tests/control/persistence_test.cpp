@@ -100,7 +100,7 @@ TEST_F(Persistence, KeepsTheSameInAStorage) {
     EXPECT_EQ(persist->Load(&storage), STG_E_FILENOTFOUND);
     SetExtent(100, 50);
     EXPECT_EQ(persist->Save(&storage, FALSE), S_OK);
-    EXPECT_EQ(persist->IsDirty(), S_OK) << "a copy for somebody else";
+    EXPECT_EQ(persist->IsDirty(), S_OK) << "a copy elsewhere";
     EXPECT_EQ(persist->Save(&storage, TRUE), S_OK);
     EXPECT_EQ(persist->SaveCompleted(nullptr), S_OK);
     EXPECT_EQ(persist->HandsOffStorage(), S_OK);

@@ -41,7 +41,7 @@ TEST_F(Scale, BeginsWithItsDefaults) {
         for (const Getter get : {&IMavrin2Scale::get_Type, &IMavrin2Scale::get_Visible,
                                  &IMavrin2Scale::get_Grid, &IMavrin2Scale::get_Orientation})
             EXPECT_EQ(Got(*scale, get), 1);
-        // Windows tells the size of the nearest font that it has.
+        // Windows reports the size of the nearest font that it has.
         const platform::FontDescription font = platform::DescriptionOf(Font(*scale).Get());
         EXPECT_EQ(font.Family, "Arial");
         EXPECT_EQ(platform::EmPixels(font), 11);
@@ -50,7 +50,7 @@ TEST_F(Scale, BeginsWithItsDefaults) {
         EXPECT_EQ(scale->get_Type(nullptr), E_POINTER);
         EXPECT_EQ(scale->get_Font(nullptr), E_POINTER);
     }
-    EXPECT_NE(Font(X()).Get(), Font(Y()).Get()) << "each has one of its own";
+    EXPECT_NE(Font(X()).Get(), Font(Y()).Get()) << "each has its own";
 }
 
 TEST_F(Scale, LimitsWhatIsWrittenAndShowsItAtOnce) {

@@ -11,7 +11,7 @@
 
 namespace mavrin2::tests {
 
-// Counts how often a container is told that the picture has changed.
+// Counts the notifications to a container that the picture has changed.
 class PictureSink final : public Fake<IAdviseSink> {
 public:
     void STDMETHODCALLTYPE OnDataChange(FORMATETC*, STGMEDIUM*) override {}
@@ -35,7 +35,7 @@ public:
     std::vector<platform::FontDescription> Loaded;
 };
 
-// An object that is not the control's own, as far as can be seen: it has what is published and no
+// An object that looks like another maker's: it has what is published and no
 // more.
 template <class Object>
 class Foreign final : public FakeOuter {

@@ -177,7 +177,7 @@ TEST_F(CurveTest, IsANaturalSplineThroughMore) {
     EXPECT_NEAR(At(5), 500 + 38 * 100 / 16, 1);
     EXPECT_NEAR(At(15), 500 - (-38 + 32) * 100 / 16, 1);
     EXPECT_NEAR(At(25), 250 - 32 * 100 / 16, 1);
-    // Behind the last point but one, the parabola through the last three.
+    // After the last point but one, the parabola through the last three.
     EXPECT_NEAR(At(35), 375, 1);
 }
 

@@ -174,7 +174,7 @@ TEST_F(Commands, ConvertJoinAndMixWholeSounds) {
     EXPECT_EQ(processed[16100], 4050);
     EXPECT_EQ(processed[17000], 9000);
 
-    // As long as the longest one; what is over in it has its own level, too.
+    // As long as the longest one; the rest of it has its own level, too.
     const auto mixed = written({"mix", "out.wav", "start.wav", "tone.wav@50%", "a@b%.wav@25%"});
     ASSERT_EQ(mixed.size(), 12000U);
     EXPECT_EQ(mixed[80], 80 + 40 + 20);

@@ -13,7 +13,7 @@
 
 namespace mavrin2::tests {
 
-// The built program as a process of its own.
+// The built program as a separate process.
 class Program {
 public:
     struct Settings {

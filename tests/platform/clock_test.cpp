@@ -15,7 +15,7 @@ struct RealClock {
     std::shared_ptr<Clock> Time = mavrin2::platform::SystemClock();
     void Work() {}
 };
-struct ToldClock {
+struct ManualClock {
     std::shared_ptr<FakeClock> Time = std::make_shared<FakeClock>();
     void Work() {
         Time->Advance(1);
@@ -29,7 +29,7 @@ protected:
     Kind clock_;
 };
 
-using Kinds = testing::Types<RealClock, ToldClock>;
+using Kinds = testing::Types<RealClock, ManualClock>;
 TYPED_TEST_SUITE(Clocks, Kinds);
 
 TYPED_TEST(Clocks, GoOnWhileTheProcessComputes) {

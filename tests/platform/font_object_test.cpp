@@ -82,8 +82,8 @@ std::string Get(IDispatch& object, const char* name) {
     return text;
 }
 
-// What a system may not change. One that looks for the font at once tells the size that the pixels
-// really have, and the characters of the font that it found.
+// What a system may not change. One that looks for the font at once reports the size that the
+// pixels really have, and the characters of the font that it found.
 FontDescription AsDrawn(FontDescription description) {
     description.Size = EmPixels(description);
     description.CharacterSet = 0;
@@ -204,13 +204,13 @@ private:
 
 TEST(FontObject, MayBeAnyObjectWithTheMembersOfOne) {
     Owned<IDispatch> font;
-    const FontDescription told = {"Liberation Sans", 140000, 800, 2, true, false, true};
-    ASSERT_EQ(NewFont(told, IID_IDispatch, font.Put()), S_OK);
+    const FontDescription given = {"Liberation Sans", 140000, 800, 2, true, false, true};
+    ASSERT_EQ(NewFont(given, IID_IDispatch, font.Put()), S_OK);
     HalfAFont half(*font.Object);
-    FontDescription expected = told;
+    FontDescription expected = given;
     expected.Family = "Arial";
     ExpectDrawnAs(&half, expected);
-    EXPECT_EQ(DescriptionOf(&half).CharacterSet, 1) << "the object tells of none";
+    EXPECT_EQ(DescriptionOf(&half).CharacterSet, 1) << "the object has no such member";
     EXPECT_EQ(half.References, 1u);
 }
 

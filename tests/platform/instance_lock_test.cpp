@@ -45,7 +45,7 @@ TYPED_TEST(InstanceLocks, GiveOneSoleAtATimeAndTakeItBack) {
     const auto lock = this->locks_.New();
     auto sole = lock->TryBecomeSole();
     ASSERT_TRUE(sole);
-    EXPECT_FALSE(lock->TryBecomeSole()) << "somebody is at it already";
+    EXPECT_FALSE(lock->TryBecomeSole()) << "another one is trying already";
     sole.reset();
     const auto other = this->locks_.New();
     EXPECT_FALSE(lock->TryBecomeSole());

@@ -6,7 +6,7 @@
 
 namespace mavrin2::tests {
 
-// The system's clipboard without any sound, as far as possible one that only the test sees.
+// The system's clipboard without any sound, if possible one that only the test sees.
 std::shared_ptr<platform::SoundClipboard> EmptySystemClipboard();
 
 }  // namespace mavrin2::tests

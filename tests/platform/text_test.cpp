@@ -134,7 +134,7 @@ TEST(Text, IsDrawnIntoItsCell) {
         const int inside = sheet.Drawn(10, 10, 10 + extent.Width, 10 + extent.Height);
         EXPECT_GT(inside, extent.Width);
         EXPECT_EQ(sheet.Drawn(), inside) << size;
-        // Strokes have the whole colour; everything else lies between it and the paper.
+        // Strokes have the whole colour; everything else is between it and the paper.
         int strokes = 0;
         for (int y = 10; y < 10 + extent.Height; ++y) {
             for (int x = 10; x < 10 + extent.Width; ++x) {

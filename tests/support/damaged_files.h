@@ -9,7 +9,7 @@
 
 namespace mavrin2::tests {
 
-// Makes the checksums of Ogg pages right again, as far as the pages follow each other: readers drop
+// Makes the checksums of Ogg pages right again, while the pages follow each other: readers drop
 // a page with a wrong one, and no damage inside would ever reach them.
 inline void SealOggPages(std::string& bytes) {
     constexpr std::size_t kHeader = 27;

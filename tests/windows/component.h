@@ -10,7 +10,7 @@
 
 namespace mavrin2::tests {
 
-// The modules lie beside this program.
+// The modules are beside this program.
 inline std::filesystem::path ModulePath(const char* name) {
     static const int here = 0;
     return platform::PathOfModule(&here).parent_path() / name;

@@ -11,7 +11,7 @@ using platform::DescriptionOf;
 using platform::FontDescription;
 using platform::NewFont;
 
-// No font of the system is behind the object here, so that it keeps every value as it is given.
+// The object uses no font of the system here, so that it keeps every value as it is given.
 TEST(FontValues, AreKeptAsTheyAreGiven) {
     const FontDescription cases[] = {
         {.Family = "\xC3\x9C"

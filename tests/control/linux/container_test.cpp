@@ -1,4 +1,4 @@
-// The control as containers meet it: in place in a window, drawn anywhere, told what it does.
+// The control as containers meet it: in place in a window, drawn anywhere, with its notifications.
 
 #include <algorithm>
 #include <limits>
@@ -87,7 +87,7 @@ protected:
     ComPtr<IOleObject> Object = Made.As<IOleObject>();
 };
 
-TEST_F(Container, IsAskedAndToldAtEveryStepOfBeingActive) {
+TEST_F(Container, IsAskedAndNotifiedAtEveryStepOfBeingActive) {
     const std::string enter =
         "CanInPlaceActivate OnInPlaceActivate GetWindowContext GetWindow ShowObject";
     struct {

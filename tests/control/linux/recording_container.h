@@ -8,7 +8,7 @@
 
 namespace mavrin2::tests {
 
-// A container with one place in its window, which writes down what the control asks and tells, and
+// A container with one place in its window, which writes down the control's calls, and
 // can do anything in the middle of it. Belongs to the test; others only count on it.
 class RecordingContainer final : public IOleClientSite,
                                  public IOleInPlaceSite,

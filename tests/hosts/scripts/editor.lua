@@ -75,7 +75,7 @@ do
 end
 collectgarbage()
 
--- A font is an object of the system's, which need not tell its type.
+-- A font is an object of the system's, perhaps without type information.
 local font <const> = editor.ScaleX.Font
 assert(font == editor.ScaleX.Font and font ~= editor.ScaleY.Font)
 assert(font.Name == "Arial" and font.Size == 8 and font.bold == 0)

@@ -55,7 +55,7 @@ TEST_F(RegistryFile, TakesWhatItUnderstandsFromACorruptFile) {
     EXPECT_EQ(Get(u"C"), u"(none)");
 }
 
-TEST_F(RegistryFile, KeepsModulesThatLieBelowItByTheirWayFromThere) {
+TEST_F(RegistryFile, KeepsModulesBelowItByTheirRelativePath) {
     const std::filesystem::path module = folder_.Path() / "lib" / "sub" / "libx.so";
     ASSERT_EQ(Set(u"CLSID\\{A}\\InprocServer32", module.u16string()), S_OK);
     ASSERT_EQ(Set(u"CLSID\\{B}\\InprocServer32", u"/elsewhere/liby.so"), S_OK);

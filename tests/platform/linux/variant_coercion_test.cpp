@@ -99,7 +99,7 @@ TEST(Coercion, RoundsToTheNearestAndHalvesToTheEvenInteger) {
     }
 }
 
-TEST(Coercion, OverflowsRightBehindTheLastNumberThatFits) {
+TEST(Coercion, OverflowsRightAfterTheLastNumberThatFits) {
     const struct {
         VARTYPE Type;
         double Last;

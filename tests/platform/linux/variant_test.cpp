@@ -103,7 +103,7 @@ TEST(Parameters, AreFoundByPositionAndThenByName) {
     EXPECT_EQ(DispGetParam(&params, 3, VT_I4, &result, &bad), DISP_E_PARAMNOTFOUND);
     EXPECT_EQ(bad, 99u);
     EXPECT_EQ(DispGetParam(&params, 1, VT_I4, &result, &bad), DISP_E_TYPEMISMATCH);
-    EXPECT_EQ(bad, 1u) << "its place among the arguments, which stand last first";
+    EXPECT_EQ(bad, 1u) << "its place among the arguments, which are in reverse order";
 }
 
 }  // namespace

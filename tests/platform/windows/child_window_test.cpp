@@ -98,7 +98,7 @@ TEST_F(WindowsControlWindow, EndsByItselfOrWithItsParent) {
     const HWND window = Window->Handle();
     Window.reset();
     EXPECT_FALSE(::IsWindow(window));
-    EXPECT_EQ(Ends, 0) << "nobody is told of what was asked for";
+    EXPECT_EQ(Ends, 0) << "a requested change is not reported";
 
     Make({0, 0, 30, 30});
     ::DestroyWindow(std::exchange(Parent, nullptr));

@@ -3,7 +3,7 @@
 namespace mavrin2::tests {
 namespace {
 
-// Hooks are called without anything of their owner's.
+// Hooks are called without data of their owner.
 std::vector<std::wstring> seenBoxes;
 HWND lastBox = nullptr;
 

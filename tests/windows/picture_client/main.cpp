@@ -1,5 +1,5 @@
 // Shows the control in a container that is not ours, and draws it outside of any: both must give
-// one picture, which is written to a file as it lies in memory, 0x00RRGGBB row by row.
+// one picture, which is written to a file as it is in memory, 0x00RRGGBB row by row.
 //
 //   picture_client WIDTH HEIGHT SOUND OUT
 

@@ -2,7 +2,7 @@
 
 namespace {
 
-// Both live for ever; what is counted is only told to the caller.
+// Both live for ever; the counts are only reported to the caller.
 template <typename Interface>
 class Counted : public Interface {
 public:
