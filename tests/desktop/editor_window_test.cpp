@@ -66,6 +66,12 @@ TEST_F(EditorWindows, HaveEntriesThatDoWhatTheyName) {
     EXPECT_EQ(Frames(window_), all);
     Trigger("Redo");
     EXPECT_EQ(Frames(window_), all - selected);
+    Trigger("Undo");
+    window_.Sound().ShowRange(20000, 30000);
+    window_.Sound().Select(15000, 40000);
+    Settle();
+    Trigger("Delete");  // with all that is visible
+    EXPECT_EQ(At().ViewEnd - At().ViewStart, 10000);
     Trigger("Spectrum");
     EXPECT_EQ(window_.Sound().Members().Number("TypeView"), 1);
     Trigger("Select All");

@@ -37,7 +37,8 @@ TEST_F(Effects, AskForWhatTheDescriptionsName) {
     ASSERT_EQ(trim.size(), 3U);
     EXPECT_EQ(trim[0].Label, "Trim level");
     EXPECT_EQ(trim[0].Low, -96);
-    EXPECT_EQ(trim[2].Choices.value(static_cast<int>(trim[2].Usual)), "TRIM_BOTH");
+    EXPECT_EQ(trim[1].Unit, "ms");
+    EXPECT_EQ(trim[2].Choices.value(static_cast<int>(trim[2].Usual)), "Both");
     EXPECT_EQ(Parameters("Normalize")[1].Type, EffectParameter::Kind::Switch);
     EXPECT_EQ(Parameters("Envelope")[0].Type, EffectParameter::Kind::Numbers);
     EXPECT_EQ(Parameters("Fade")[1].Unit, "percent");

@@ -15,10 +15,11 @@ struct UsualValue {
     double Number;
     const char* Numbers;
 };
-constexpr UsualValue kUsual[] = {
-    {"percent", 100, "100 100 100"}, {"dB", -6, "0 0 0"},    {"ms", 100, "100 100 100"},
-    {"Hz", 1000, "100 1000 10000"},  {"ratio", 2, "2 2 2"},  {"weights", 1, "1 1 1"},
-    {"filters", 1, "1 1 1"},         {"cents", 50, "50 50"}, {"coefficients", 127, "127"}};
+constexpr UsualValue kUsual[] = {{"percent", 100, "100 100 100"}, {"dB", -6, "0 0 0"},
+                                 {"ms", 100, "100 100 100"},      {"Hz", 1000, "100 1000 10000"},
+                                 {"ratio", 2, "2 2 2"},           {"weights", 1, "1 1 1"},
+                                 {"filters", 1, "1 1 1"},         {"cents", 50, "50 50"},
+                                 {"coefficients", 127, "127"},    {"degrees", 0, "0"}};
 
 // The list of units and ranges at the end of a help text.
 QStringList RangesOf(const QString& help) {
@@ -26,26 +27,29 @@ QStringList RangesOf(const QString& help) {
     return colon < 0 ? QStringList() : help.mid(colon + 2).split("; ");
 }
 
+const UsualValue* Find(const QString& unit) {
+    const auto* const found =
+        std::ranges::find_if(kUsual, [&](const UsualValue& value) { return unit == value.Unit; });
+    return found == std::end(kUsual) ? nullptr : found;
+}
+
 void ReadRange(const QString& text, EffectParameter& parameter) {
-    static const QRegularExpression kRange(
-        R"(^([A-Za-z]*)[^,]*(?:,|$)\s*(?:(-?[\d.]+)\s*\.\.\.\s*(-?[\d.]+))?)");
+    static const QRegularExpression kRange(R"((-?[\d.]+)\s*\.\.\.\s*(-?[\d.]+))");
+    for (const QString& word : text.section(',', 0, 0).split(' '))
+        if (parameter.Unit.isEmpty() && Find(word)) parameter.Unit = word;
     const auto match = kRange.match(text);
-    parameter.Unit = match.captured(1);
-    if (match.hasCaptured(2) && match.hasCaptured(3)) {
-        parameter.Low = match.captured(2).toDouble();
-        parameter.High = match.captured(3).toDouble();
-    }
+    if (!match.hasMatch()) return;
+    parameter.Low = match.captured(1).toDouble();
+    parameter.High = match.captured(2).toDouble();
 }
 
 void SetUsual(EffectParameter& parameter) {
-    const auto* const usual = std::ranges::find_if(
-        kUsual, [&](const UsualValue& value) { return parameter.Unit == value.Unit; });
-    const bool known = usual != std::end(kUsual);
+    const UsualValue* const usual = Find(parameter.Unit);
     // Full is too much where percents are a share of something.
     const bool share = parameter.Unit == "percent" && parameter.High <= 100;
-    const double number = share ? parameter.High / 2 : known ? usual->Number : 0;
+    const double number = share ? parameter.High / 2 : usual ? usual->Number : 0;
     parameter.Usual = std::clamp(number, parameter.Low, parameter.High);
-    parameter.UsualNumbers = known ? usual->Numbers : "0";
+    parameter.UsualNumbers = usual ? usual->Numbers : "0";
 }
 
 void SetKind(const DescribedParameter& described, const std::vector<Constant>& constants,
@@ -57,7 +61,10 @@ void SetKind(const DescribedParameter& described, const std::vector<Constant>& c
     for (const Constant& constant : constants) {
         if (constant.Enumeration != described.Type.Name) continue;
         parameter.Type = Kind::Choice;
-        parameter.Choices += QString::fromStdString(constant.Name);
+        // Without what the names have in common: "Both" for TRIM_BOTH.
+        QString name = QString::fromStdString(constant.Name).section('_', 1).toLower();
+        if (!name.isEmpty()) name[0] = name[0].toUpper();
+        parameter.Choices += name;
         parameter.Values.push_back(constant.Value.lVal);
         if (described.Default.vt == VT_I4 && described.Default.lVal == constant.Value.lVal)
             parameter.Usual = static_cast<double>(parameter.Values.size() - 1);

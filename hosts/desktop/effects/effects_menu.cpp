@@ -24,7 +24,7 @@ void EffectsMenu::Run(const binding::DescribedMember& operation) {
     EffectDialog dialog(operation, ParametersOf(operation, constants_), parentWidget());
     if (!operation.Parameters.empty() && dialog.exec() != QDialog::Accepted) return;
     const std::vector<automation::Variant> given = dialog.Arguments();
-    editor_.Edit([&] {
+    editor_.EditKeepingZoom([&] {
         const SoundPosition at = editor_.Position();
         // What processes the selection takes all where nothing is selected.
         if (!at.Selected && operation.Name != "InsertSilence") editor_.Select(0, at.Total);

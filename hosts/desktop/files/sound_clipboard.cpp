@@ -60,7 +60,7 @@ void SoundClipboard::Cut() {
 void SoundClipboard::Offer(const char* member) {
     auto folder = std::make_unique<ClipFolder>();
     const QString file = folder->File();
-    editor_.Edit([&] {
+    editor_.EditKeepingZoom([&] {
         editor_.Members().Put("TempFileName", FileName(file));
         editor_.Members().Call(member);
     });

@@ -1,5 +1,6 @@
 #include "hosts/desktop/sound/editor.h"
 
+#include <algorithm>
 #include <exception>
 
 #include "automation/variant.h"
@@ -76,6 +77,19 @@ bool Editor::Edit(const std::function<void()>& calls) {
         if (error != 0 && !stopped_) throw std::runtime_error(binding::EditErrorText(error));
     });
     return done && !stopped_;
+}
+
+bool Editor::EditKeepingZoom(const std::function<void()>& calls) {
+    return Edit([&] {
+        const SoundPosition before = Position();
+        calls();
+        const SoundPosition after = Position();
+        const qint32 length = std::min(before.ViewEnd - before.ViewStart, after.Total);
+        const bool whole = before.ViewEnd - before.ViewStart >= before.Total;
+        if (whole || after.ViewEnd - after.ViewStart >= length) return;
+        const qint32 start = std::min(after.ViewStart, after.Total - length);
+        ShowRange(start, start + length);
+    });
 }
 
 void Editor::Stop() {

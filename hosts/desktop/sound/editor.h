@@ -46,6 +46,10 @@ public:
     // LastErrorNum is a failure, and so is to be stopped.
     bool Edit(const std::function<void()>& calls);
 
+    // The same for calls that may shorten the sound. Where only a part of it is visible, as much
+    // stays visible, also if all of that is deleted.
+    bool EditKeepingZoom(const std::function<void()>& calls);
+
     bool IsBusy() const { return busy_; }
     // Whether the operation that ended last was stopped.
     bool WasStopped() const { return stopped_; }

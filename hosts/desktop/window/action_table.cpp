@@ -14,6 +14,10 @@ void CallEdit(Target target) {
     target.Sound.Edit([&] { target.Sound.Members().Call(Method); });
 }
 
+void Delete(Target target) {
+    target.Sound.EditKeepingZoom([&] { target.Sound.Members().Call("DeleteSelect"); });
+}
+
 template <const char* const& Method>
 void CallView(Target target) {
     target.Sound.Perform([&] { target.Sound.Members().Call(Method); });
@@ -54,7 +58,6 @@ void SelectNothing(Target target) {
 
 constexpr const char* kUndo = "Undo";
 constexpr const char* kRedo = "Redo";
-constexpr const char* kDelete = "DeleteSelect";
 constexpr const char* kZoomIn = "ZoomIn";
 constexpr const char* kZoomOut = "ZoomOut";
 constexpr const char* kZoomFull = "ZoomFull";
@@ -78,7 +81,7 @@ constexpr ActionRow kRows[] = {
     {kEdit, "Cu&t", "Ctrl+X", "Cut", Needs::Selection, [](Target t) { t.Clipboard.Cut(); }},
     {kEdit, "&Copy", "Ctrl+C", "Copy", Needs::Selection, [](Target t) { t.Clipboard.Copy(); }},
     {kEdit, "&Paste", "Ctrl+V", "Paste", Needs::Clip, [](Target t) { t.Clipboard.Paste(); }},
-    {kEdit, "&Delete", "Del", kDelete, Needs::Selection, &CallEdit<kDelete>},
+    {kEdit, "&Delete", "Del", "DeleteSelect", Needs::Selection, &Delete},
     {kEdit, nullptr, "", "", Needs::Nothing, nullptr},
     {kEdit, "Select &All", "Ctrl+A", "Position.EndSelect", Needs::Sound, &SelectAll},
     {kEdit, "Select &Nothing", "Ctrl+Shift+A", "Position.StartSelect", Needs::Sound,
