@@ -169,6 +169,13 @@ TEST_F(TypeLibrary, EndsWhereItsListsEnd) {
     HREFTYPE reference = 0;
     ComPtr<ITypeInfo> none;
     void* object = nullptr;
+    FUNCDESC* function = nullptr;
+    VARDESC* variable = nullptr;
+    Bstr name;
+    EXPECT_EQ(Type(0)->GetFuncDesc(0, &function), TYPE_E_ELEMENTNOTFOUND);
+    EXPECT_EQ(Type(1)->GetVarDesc(0, &variable), TYPE_E_ELEMENTNOTFOUND);
+    EXPECT_EQ(Type(1)->GetDocumentation(9, name.Put(), nullptr, nullptr, nullptr),
+              TYPE_E_ELEMENTNOTFOUND);
     EXPECT_EQ(Type(3)->GetRefTypeOfImplType(2, &reference), TYPE_E_ELEMENTNOTFOUND);
     EXPECT_EQ(Type(1)->GetRefTypeInfo(4, none.Put()), TYPE_E_ELEMENTNOTFOUND);
     EXPECT_EQ(Type(1)->CreateInstance(nullptr, IID_IUnknown, &object), TYPE_E_BADMODULEKIND);

@@ -185,6 +185,20 @@ TEST(Hls, IsAnotherWayToTellAColour) {
     }
 }
 
+TEST(Hls, GivesTheColourBackToWithinItsSteps) {
+    int furthest = 0;
+    for (std::uint32_t i = 0; i < 4096; ++i) {
+        const std::uint32_t color = (i & 0xF) * 17 | (i >> 4 & 0xF) * 17 << 8 | (i >> 8) * 17 << 16;
+        const std::uint32_t back = view::FromHls(view::ToHls(color));
+        for (int shift = 0; shift < 24; shift += 8) {
+            const int part = static_cast<int>(color >> shift & 0xFF);
+            const int got = static_cast<int>(back >> shift & 0xFF);
+            furthest = std::max(furthest, std::abs(part - got));
+        }
+    }
+    EXPECT_LE(furthest, 17) << "a step of 140 in hue is a 23rd of a component";
+}
+
 TEST(Hls, GoesNoFurtherThanBlack) {
     EXPECT_EQ(view::Darker(0xABF01C, 40), 0x547507u);
     EXPECT_EQ(view::Darker(0xABF01C, 20), 0x83B80Du);
