@@ -65,6 +65,45 @@ TEST_F(EditorWidgets, ShowPixelForPixelWhatAWindowWithoutAScreenShows) {
     EXPECT_EQ(Shown(widget), reference.Shown()) << "hidden meanwhile";
 }
 
+TEST_F(EditorWidgets, PassOnTheMouseAsAWindowWithoutAScreenDoes) {
+    const QSize size(640, 240);
+    Editor editor;
+    EditorWidget widget(editor.Control());
+    widget.resize(size);
+    widget.show();
+    Reference reference(size);
+    Open(editor);
+    Open(reference.Sound);
+    Settle();
+    reference.Shown();
+    using platform::MouseAction;
+    const struct {
+        QEvent::Type Type;
+        MouseAction Action;
+        QPoint At;
+    } steps[] = {{QEvent::MouseMove, MouseAction::Move, {100, 60}},
+                 {QEvent::MouseButtonPress, MouseAction::Down, {100, 60}},
+                 {QEvent::MouseMove, MouseAction::Move, {300, 90}},
+                 {QEvent::MouseMove, MouseAction::Move, {-40, 300}},  // captured
+                 {QEvent::MouseMove, MouseAction::Move, {260, 90}},
+                 {QEvent::MouseButtonRelease, MouseAction::Up, {260, 90}}};
+    bool down = false;
+    for (const auto& step : steps) {
+        down = step.Action == MouseAction::Down || (down && step.Action != MouseAction::Up);
+        Mouse(widget, step.Type, step.At, down);
+        platform::MouseEvent event;
+        event.Action = step.Action;
+        event.X = step.At.x();
+        event.Y = step.At.y();
+        event.Held = down ? static_cast<int>(platform::MouseButton::Left) : 0;
+        if (step.Action != MouseAction::Move) event.Button = platform::MouseButton::Left;
+        reference.Window.Send(event);
+        EXPECT_EQ(Shown(widget), reference.Shown()) << step.At.x();
+        EXPECT_EQ(editor.Position().End, reference.Sound.Position().End) << step.At.x();
+    }
+    EXPECT_TRUE(editor.Position().Selected);
+}
+
 TEST_F(EditorWidgets, LetTheirControlGoOnToAnotherWindow) {
     Editor editor;
     { const EditorWidget widget(editor.Control()); }

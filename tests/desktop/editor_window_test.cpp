@@ -194,11 +194,11 @@ TEST_F(EditorWindows, CloseDuringADrag) {
     window->Open(kSound);
     window->show();
     Settle();
-    Mouse(window->Picture(), QEvent::MouseButtonPress, {100, 100});
-    Mouse(window->Picture(), QEvent::MouseMove, {200, 100});
+    Mouse(window->Picture(), QEvent::MouseButtonPress, {100, 100}, true);
+    Mouse(window->Picture(), QEvent::MouseMove, {200, 100}, true);
     EXPECT_TRUE(window->close());
-    Mouse(window->Picture(), QEvent::MouseMove, {300, 100});
-    Mouse(window->Picture(), QEvent::MouseButtonRelease, {300, 100});
+    Mouse(window->Picture(), QEvent::MouseMove, {300, 100}, true);
+    Mouse(window->Picture(), QEvent::MouseButtonRelease, {300, 100}, false);
     window.reset();
 }
 

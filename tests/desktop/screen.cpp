@@ -42,11 +42,10 @@ void OnScreen::AnswerWith(const QString& button) {
     });
 }
 
-void OnScreen::Mouse(QWidget& widget, QEvent::Type type, QPoint at) {
+void OnScreen::Mouse(QWidget& widget, QEvent::Type type, QPoint at, bool down) {
     const bool moves = type == QEvent::MouseMove;
-    const bool held = type != QEvent::MouseButtonRelease;
     QMouseEvent event(type, at, widget.mapToGlobal(at), moves ? Qt::NoButton : Qt::LeftButton,
-                      held ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+                      down ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
     QApplication::sendEvent(&widget, &event);
 }
 

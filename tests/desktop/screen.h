@@ -23,8 +23,8 @@ protected:
     static QAction& Entry(EditorWindow& window, const QString& text);
     // Answers the next question with the button of that text.
     static void AnswerWith(const QString& button);
-    // Moves, presses and releases the left button at a point of a widget.
-    static void Mouse(QWidget& widget, QEvent::Type type, QPoint at);
+    // Moves, presses or releases the left button, which is `down` afterwards.
+    static void Mouse(QWidget& widget, QEvent::Type type, QPoint at, bool down);
 
     static qint32 Frames(EditorWindow& window) { return window.Sound().Position().Total; }
 
