@@ -1,6 +1,7 @@
 #include "bench/measure.h"
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,10 +12,31 @@
 
 namespace mavrin2::bench {
 
-double SecondsOf(const std::function<void()>& run) {
-    const auto from = std::chrono::steady_clock::now();
+namespace {
+
+double ElapsedSeconds() {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+double ProcessorSeconds() {
+    double seconds = 0;
+    for (const auto whose : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
+        rusage usage{};
+        getrusage(whose, &usage);
+        for (const timeval& time : {usage.ru_utime, usage.ru_stime})
+            seconds += static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
+    }
+    return seconds;
+}
+
+}  // namespace
+
+double SecondsOf(const std::function<void()>& run, Clock clock) {
+    const auto now = clock == Clock::Elapsed ? &ElapsedSeconds : &ProcessorSeconds;
+    const double from = now();
     run();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - from).count();
+    return now() - from;
 }
 
 double Median(std::vector<double> values) {
@@ -23,12 +45,13 @@ double Median(std::vector<double> values) {
     return values.size() % 2 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
 }
 
-std::vector<std::vector<double>> RunInTurn(const std::vector<Action>& actions, int rounds) {
+std::vector<std::vector<double>> RunInTurn(const std::vector<Action>& actions, int rounds,
+                                           Clock clock) {
     std::vector<std::vector<double>> times(actions.size());
     for (int round = -1; round < rounds; ++round) {
         for (std::size_t i = 0; i < actions.size(); ++i) {
             actions[i].Before();
-            const double seconds = SecondsOf(actions[i].Run);
+            const double seconds = SecondsOf(actions[i].Run, clock);
             actions[i].After();
             if (round >= 0) times[i].push_back(seconds);
         }
@@ -37,10 +60,10 @@ std::vector<std::vector<double>> RunInTurn(const std::vector<Action>& actions, i
 }
 
 void PrintRatio(const std::string& task, const Action& ours, const std::vector<Action>& others,
-                double limit, int rounds) {
+                double limit, int rounds, Clock clock) {
     std::vector<Action> all{ours};
     all.insert(all.end(), others.begin(), others.end());
-    const auto times = RunInTurn(all, rounds);
+    const auto times = RunInTurn(all, rounds, clock);
     std::size_t best = 1;
     for (std::size_t i = 1; i < all.size(); ++i)
         if (Median(times[i]) < Median(times[best])) best = i;
