@@ -60,6 +60,7 @@ public:
         Held.Texts[#name] = TextOf(text);          \
         return S_OK;                               \
     }
+// NOLINTBEGIN(bugprone-macro-parentheses): a type takes none.
 #define NUMBER_PROPERTY(name, type)                      \
     STDMETHODIMP get_##name(type* value) override {      \
         *value = static_cast<type>(Held.Numbers[#name]); \
@@ -69,6 +70,7 @@ public:
         Held.Numbers[#name] = value;                     \
         return S_OK;                                     \
     }
+    // NOLINTEND(bugprone-macro-parentheses)
     TEXT_PROPERTY(Album)
     TEXT_PROPERTY(Artist)
     TEXT_PROPERTY(Comments)
