@@ -11,6 +11,7 @@
 #include "platform/linux/automation/functions.h"
 #include "platform/linux/automation/in_place.h"
 #include "platform/linux/automation/interfaces.h"
+#include "platform/linux/automation/pictures.h"
 #include "platform/linux/automation/status.h"
 #include "platform/linux/automation/storage.h"
 #include "platform/linux/automation/type_records.h"
