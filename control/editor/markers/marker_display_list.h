@@ -67,13 +67,17 @@ public:
     // Runs `change`, which changes one record of `list` and is not shown before the next rebuild.
     template <class Change>
     void ChangeUnseen(const MarkerList& list, std::int32_t number, Change&& change);
-    // Frees what entries were made from.
+    // Frees the entries; Count() stays.
+    void Release() {
+        entries_ = {};
+        Forget();
+    }
+
+private:
     void Forget() {
         source_ = {};
         kept_.clear();
     }
-
-private:
     MarkerDisplayEntry EntryOf(const MarkerRecord& record, std::int32_t number) const;
 
     std::vector<MarkerDisplayEntry> entries_;

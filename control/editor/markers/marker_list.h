@@ -56,6 +56,8 @@ public:
 
     // For changes: the list's own records, copied first if they are shared.
     std::span<MarkerRecord> OwnRecords() { return Own(); }
+    // The current one of them; there has to be one.
+    MarkerRecord& OwnCurrent() { return Own()[static_cast<std::size_t>(current_) - 1]; }
     // The first marker becomes the current one.
     void Append(MarkerRecord record);
     // Removes the current marker; the next one becomes current, or the last one.
