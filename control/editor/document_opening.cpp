@@ -36,6 +36,8 @@ ErrorConstants DocumentOpening::New(std::int32_t frequency, std::int32_t channel
     ticket.Moved();
     presentation_.Rate.SetSampleRate(frequency);
     document_.Channels.Recount(channels);
+    presentation_.Markers.RebuildDisplayList();
+    if (!ticket.IsCurrent()) return ErrorConstants::NOERRORS;
     document_.Format.FormatDescription = PcmDescription(frequency, channels);
     presentation_.View.FormatChanged();
     if (!ticket.IsCurrent()) return ErrorConstants::NOERRORS;
@@ -74,6 +76,8 @@ void DocumentOpening::Load(const std::filesystem::path& path, FormatTypeConstant
     if (kind == FileKind::Wma) companion_.SetWmaMode(true);
     DocumentLoader(document_, operation_, storage_, presentation_, companion_, ticket)
         .LoadThroughCompanion(path, type);
+    if (kind == FileKind::Sound && ticket.IsCurrent()) markers_.ImportMarkers(path, ticket);
+    if (ticket.IsCurrent()) presentation_.Markers.RebuildDisplayList();
 }
 
 void DocumentOpening::LoadTrack(const std::filesystem::path& path, OperationTicket& ticket) {
@@ -97,6 +101,7 @@ void DocumentOpening::Close() {
     document_.Steps.BatchMode = false;
     document_.History.FreeChain();
     companion_.CloseFile();
+    presentation_.Markers.Release();
     document_.Channels.Recount(document_.Format.Channels);
 }
 

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "control/editor/grabber_companion.h"
+#include "control/editor/markers/marker_files.h"
 #include "control/editor/services.h"
 #include "control/editor/sound_file_companion.h"
 
@@ -13,13 +14,14 @@ class DocumentOpening {
 public:
     DocumentOpening(const Document& document, const Operation& operation, const Storage& storage,
                     const Presentation& presentation, SoundFileCompanion& companion,
-                    GrabberCompanion& grabber, Activity& activity)
+                    GrabberCompanion& grabber, MarkerFiles& markers, Activity& activity)
         : document_(document),
           operation_(operation),
           storage_(storage),
           presentation_(presentation),
           companion_(companion),
           grabber_(grabber),
+          markers_(markers),
           activity_(activity) {}
 
     // An empty document. With a format that no document has (`frequency` below 1, `channels`
@@ -44,6 +46,7 @@ private:
     Presentation presentation_;
     SoundFileCompanion& companion_;
     GrabberCompanion& grabber_;
+    MarkerFiles& markers_;
     Activity& activity_;
 };
 

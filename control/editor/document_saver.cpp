@@ -150,11 +150,10 @@ void DocumentSaver::SaveThroughCompanion(const std::filesystem::path& path, std:
 
     ErrorConstants& error = operation_.Status.LastError;
     WaveStream source(files_);
-    bool created = false;
+    std::optional<std::int32_t> rate;  // of an output
     if (!source.OpenWhole(state.WorkFilePath, state.TotalBytes)) {
         error = ErrorConstants::FILEACCESS;
-    } else if (CreateOutput(path, type)) {
-        created = true;
+    } else if ((rate = CreateOutput(path, type))) {
         status.Set(StatusConstants::Saving);
         const std::uint64_t session = companion_.Session();
         const ErrorConstants outcome = Output(*this, ticket, source, selected).Write(pieces);
@@ -166,21 +165,24 @@ void DocumentSaver::SaveThroughCompanion(const std::filesystem::path& path, std:
     }
     const std::string description = companion_.GetFormatText();
     const bool closed = companion_.CloseFile();
-    if (created && !closed && error == ErrorConstants::NOERRORS)
-        error = companion_.ReasonOfFailure();
-    if (error == ErrorConstants::NOERRORS) document_.Format.FormatDescription = description;
+    if (rate && !closed && error == ErrorConstants::NOERRORS) error = companion_.ReasonOfFailure();
+    if (error != ErrorConstants::NOERRORS) return;
+    document_.Format.FormatDescription = description;
+    const double ratio = static_cast<double>(*rate) / document_.Format.Frequency;
+    // Only into a file that this save has completed: an older one of the name keeps its own.
+    markers_.ExportMarkers(path, selected != 0, ratio > 0 ? ratio : 1, ticket);
 }
 
-bool DocumentSaver::CreateOutput(const std::filesystem::path& path, FormatTypeConstants type) {
+std::optional<std::int32_t> DocumentSaver::CreateOutput(const std::filesystem::path& path,
+                                                        FormatTypeConstants type) {
     const DocumentFormat& format = document_.Format;
     companion_.SetPcmFormat(format.Frequency, format.Channels);
     companion_.CreateSoundFile(path, type);
     companion_.GetErrorCode(operation_.Status.LastError);
-    if (operation_.Status.LastError != ErrorConstants::NOERRORS) return false;
-    // The output's own rate matters to what else is written with a file.
-    companion_.GetFrequency();
+    if (operation_.Status.LastError != ErrorConstants::NOERRORS) return std::nullopt;
+    const std::int32_t rate = companion_.GetFrequency();
     companion_.SetPcmFormat(format.Frequency, format.Channels);
-    return true;
+    return rate;
 }
 
 }  // namespace mavrin2::editor

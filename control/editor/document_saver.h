@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 
+#include "control/editor/markers/marker_files.h"
 #include "control/editor/services.h"
 #include "control/editor/sound_file_companion.h"
 #include "control/editor/wave_stream.h"
@@ -17,12 +19,13 @@ public:
     static constexpr std::int16_t WholeWithSelection = 763;
 
     DocumentSaver(const Document& document, const Operation& operation, platform::FileSystem& files,
-                  DocumentView& view, SoundFileCompanion& companion)
+                  DocumentView& view, SoundFileCompanion& companion, MarkerFiles& markers)
         : document_(document),
           operation_(operation),
           files_(files),
           view_(view),
-          companion_(companion) {}
+          companion_(companion),
+          markers_(markers) {}
 
     // Does nothing without a document or while the control is busy. The result is that of this
     // call, whatever another one, made from inside an event, has left as the last error. A save
@@ -33,7 +36,9 @@ public:
 private:
     class Output;
 
-    bool CreateOutput(const std::filesystem::path& path, FormatTypeConstants type);
+    // The output's sample rate; nothing when it could not be created.
+    std::optional<std::int32_t> CreateOutput(const std::filesystem::path& path,
+                                             FormatTypeConstants type);
     void SaveThroughCompanion(const std::filesystem::path& path, std::int16_t selected,
                               FormatTypeConstants type, OperationTicket& ticket,
                               StatusGuard& status);
@@ -43,6 +48,7 @@ private:
     platform::FileSystem& files_;
     DocumentView& view_;
     SoundFileCompanion& companion_;
+    MarkerFiles& markers_;
 };
 
 }  // namespace mavrin2::editor

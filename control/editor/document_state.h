@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "control/editor/markers/marker_list.h"
 #include "control/signal/quantity.h"
 
 namespace mavrin2::editor {
@@ -50,6 +51,7 @@ struct DocumentState {
     Bytes PlayPosition;
     std::int32_t Frequency = 0;
     std::int32_t Channels = 0;
+    MarkerList Markers;
 
     // The history's own links: a version owns the newer one.
     std::unique_ptr<DocumentState> Next;

@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <new>
+#include <vector>
 
 #include "control/editor/block_buffer.h"
 #include "control/editor/block_copy.h"
+#include "control/editor/markers/marker_events.h"
+#include "control/editor/markers/marker_moves.h"
 #include "control/signal/pcm_convert.h"
 
 namespace mavrin2::editor {
@@ -39,7 +42,7 @@ void FormatConversion::ConvertSampleType(std::int32_t frequency, std::int32_t ch
             break;
         case Outcome::Complete:
             ticket.Moved();
-            TakeFormat(wanted);
+            if (!CarryOver(wanted, ticket)) return;
             ConvertOutputFormat();
             break;
     }
@@ -101,11 +104,18 @@ FormatConversion::Outcome FormatConversion::ConvertBlocks(const DocumentFormat& 
     }
 }
 
-void FormatConversion::TakeFormat(const DocumentFormat& wanted) {
+bool FormatConversion::CarryOver(const DocumentFormat& wanted, const OperationTicket& ticket) {
+    DocumentState& state = *document_.History.Current();
+    state.Markers = state.Prev->Markers;
+    std::vector<std::int32_t> moved;
+    if (wanted.Frequency != document_.Format.Frequency)
+        moved = ScaleMarkers(state.Markers, static_cast<double>(wanted.Frequency) /
+                                                static_cast<double>(document_.Format.Frequency));
     document_.Format = wanted;
     presentation_.Rate.SetSampleRate(wanted.Frequency);
     document_.Channels.Recount(wanted.Channels);
     presentation_.View.FormatChanged();
+    return ticket.IsCurrent() && ReportMarkers(operation_.Events, moved, ticket);
 }
 
 void FormatConversion::ConvertOutputFormat() {
@@ -123,6 +133,8 @@ void FormatConversion::Show(const OperationTicket& ticket, bool converted) {
                                        Bytes(0), document_.History.Current()->TotalBytes)
                                  : presentation_.Range.RecomputeView();
     if (!shown || !ticket.IsCurrent()) return;
+    presentation_.Markers.RebuildDisplayList();
+    if (!ticket.IsCurrent()) return;
     presentation_.View.Redraw();
     if (ticket.IsCurrent()) operation_.Events.EndOperation();
 }

@@ -32,7 +32,9 @@ private:
     Outcome ConvertBlocks(const DocumentFormat& wanted, const OperationTicket& ticket,
                           WaveStream& source, WaveStream& target);
     Outcome Fail(ErrorConstants error);
-    void TakeFormat(const DocumentFormat& wanted);
+    // The format and the markers of the new version. False when a host has started something else
+    // meanwhile.
+    bool CarryOver(const DocumentFormat& wanted, const OperationTicket& ticket);
     // Of an output format that is PCM, rate and channels follow.
     void ConvertOutputFormat();
     // With the events that end the operation.

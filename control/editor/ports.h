@@ -21,6 +21,7 @@ public:
     virtual void BlockOperation(int percent) = 0;  // 0 … 100
     virtual void EndOperation() = 0;
     virtual void ChangePosition() = 0;
+    virtual void ChangeMarker(std::int32_t number) = 0;  // in the list, from 1
 };
 
 // What is running in the control, be it an operation, playback or recording.
@@ -49,8 +50,13 @@ public:
     // The document has been changed or replaced as a whole. May raise events; sets the status to
     // BuildingOverview while it runs.
     virtual void BuildOverviewSummary() {}
+    // The same where the summary is already that of the document: only raises the events.
+    virtual void ReportOverviewSummary() {}
     // The document is about to be closed.
     virtual void ReleaseDocument() {}
+
+    // The markers to be shown are others, or in other places.
+    virtual void MarkersChanged() {}
 
     // How far a file has been read or written, in percent.
     virtual void ShowProgress(int /*percent*/) {}

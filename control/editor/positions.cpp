@@ -24,6 +24,22 @@ Bytes Positions::Limited(std::int32_t frames) const {
                       document_.History.Current()->TotalBytes);
 }
 
+void Positions::GoToMarker(std::int32_t number) {
+    DocumentState* state = document_.History.Current();
+    if (!state || state->Markers.Count() == 0) return;
+    const auto index = static_cast<std::size_t>(std::clamp(number, 1, state->Markers.Count()) - 1);
+    const MarkerRecord& marker = state->Markers.Records()[index];
+    const std::int64_t frame = document_.Format.FrameSize().Count();
+    const auto limited = [&](std::int64_t frames) {
+        return std::min(Bytes(frames * frame), state->TotalBytes);
+    };
+    ZoomLevel& level = state->Level();
+    level.StartSelect = limited(marker.Position);
+    level.EndSelect = limited(marker.Position + marker.Length);
+    state->Selected = level.StartSelect != level.EndSelect ? 1 : 0;
+    ShowSelection();
+}
+
 std::int32_t Positions::StartSelect() const {
     const DocumentState* state = document_.History.Current();
     return state ? ToFrames(state->Level().StartSelect) : 0;

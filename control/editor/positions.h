@@ -17,6 +17,9 @@ public:
     std::int32_t SecToSamples(std::int32_t milliseconds) const;
     std::int32_t SamplesToSec(std::int32_t samples) const;
 
+    // Selects a marker's extent; `number` is limited to the markers there are.
+    void GoToMarker(std::int32_t number);
+
     std::int32_t StartSelect() const;
     void SetStartSelect(std::int32_t frames);
     std::int32_t EndSelect() const;

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "control/editor/block_copy.h"
+#include "control/editor/markers/marker_events.h"
 
 namespace mavrin2::editor {
 
@@ -73,7 +74,7 @@ bool RangeEdit::CommitEdit() {
     const DocumentState* old = document_.History.Current();
     if (!ticket_.IsCurrent()) return FailCommit();
     const Carried carried{old->Level(), old->Selected || selectResult_, old->ZoomIndex > 0};
-    const Stretch stretch{region_.Start, region_.End, region_.Start, Bytes(Target().Length())};
+    const EditStretch stretch{region_.Start, region_.End, region_.Start, Bytes(Target().Length())};
     const CopyEnd end = CopyTail();
     if (end != CopyEnd::Complete) return FailCommit(ErrorOf(end));
     source_.Close();
@@ -85,6 +86,7 @@ bool RangeEdit::CommitEdit() {
     status_.End();
 
     CarryOver(carried, stretch);
+    if (!ReportMarkers(operation_.Events, MoveMarkers(stretch), ticket_)) return true;
     if (!ShowNewState()) return true;
     operation_.Events.BlockOperation(100);
     if (ticket_.IsCurrent()) operation_.Events.EndOperation();
@@ -99,7 +101,7 @@ CopyEnd RangeEdit::CopyTail() {
                       [this] { return ReportBlock(PercentRead(source_)); });
 }
 
-void RangeEdit::CarryOver(const Carried& carried, const Stretch& stretch) {
+void RangeEdit::CarryOver(const Carried& carried, const EditStretch& stretch) {
     DocumentState& state = *document_.History.Current();
     // Counted in 32 bits, as everything that hosts see. The frame at a selection's end counts as
     // selected here.
@@ -122,6 +124,12 @@ void RangeEdit::CarryOver(const Carried& carried, const Stretch& stretch) {
     if (carried.Selected && written > 0) state.Selected = 1;
 }
 
+std::vector<std::int32_t> RangeEdit::MoveMarkers(const EditStretch& stretch) {
+    DocumentState& state = *document_.History.Current();
+    state.Markers = state.Prev->Markers;
+    return AdjustMarkersAfterEdit(state.Markers, stretch, document_.Format.FrameSize());
+}
+
 bool RangeEdit::ShowNewState() {
     if (document_.Steps.BatchMode) {
         ++document_.Steps.LastStepCount;
@@ -133,6 +141,8 @@ bool RangeEdit::ShowNewState() {
     presentation_.Range.RecomputeView();
     if (!ticket_.IsCurrent()) return false;
     presentation_.View.Redraw();
+    if (!ticket_.IsCurrent()) return false;
+    presentation_.Markers.RebuildDisplayList();
     return ticket_.IsCurrent();
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "control/editor/block_copy.h"
+#include "control/editor/markers/marker_moves.h"
 #include "control/editor/new_work_file.h"
 #include "control/editor/services.h"
 #include "control/editor/wave_stream.h"
@@ -60,12 +63,6 @@ public:
     bool AbandonEdit(ErrorConstants error = ErrorConstants::NOERRORS);
 
 private:
-    // Where old and new version differ: [OldStart, OldEnd) was left out, [NewStart, NewEnd) written
-    // in its place.
-    struct Stretch {
-        Bytes OldStart, OldEnd;
-        Bytes NewStart, NewEnd;
-    };
     // The selection and view of the old version.
     struct Carried {
         ZoomLevel View;
@@ -75,7 +72,9 @@ private:
 
     bool Open();
     CopyEnd CopyTail();
-    void CarryOver(const Carried& carried, const Stretch& stretch);
+    void CarryOver(const Carried& carried, const EditStretch& stretch);
+    // The numbers of those that have moved.
+    std::vector<std::int32_t> MoveMarkers(const EditStretch& stretch);
     // False when a host has started something else meanwhile.
     bool ShowNewState();
     void EndObservation(bool complete);

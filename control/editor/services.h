@@ -3,6 +3,7 @@
 #include "control/editor/channel_switches.h"
 #include "control/editor/document_format.h"
 #include "control/editor/edit_settings.h"
+#include "control/editor/markers/marker_bar.h"
 #include "control/editor/operation.h"
 #include "control/editor/ports.h"
 #include "control/editor/temporary_files.h"
@@ -45,6 +46,7 @@ struct Presentation {
     ViewRange& Range;
     BlockObserver& Observer;
     RateObserver& Rate;
+    MarkerBar& Markers;
 };
 
 // The test that every changing operation begins with: a document is open and nothing is running.

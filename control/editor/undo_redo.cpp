@@ -22,7 +22,8 @@ void UndoRedo::Move(bool (UndoHistory::*step)()) {
     presentation_.View.BuildOverviewSummary();
     if (!ticket.IsCurrent()) return;
     if (!presentation_.Range.RecomputeView() || !ticket.IsCurrent()) return;
-    presentation_.View.Redraw();
+    presentation_.Markers.RebuildDisplayList();
+    if (ticket.IsCurrent()) presentation_.View.Redraw();
 }
 
 void UndoRedo::BeginOperations() {
@@ -30,13 +31,14 @@ void UndoRedo::BeginOperations() {
     document_.Steps.BatchMode = true;
 }
 
-void UndoRedo::EndOperations() {
+void UndoRedo::End(void (DocumentView::*summarise)()) {
     const auto ticket = OperationTicket::Observe(operation_.Counter, document_.History);
     document_.Steps.BatchMode = false;
-    presentation_.View.BuildOverviewSummary();
+    (presentation_.View.*summarise)();
     if (!ticket.IsCurrent()) return;
     presentation_.Range.RecomputeView();
     if (ticket.IsCurrent()) presentation_.View.Redraw();
+    if (ticket.IsCurrent()) presentation_.Markers.RebuildDisplayList();
 }
 
 }  // namespace mavrin2::editor

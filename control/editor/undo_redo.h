@@ -16,10 +16,13 @@ public:
 
     // From here to EndOperations changes are counted as one step and not drawn.
     void BeginOperations();
-    void EndOperations();
+    void EndOperations() { End(&DocumentView::BuildOverviewSummary); }
+    // Ends a batch that has not changed the sound, which is not read again.
+    void EndOperationsOnSameSound() { End(&DocumentView::ReportOverviewSummary); }
 
 private:
     void Move(bool (UndoHistory::*step)());
+    void End(void (DocumentView::*summarise)());
 
     Document document_;
     Operation operation_;

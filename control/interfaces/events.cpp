@@ -29,10 +29,16 @@ const automation::InterfaceDescription& ControlEvents() {
             .Event(ControlEvent::ChangePosition, "ChangePosition",
                    "The selection or the visible range has changed")
             .Event(ControlEvent::EndOperation, "EndOperation", "A long operation has ended")
+            .Event(ControlEvent::MarkerClick, "MarkerClick",
+                   "The user has clicked the marker of this number, from 1", {{"Num", VT_I4}})
+            .Event(ControlEvent::NewMarker, "NewMarker",
+                   "The user has made the marker of this number, from 1", {{"Num", VT_I4}})
             .Event(ControlEvent::ScaleXClick, "ScaleXClick",
                    "The right button was pressed on the time scale")
             .Event(ControlEvent::ScaleYClick, "ScaleYClick",
                    "The right button was pressed on the level scale")
+            .Event(ControlEvent::ChangeMarker, "ChangeMarker",
+                   "The marker of this number, from 1, has another place", {{"Num", VT_I4}})
             .Build();
     return description;
 }

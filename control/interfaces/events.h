@@ -17,10 +17,11 @@ enum class ControlEvent : DISPID {
     MarkerClick = 12,
     NewMarker = 13,
     ScaleXClick = 16,
-    ScaleYClick = 17
+    ScaleYClick = 17,
+    ChangeMarker = 18
 };
 
-// The events a host connects to, of those that are raised so far.
+// The events a host connects to.
 const automation::InterfaceDescription& ControlEvents();
 
 }  // namespace mavrin2::interfaces

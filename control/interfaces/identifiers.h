@@ -29,6 +29,8 @@ inline constexpr CLSID CLSID_Mavrin2Colors = ControlId(0x0301);
 inline constexpr IID IID_IMavrin2Colors = ControlId(0x0302);
 inline constexpr CLSID CLSID_Mavrin2FileInfo = ControlId(0x0601);
 inline constexpr IID IID_IMavrin2FileInfo = ControlId(0x0602);
+inline constexpr CLSID CLSID_Mavrin2Markers = ControlId(0x0801);
+inline constexpr IID IID_IMavrin2Markers = ControlId(0x0802);
 inline constexpr CLSID CLSID_Mavrin2Position = ControlId(0x0901);
 inline constexpr IID IID_IMavrin2Position = ControlId(0x0902);
 inline constexpr CLSID CLSID_Mavrin2Scale = ControlId(0x0B01);
@@ -50,7 +52,6 @@ inline constexpr GUID ID_MousePointerConstants = ControlId(0x2005);
 //   IMavrin2DeviceLine   1 … 9
 //   IMavrin2FileFormat   SetFormatFromMenu … SetFormatG726 1 … 18, availability 30, 31
 //   IMavrin2LameEnc      methods 1 … 3, properties 10 … 27, 29 … 32
-//   IMavrin2Markers      methods 1, 2, properties 5, 6, 9, 10, 13 … 16
 //   IMavrin2Recorder     Accu 1 … 5, filters 10 … 15, gain control 20 … 23
 
 }  // namespace mavrin2::interfaces

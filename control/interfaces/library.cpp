@@ -6,6 +6,7 @@
 #include "control/interfaces/events.h"
 #include "control/interfaces/file_info.h"
 #include "control/interfaces/identifiers.h"
+#include "control/interfaces/markers.h"
 #include "control/interfaces/mavrin2.h"
 #include "control/interfaces/position.h"
 #include "control/interfaces/scale.h"
@@ -35,6 +36,7 @@ const std::vector<ClassDescription>& Classes() {
         SUB_OBJECT(Mavrin2Channel, false),
         SUB_OBJECT(Mavrin2Colors, false),
         SUB_OBJECT(Mavrin2FileInfo, false),
+        SUB_OBJECT(Mavrin2Markers, false),
         SUB_OBJECT(Mavrin2Position, false),
         SUB_OBJECT(Mavrin2Scale, false),
         SUB_OBJECT(Mavrin2Transform, true),

@@ -91,7 +91,8 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2>() {
             .Get<&I::get_Transform>(116, "Transform", "Signal processing of the selection")
             .Get<&I::get_Position>(117, "Position", "Selection, view and positions")
             .Get<&I::get_Channels>(118, "Channels", "Which channels are shown and edited")
-            .Reserved(8)
+            .Get<&I::get_Markers>(119, "Markers", "Marks in the sound")
+            .Reserved(7)
             .Property<&I::get_TypeBorder, &I::put_TypeBorder>(
                 124, "TypeBorder", "Border of the control, 0 ... 3; others are flat")
             .Property<&I::get_TypeView, &I::put_TypeView>(

@@ -6,6 +6,7 @@
 #include "control/interfaces/enumerations.h"
 #include "control/interfaces/file_info.h"
 #include "control/interfaces/identifiers.h"
+#include "control/interfaces/markers.h"
 #include "control/interfaces/position.h"
 #include "control/interfaces/scale.h"
 #include "control/interfaces/transform.h"
@@ -110,7 +111,7 @@ struct IMavrin2 : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE get_Transform(IMavrin2Transform** Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_Position(IMavrin2Position** Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_Channels(IMavrin2Channel** Value) = 0;
-    MAVRIN2_RESERVED(get_Markers, 119)
+    virtual HRESULT STDMETHODCALLTYPE get_Markers(IMavrin2Markers** Value) = 0;
     MAVRIN2_RESERVED(get_FileFormat, 120)
     MAVRIN2_RESERVED_PROPERTY(PlaySpeedEnabled, 121)
     MAVRIN2_RESERVED_PROPERTY(PlaySpeedPercent, 122)

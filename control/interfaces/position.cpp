@@ -15,7 +15,8 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2Position>() {
                                       In("Millisec"), Result("Samples"))
             .Method<&I::SamplesToSec>(2, "SamplesToSec", "Sample frames to milliseconds, rounded",
                                       In("Samples"), Result("Millisec"))
-            .Reserved(1)
+            .Method<&I::GoToMarker>(3, "GoToMarker", "Selects the marker of that number, from 1",
+                                    In("Num"))
             .Property<&I::get_StartSelect, &I::put_StartSelect>(
                 4, "StartSelect", "First selected frame, or the current position")
             .Property<&I::get_EndSelect, &I::put_EndSelect>(5, "EndSelect",

@@ -13,7 +13,8 @@ struct IMavrin2Position : public IDispatch {
     // Rounded to the nearest; -1 when the result has no 32 bits. Work without a document.
     virtual HRESULT STDMETHODCALLTYPE SecToSamples(LONG Millisec, LONG* Samples) = 0;
     virtual HRESULT STDMETHODCALLTYPE SamplesToSec(LONG Samples, LONG* Millisec) = 0;
-    MAVRIN2_RESERVED(GoToMarker, 3)
+    // Selects the marker of that number, from 1, or the nearest there is. Nothing without markers.
+    virtual HRESULT STDMETHODCALLTYPE GoToMarker(LONG Num) = 0;
     // The selection, or the current position when nothing is selected.
     virtual HRESULT STDMETHODCALLTYPE get_StartSelect(LONG* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_StartSelect(LONG Value) = 0;

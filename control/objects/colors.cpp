@@ -36,17 +36,18 @@ MAVRIN2_HUES(DEFINE_HUE)
 // NOLINTEND(bugprone-macro-parentheses)
 
 HRESULT CMavrin2Colors::Show(Change change) {
-    return view_.Do([&](view::ViewOperations& view) {
+    return parts_.Do([&](Parts& parts) {
+        parts.Markers.NewColor = settings_.Values.CueMarker;
         switch (change) {
             case Change::RebuildPens:
-                view.RebuildPens();
+                parts.View.RebuildPens();
                 return;
             case Change::RenderBackground:
-                view.RenderBackground();
-                view.Redraw();
+                parts.View.RenderBackground();
+                parts.View.Redraw();
                 return;
             case Change::Redraw:
-                view.Redraw();
+                parts.View.Redraw();
                 return;
         }
     });

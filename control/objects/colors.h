@@ -1,6 +1,7 @@
 #pragma once
 
 #include "automation/object.h"
+#include "control/editor/markers/marker_settings.h"
 #include "control/interfaces/colors.h"
 #include "control/objects/attachment.h"
 #include "control/objects/private_interfaces.h"
@@ -19,8 +20,13 @@ public:
         : CMavrin2Colors(outer, ports.Colors.ButtonFace) {}
     ~CMavrin2Colors() = default;
 
-    void Attach(view::ViewOperations& view, IUnknown* control) { view_.Attach(view, control); }
-    void Detach() { view_.Detach(); }
+    // What the colours are for.
+    struct Parts {
+        view::ViewOperations& View;
+        editor::MarkerSettings& Markers;
+    };
+    void Attach(Parts& parts, IUnknown* control) { parts_.Attach(parts, control); }
+    void Detach() { parts_.Detach(); }
     void* FindInterface(REFIID iid) {
         return IsEqualGUID(iid, IColorSettings::Id) ? static_cast<IColorSettings*>(&settings_)
                                                     : nullptr;
@@ -52,7 +58,7 @@ private:
     HRESULT Show(Change change);
 
     Settings settings_;
-    Attachment<view::ViewOperations> view_;
+    Attachment<Parts> parts_;
 };
 
 }  // namespace mavrin2::objects

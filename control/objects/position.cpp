@@ -25,6 +25,10 @@ STDMETHODIMP CMavrin2Position::SamplesToSec(LONG Samples, LONG* Millisec) {
         LONG{signal::MulDiv(Samples, 1000, kDefaultRate)});
 }
 
+STDMETHODIMP CMavrin2Position::GoToMarker(LONG Num) {
+    return positions_.Do([&](Positions& p) { p.GoToMarker(Num); });
+}
+
 STDMETHODIMP CMavrin2Position::get_StartSelect(LONG* Value) {
     return positions_.Read(
         Value, [](Positions& p) { return p.StartSelect(); }, LONG{0});

@@ -29,6 +29,7 @@ public:
 
     STDMETHODIMP SecToSamples(LONG Millisec, LONG* Samples) override;
     STDMETHODIMP SamplesToSec(LONG Samples, LONG* Millisec) override;
+    STDMETHODIMP GoToMarker(LONG Num) override;
     STDMETHODIMP get_StartSelect(LONG* Value) override;
     STDMETHODIMP put_StartSelect(LONG Value) override;
     STDMETHODIMP get_EndSelect(LONG* Value) override;

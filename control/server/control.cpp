@@ -305,6 +305,10 @@ STDMETHODIMP CMavrin2::get_Channels(interfaces::IMavrin2Channel** Value) {
     return GetPart(Value, parts_.Channels);
 }
 
+STDMETHODIMP CMavrin2::get_Markers(interfaces::IMavrin2Markers** Value) {
+    return GetPart(Value, parts_.Markers);
+}
+
 STDMETHODIMP CMavrin2::get_TypeBorder(SHORT* Value) {
     return Read(Value, [&] { return parts_.Editor->View.TypeBorder(); });
 }

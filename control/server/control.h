@@ -72,6 +72,7 @@ public:
     STDMETHODIMP get_Transform(interfaces::IMavrin2Transform** Value) override;
     STDMETHODIMP get_Position(interfaces::IMavrin2Position** Value) override;
     STDMETHODIMP get_Channels(interfaces::IMavrin2Channel** Value) override;
+    STDMETHODIMP get_Markers(interfaces::IMavrin2Markers** Value) override;
     STDMETHODIMP get_TypeBorder(SHORT* Value) override;
     STDMETHODIMP put_TypeBorder(SHORT Value) override;
     STDMETHODIMP get_TypeView(interfaces::TypeViewConstants* Value) override;

@@ -113,7 +113,7 @@ constexpr Part kParts[] = {
                                      }),
     SubObject<&ControlParts::Colors>("Mavrin2Colors is not registered.", 3,
                                      [](ControlParts& parts) {
-                                         parts.Colors->Attach(parts.Editor->View, parts.Identity);
+                                         parts.Colors->Attach(parts.Editor->Colors, parts.Identity);
                                          parts.Style.ColorsObject =
                                              parts.Colors.As<interfaces::IMavrin2Colors>();
                                      }),
@@ -130,6 +130,9 @@ constexpr Part kParts[] = {
                                            parts.Channels->Attach(parts.Editor->Channels,
                                                                   parts.Identity);
                                        }),
+    SubObject<&ControlParts::Markers>(
+        "Mavrin2Markers is not registered.", 9,
+        [](ControlParts& parts) { parts.Markers->Attach(parts.Editor->Markers, parts.Identity); }),
     SubObject<&ControlParts::Transform>("Mavrin2Transform is not registered.", 11,
                                         [](ControlParts& parts) {
                                             parts.Transform->Attach(parts.Editor->Transforms,
@@ -193,7 +196,8 @@ HRESULT ControlParts::MakeParts() {
 
 void ControlParts::Wire() {
     Editor = std::make_unique<DocumentEditor>(EditorDependencies{
-        Environment.Ports, Temporary, Position->History(), State, Dusoro, Kestrin, Pindle,
+        Environment.Ports, Temporary, Position->History(), State, Dusoro, FileInfo->Extra(),
+        Kestrin, Pindle,
         [this](editor::SoundFileCompanion& companion) {
             return SUCCEEDED(NewCompanion(*this, contracts::CLSID_KovDusoro2, companion));
         },

@@ -8,6 +8,7 @@
 #include "control/objects/channel.h"
 #include "control/objects/colors.h"
 #include "control/objects/file_info.h"
+#include "control/objects/markers.h"
 #include "control/objects/position.h"
 #include "control/objects/scale.h"
 #include "control/objects/transform.h"
@@ -62,6 +63,7 @@ public:
     automation::ComPtr<objects::CMavrin2FileInfo> FileInfo;
     automation::ComPtr<objects::CMavrin2Position> Position;
     automation::ComPtr<objects::CMavrin2Channel> Channels;
+    automation::ComPtr<objects::CMavrin2Markers> Markers;
     automation::ComPtr<objects::CMavrin2Transform> Transform;
     editor::SoundFileCompanion Dusoro;
     processing::TransformCompanion Kestrin;

@@ -5,14 +5,18 @@
 #include "control/editor/document_saver.h"
 #include "control/editor/edit_operations.h"
 #include "control/editor/format_conversion.h"
+#include "control/editor/markers/marker_bar.h"
 #include "control/editor/markers/marker_display_list.h"
+#include "control/editor/markers/marker_files.h"
 #include "control/editor/markers/marker_settings.h"
+#include "control/editor/markers/markers.h"
 #include "control/editor/positions.h"
 #include "control/editor/sample_arrays.h"
 #include "control/editor/services.h"
 #include "control/editor/undo_redo.h"
 #include "control/editor/view_state.h"
 #include "control/objects/channel.h"
+#include "control/objects/colors.h"
 #include "control/objects/transform.h"
 #include "control/processing/transform_companion.h"
 #include "control/processing/transform_pipeline.h"
@@ -51,6 +55,7 @@ struct EditorDependencies {
     editor::UndoHistory& History;
     ControlState& State;
     editor::SoundFileCompanion& Companion;
+    editor::ExtraInfo& Extra;
     processing::TransformCompanion& Transforms;
     editor::GrabberCompanion& Grabber;
     editor::EditOperations::CompanionSource NewCompanion;
@@ -76,17 +81,24 @@ private:
     editor::Storage storage_;
     view::DocumentPicture picture_;
     editor::ViewRange range_;
+    editor::MarkerBar markerBar_;
     editor::Presentation presentation_;
 
 public:
     processing::Transport Transport;
+    editor::UndoRedo UndoRedo;
+    editor::Markers Markers;
+
+private:
+    editor::MarkerFiles markerFiles_;
+
+public:
     editor::DocumentOpening Opening;
     editor::DocumentSaver Saver;
     editor::EditOperations Edits;
     editor::ClipboardExchange Clipboard;
     editor::SampleArrays Arrays;
     editor::FormatConversion Conversion;
-    editor::UndoRedo UndoRedo;
     editor::Positions Positions;
     view::ViewOperations View;
     view::MarkerView MarkerView;
@@ -94,6 +106,7 @@ public:
     view::Zoom Zooming;
     view::MouseHandler Mouse;
     objects::CMavrin2Channel::Parts Channels;
+    objects::CMavrin2Colors::Parts Colors;
     processing::TransformPipeline Pipeline;
     objects::CMavrin2Transform::Parts Transforms;
 };

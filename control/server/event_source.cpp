@@ -74,4 +74,8 @@ void EventSource::NewMarker(std::int32_t number) {
     FireNumber(point_, ControlEvent::NewMarker, number);
 }
 
+void EventSource::ChangeMarker(std::int32_t number) {
+    FireNumber(point_, ControlEvent::ChangeMarker, number);
+}
+
 }  // namespace mavrin2::server

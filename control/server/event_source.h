@@ -14,6 +14,7 @@ public:
     void BlockOperation(int percent) override;
     void EndOperation() override;
     void ChangePosition() override;
+    void ChangeMarker(std::int32_t number) override;
 
     void DblClick() override;
     void MouseDown(int button, int modifiers, std::int16_t x, std::int16_t y) override;

@@ -62,6 +62,17 @@ void DocumentPicture::BuildOverviewSummary() {
     sound_.Overview().Build();
 }
 
+void DocumentPicture::ReportOverviewSummary() {
+    picture_.SetProgress(0);
+    sound_.Overview().Report();
+}
+
+// Ranges are shaded in the background.
+void DocumentPicture::MarkersChanged() {
+    if (services_.Settings.TypeView != TypeViewConstants::SPECTRAL) RenderBackground();
+    Redraw();
+}
+
 void DocumentPicture::ReleaseDocument() {
     sound_.Overview().Free();
     layout_.ResetLevelScale();

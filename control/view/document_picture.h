@@ -19,9 +19,11 @@ public:
     Columns RecomputeColumns() override;
     void UpdateSelectionColumns() override;
     void BuildOverviewSummary() override;
+    void ReportOverviewSummary() override;
     void ReleaseDocument() override;
     void ShowProgress(int percent) override { picture_.SetProgress(percent); }
     void FormatChanged() override;
+    void MarkersChanged() override;
     void RenderBackground() override { picture_.RenderBackground(); }
     void Redraw() override { picture_.Redraw(); }
 

@@ -15,7 +15,9 @@ void MarkerView::SetBackgroundEnabled(std::int16_t value) {
 }
 
 void MarkerView::SetBitmapType(std::int16_t value) {
-    if (std::exchange(settings_.BitmapType, value) != value) picture_.Redraw();
+    if (std::exchange(settings_.BitmapType, value) == value) return;
+    bar_.RebuildDisplayList();
+    picture_.Redraw();
 }
 
 }  // namespace mavrin2::view

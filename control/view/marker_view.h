@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "control/editor/markers/marker_bar.h"
 #include "control/editor/markers/marker_settings.h"
 #include "control/view/document_picture.h"
 
@@ -11,8 +12,8 @@ namespace mavrin2::view {
 // nothing and draws nothing.
 class MarkerView {
 public:
-    MarkerView(DocumentPicture& picture, editor::MarkerSettings& settings)
-        : picture_(picture), settings_(settings) {}
+    MarkerView(DocumentPicture& picture, editor::MarkerSettings& settings, editor::MarkerBar& bar)
+        : picture_(picture), settings_(settings), bar_(bar) {}
 
     const editor::MarkerSettings& Settings() const { return settings_; }
     void SetBarEnabled(std::int16_t value);
@@ -24,6 +25,7 @@ public:
 private:
     DocumentPicture& picture_;
     editor::MarkerSettings& settings_;
+    editor::MarkerBar& bar_;
 };
 
 }  // namespace mavrin2::view

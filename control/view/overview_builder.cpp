@@ -200,6 +200,17 @@ void OverviewBuilder::Build() {
     if (built) services_.Operation.Events.EndOperation();
 }
 
+void OverviewBuilder::Report() {
+    const editor::DocumentState* document = services_.Document.History.Current();
+    if (!document || LengthFor(document->TotalBytes) == 0) return;
+    Run run(*this, *document);
+    editor::StatusGuard status(services_.Operation.Status, run.Ticket(),
+                               editor::StatusConstants::BuildingOverview);
+    if (!run.ReportChunks()) return;
+    status.End();
+    services_.Operation.Events.EndOperation();
+}
+
 void OverviewBuilder::BeginLoading(Bytes expected) {
     Free();
     const std::int32_t length = LengthFor(expected);

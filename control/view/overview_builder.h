@@ -52,6 +52,8 @@ public:
 
     // For the open document. Raises BlockOperation and EndOperation; sets the status meanwhile.
     void Build();
+    // Raises the events of building where the summary is already that of the document.
+    void Report();
     void Free();
 
     void BeginLoading(Bytes expected) override;

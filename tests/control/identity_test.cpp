@@ -50,14 +50,16 @@ TEST(Descriptions, KeepTheIdentifiersAndSlotsOfWhatHasArrived) {
          "TempDirectory=103@41,42 TempFileName=104@43,44 FileBufferSize=105@45,46 "
          "UndoRedoCount=106@47,48 UndoEnabled=107@49 RedoEnabled=108@50 "
          "ScaleX=109@51,52 ScaleY=110@53,54 Colors=111@55,56 FileInfo=112@57 "
-         "Transform=116@61 Position=117@62 Channels=118@63 TypeBorder=124@72,73 "
-         "TypeView=125@74,75 MarkerBarEnabled=126@76,77 MarkerBackgroundEnabled=127@78,79 "
+         "Transform=116@61 Position=117@62 Channels=118@63 Markers=119@64 "
+         "TypeBorder=124@72,73 TypeView=125@74,75 "
+         "MarkerBarEnabled=126@76,77 MarkerBackgroundEnabled=127@78,79 "
          "MarkerToolTipEnabled=128@80,81 MarkerMouseEventEnabled=129@82,83 "
          "MarkerBitmapType=130@84,85 MousePointer=131@86,87 MouseCustom=132@88,89 "
          "MouseEventsEnabled=133@90,91"},
         {&interfaces::ControlEvents(),
          "DblClick=1 MouseDown=2 MouseUp=3 MouseMove=4 BlockOperation=6 ChangePosition=7 "
-         "EndOperation=11 ScaleXClick=16 ScaleYClick=17"},
+         "EndOperation=11 MarkerClick=12 NewMarker=13 ScaleXClick=16 ScaleYClick=17 "
+         "ChangeMarker=18"},
         {&DescriptionOf<interfaces::IMavrin2Channel>(),
          "Count=1@7 Num=2@8,9 Visible=3@10,11 Operation=4@12,13"},
         {&DescriptionOf<interfaces::IMavrin2Colors>(),
@@ -73,8 +75,11 @@ TEST(Descriptions, KeepTheIdentifiersAndSlotsOfWhatHasArrived) {
          "Album=10@16,17 FormatString=11@18 Composer=12@19,20 URL=13@21,22 Track=14@23,24 "
          "EncodedBy=15@25,26 Comments=16@27,28 Copyright=17@29,30 Genre=18@31,32 GenreS=19@33,34 "
          "OriginalArtist=20@35,36 SaveExtraInfoEnabled=30@37,38 Mp3TagInfoVersion=40@39,40"},
+        {&DescriptionOf<interfaces::IMavrin2Markers>(),
+         "Insert=1@7 Delete=2@8 Count=5@9 Num=6@10,11 Length=9@12,13 Position=10@14,15 "
+         "Label=13@16,17 Note=14@18,19 Text=15@20,21 Color=16@22,23"},
         {&DescriptionOf<interfaces::IMavrin2Position>(),
-         "SecToSamples=1@7 SamplesToSec=2@8 StartSelect=4@10,11 EndSelect=5@12,13 "
+         "SecToSamples=1@7 SamplesToSec=2@8 GoToMarker=3@9 StartSelect=4@10,11 EndSelect=5@12,13 "
          "StartView=6@14,15 EndView=7@16,17 Selected=8@18,19 TotalSamples=9@20 "
          "CurrentPosition=10@21,22"},
         {&DescriptionOf<interfaces::IMavrin2Scale>(),

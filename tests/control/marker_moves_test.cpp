@@ -136,8 +136,8 @@ TEST(MarkerDisplayListTest, FindsTheNearestOfWhatIsInView) {
     EXPECT_EQ(shown.HitTestMarker(Bytes(20)).Index, -1) << "nothing was drawn";
     shown.SetVisible({0, 2});
     // Starts, ends and cut points in bytes: 20, 60, 50; 24; 100.
-    const std::pair<std::int64_t, std::int32_t> hits[] = {{0, 1},  {22, 1}, {23, 2}, {37, 2},
-                                                          {38, 1}, {80, 1}, {81, 3}, {999, 3}};
+    const std::pair<std::int64_t, std::int32_t> hits[] = {{0, 1},  {22, 1}, {23, 2}, {36, 2},
+                                                          {37, 1}, {80, 1}, {81, 3}, {999, 3}};
     for (const auto& [position, number] : hits)
         EXPECT_EQ(shown.HitTestMarker(Bytes(position)).Number, number) << position;
     shown.SetVisible({1, 1});

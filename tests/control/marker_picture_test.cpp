@@ -28,6 +28,8 @@ protected:
              std::int64_t cut = 0) {
         List.Append({position, length, cut, view::ToPixel(color).Value, 0,
                      std::make_shared<editor::MarkerTexts>()});
+        if (editor::DocumentState* document = Parts->Position->History().Current())
+            document->Markers = List;
         Parts->State.MarkerDisplay.Rebuild(List, Parts->State.Format.FrameSize());
         Parts->Editor->View.OperationChannelsChanged();
     }

@@ -12,6 +12,8 @@ struct MarkerSettings {
     std::int16_t MouseEventEnabled = 1;  // a double click makes or deletes a marker
     // 1 or more: markers are shown in colours of their own.
     std::int16_t BitmapType = 1;
+    // Of markers made without one, 0x00BBGGRR: the control's Colors object keeps it.
+    std::uint32_t NewColor = 0x7D7DFF;
 };
 
 }  // namespace mavrin2::editor
