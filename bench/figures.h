@@ -10,6 +10,8 @@ using Folder = std::filesystem::path;
 
 // Each prints its lines of the table.
 void PrintEditFigures(const Folder& data);
+// `scripts` holds those that `mavrin2 run` measures.
+void PrintMarkerFigures(const Folder& programs, const Folder& scripts);
 void PrintOpenFigures(const Folder& data);
 void PrintSignalFigures(const Folder& data);
 // `programs` holds mavrin2 itself.

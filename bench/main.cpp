@@ -1,6 +1,6 @@
 // Measures the component beside the programs one would use instead:
-// mavrin2-bench DATA PROGRAMS [GROUP…], a group being small, edit, signal, transform, view, tags or
-// open.
+// mavrin2-bench DATA PROGRAMS [GROUP…], a group being small, edit, signal, transform, view, tags,
+// markers or open.
 
 #include <algorithm>
 #include <cstdio>
@@ -30,6 +30,7 @@ int main(int count, char** arguments) {
         {"transform", [&] { PrintTransformFigures(data); }},
         {"view", [&] { PrintViewFigures(data, programs); }},
         {"tags", [&] { PrintTagFigures(data, BENCH_SCRIPTS); }},
+        {"markers", [&] { PrintMarkerFigures(programs, BENCH_SCRIPTS); }},
         {"open", [&] { PrintOpenFigures(data); }},
     };
     const std::span<char*> wanted(arguments + 3, arguments + count);
