@@ -22,7 +22,6 @@
 #include "control/processing/transform_pipeline.h"
 #include "control/processing/transport.h"
 #include "control/view/document_picture.h"
-#include "control/view/marker_tooltip.h"
 #include "control/view/marker_view.h"
 #include "control/view/mouse/mouse_handler.h"
 #include "control/view/view_operations.h"
@@ -102,7 +101,6 @@ public:
     editor::Positions Positions;
     view::ViewOperations View;
     view::MarkerView MarkerView;
-    view::MarkerTooltip MarkerTooltip;
     view::Zoom Zooming;
     view::MouseHandler Mouse;
     objects::CMavrin2Channel::Parts Channels;

@@ -25,7 +25,8 @@ MouseHandler::MouseHandler(const MouseHandlerServices& services)
     : Pointers(services.Screen, services.Files),
       services_(services),
       context_(services_.Context),
-      channels_(context_.Document, context_.Picture) {}
+      channels_(context_.Document, context_.Picture),
+      markers_(context_, services.Markers, services.Screen) {}
 
 void MouseHandler::Handle(const platform::MouseEvent& event) {
     last_ = event;
@@ -106,7 +107,10 @@ std::shared_ptr<Gesture> MouseHandler::GestureAt(const MouseZones& zones, Point 
     if (zones.InThumb(at)) return std::make_shared<Scrolling>(context_, Scrolling::With::Thumb, at);
     if (zones.InTimeScale(at))
         return std::make_shared<Scrolling>(context_, Scrolling::With::TimeScale, at);
-    if (zones.InEdges(at)) return SelectionEdge::TakenAt(context_, at);
+    if (zones.InEdges(at)) {
+        if (auto gesture = SelectionEdge::TakenAt(context_, at)) return gesture;
+        return markers_.TakenAt(at);
+    }
     return zones.InLanes(at) ? BeginSelecting(zones, at) : nullptr;
 }
 
@@ -140,6 +144,7 @@ void MouseHandler::Move(Point at, int held) {
     if (context_.Drag.Mode == DragMode::None) EndGesture();
     if (!gesture_) {
         ShowPointer(zones, at);
+        if (context_.Sound() && zones.InColumns(at) && zones.InEdges(at)) markers_.ShowTip(at);
         return;
     }
     if ((held & kLeft) == 0 || !Editable()) return;
@@ -168,7 +173,10 @@ void MouseHandler::LeftDoubleClick(Point at) {
     const MouseZones zones = Zones();
     if (!context_.Sound() || !zones.InColumns(at)) return;
     ShowPointer(zones, at);
-    if (zones.InLanes(at)) context_.Events.DblClick();
+    if (zones.InLanes(at))
+        context_.Events.DblClick();
+    else if (zones.InEdges(at) && Editable())
+        markers_.DoubleClick(at);
 }
 
 void MouseHandler::RightDown(Point at) {
@@ -178,9 +186,12 @@ void MouseHandler::RightDown(Point at) {
     if (zones.ClicksLevelScale(at)) context_.Events.ScaleYClick();
     if (!Editable() || !zones.InColumns(at)) return;
     ShowPointer(zones, at);
-    if (!zones.InLanes(at)) return;
-    channels_.ChooseByPress(zones, at);
-    ExtendSelection(at);
+    if (zones.InLanes(at)) {
+        channels_.ChooseByPress(zones, at);
+        ExtendSelection(at);
+    } else if (zones.InEdges(at)) {
+        markers_.Click(at);
+    }
 }
 
 void MouseHandler::ExtendSelection(Point at) {

@@ -6,6 +6,7 @@
 #include "control/view/display.h"
 #include "control/view/mouse/channel_choice.h"
 #include "control/view/mouse/gesture.h"
+#include "control/view/mouse/marker_gestures.h"
 #include "control/view/mouse/pointers.h"
 #include "control/view/style.h"
 #include "control/view/zoom.h"
@@ -21,6 +22,7 @@ struct MouseSettings {
 // What the handler works with besides what gestures do.
 struct MouseHandlerServices {
     MouseContext Context;
+    MarkerTargets Markers;
     Style& HostStyle;
     Display& Screen;
     Zoom& Zooming;
@@ -70,6 +72,7 @@ private:
     MouseHandlerServices services_;
     MouseContext& context_;
     ChannelChoice channels_;
+    MarkerMouse markers_;
     std::shared_ptr<Gesture> gesture_;  // null: none is under way
     platform::MouseEvent last_;
 };

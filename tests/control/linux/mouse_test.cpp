@@ -189,6 +189,70 @@ TEST_F(MouseTest, ChoosesAChannel) {
     Release(402, 20);
 }
 
+TEST_F(MouseTest, MakesMovesAndDeletesMarkers) {
+    automation::ComPtr<interfaces::IMavrin2Markers> markers;
+    Control->get_Markers(markers.Put());
+    const auto marker = [&](LONG number) {
+        markers->put_Num(number);
+        using Markers = interfaces::IMavrin2Markers;
+        return std::to_string(Got(*markers, &Markers::get_Position)) + "+" +
+               std::to_string(Got(*markers, &Markers::get_Length));
+    };
+    EXPECT_EQ(Send(MouseAction::DoubleClick, 302, 12), "new(1)");
+    EXPECT_EQ(marker(1), "3000+0");
+    Move(305, 12);
+    EXPECT_EQ(Container.Window->Tip(), "Marker 1");
+    Move(320, 12);
+    EXPECT_EQ(Container.Window->Tip(), "");
+
+    EXPECT_EQ(Press(305, 12), "position click(1) down(1,0,305,12)");
+    EXPECT_EQ(Positions(), "select 3000..3000 view 0..7000 of 7000");
+    EXPECT_EQ(Move(402, 12), "marker(1) move(1,0,402,12)");
+    EXPECT_EQ(Release(402, 12), "marker(1) up(1,0,402,12)");
+    EXPECT_EQ(marker(1), "4000+0");
+
+    // A range, from the selection; its end passes its start, and then the start its end.
+    Select(1000, 2000);
+    Events->Take();
+    EXPECT_EQ(Send(MouseAction::DoubleClick, 602, 293), "new(2)");
+    EXPECT_EQ(marker(2), "1000+1000");
+    Position->put_Selected(0);
+    Position->put_StartSelect(6000);
+    Events->Take();
+    EXPECT_EQ(Press(202, 12), "position click(2) down(1,0,202,12)");
+    EXPECT_EQ(Move(52, 12), "marker(2) move(1,0,52,12)");
+    EXPECT_EQ(marker(2), "500+500");
+    EXPECT_EQ(Move(302, 12), "marker(2) move(1,0,302,12)");
+    EXPECT_EQ(marker(2), "1000+2000");
+    EXPECT_EQ(Positions(), "selected 1000..3000 view 0..7000 of 7000");
+    Release(302, 12);
+    EXPECT_EQ(RightPress(402, 12), "position click(1) down(2,0,402,12)");
+
+    auto& details = static_cast<interfaces::IMavrin2MarkerDetails&>(*markers);
+    markers->put_Num(2);
+    details.put_CutPoint(1000);
+    EXPECT_EQ(Press(202, 12), "position click(2) down(1,0,202,12)");
+    Move(152, 12);
+    LONG cut = 0;
+    details.get_CutPoint(&cut);
+    EXPECT_EQ(cut, 500);
+    Release(152, 12);
+
+    // A host that deletes it in the click drags nothing.
+    Events->InEvent(2, [&] { markers->Delete(); });
+    EXPECT_EQ(Press(152, 12), "position click(2) down(1,0,152,12)");
+    EXPECT_EQ(Move(252, 12), "move(1,0,252,12)");
+    EXPECT_EQ(Release(252, 12), "up(1,0,252,12)");
+    EXPECT_EQ(marker(1), "4000+0");
+
+    Control->put_MarkerMouseEventEnabled(0);
+    EXPECT_EQ(Send(MouseAction::DoubleClick, 402, 12), "");
+    EXPECT_EQ(Got(*markers, &interfaces::IMavrin2Markers::get_Count), 1);
+    Control->put_MarkerMouseEventEnabled(1);
+    EXPECT_EQ(Send(MouseAction::DoubleClick, 402, 12), "");
+    EXPECT_EQ(Got(*markers, &interfaces::IMavrin2Markers::get_Count), 0);
+}
+
 TEST_F(MouseTest, OnlyReportsWhenItMayNotEdit) {
     const auto unchanged = [&] { return Positions() == "select 0..0 view 0..7000 of 7000"; };
     Control->put_MouseEventsEnabled(0);
