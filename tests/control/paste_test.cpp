@@ -187,8 +187,8 @@ TEST(PastingAndMixing, DoNothingWithoutSound) {
          -17},
         {"no companion", [](ControlWorld& w) { w.CompanionStatus = E_FAIL; }, false, 0},
         {"no clip", [](ControlWorld&) {}, true, 0},
-        {"another file", [](ControlWorld& w) { w.System.Files->AddFile(w.ClipFile, "text"); }, true,
-         0},
+        {"another file",
+         [](ControlWorld& w) { w.System.Files->AddFile(ControlWorld::ClipFile, "text"); }, true, 0},
         {"six channels", [](ControlWorld& w) { w.SetClip(1000, 6, Ramp(60)); }, true, -13},
         {"no rate", [](ControlWorld& w) { w.SetClip(0, 1, Ramp(60)); }, true, -13},
     };
