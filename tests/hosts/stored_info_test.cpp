@@ -89,6 +89,33 @@ TEST_F(StoredInfoCommands, MarkersGoThroughLists) {
     EXPECT_EQ(Run({"markers", "out.wav"}), "");
 }
 
+TEST_F(StoredInfoCommands, ConvertingKeepsWhatIsInTheConvertedPart) {
+    host_.Write("list.txt",
+                "0.1\t0.1\tbefore\n0.25\t1\tover it\n0.75\t0.75\tin it\n1.2\t1.3\tafter\n");
+    Run({"tags", "tone.wav", "Title=é", "Track=7", "in.wav"});
+    Run({"markers", "in.wav", "--from", "list.txt", "in.wav"});
+    const std::string all = Run({"markers", "in.wav"});
+    for (const char* out : {"out.flac", "out.mp3", "out.wav"}) {
+        EXPECT_EQ(Run({"convert", "in.wav", out}), "");
+        EXPECT_EQ(Run({"markers", out}), all) << out;
+        EXPECT_THAT(Run({"tags", out}),
+                    testing::StartsWith("Title              é\nTrack              7\n"));
+        const std::string part = "0.000000\t0.500000\tover it\n0.250000\t0.250000\tin it\n";
+        EXPECT_EQ(Run({"convert", "in.wav", out, "--start", "0.5", "--end", "1"}), "");
+        EXPECT_EQ(Run({"markers", out}), part) << out;
+        EXPECT_EQ(
+            Run({"convert", "in.wav", out, "--start", "0.5", "--end", "1", "--rate", "16000"}), "");
+        EXPECT_EQ(Run({"markers", out}), part) << out;
+        EXPECT_EQ(Run({"convert", "in.wav", out, "--bare"}), "");
+        EXPECT_EQ(Run({"markers", out}) + Run({"tags", out}), "") << out;
+    }
+    EXPECT_EQ(
+        Run({"convert", "in.wav", "out.vox"}),
+        "mavrin2: out.vox: written without Title, Track, markers; files of this kind do not have "
+        "them\n");
+    EXPECT_EQ(Run({"convert", "in.wav", "out.vox", "--bare"}), "");
+}
+
 TEST(MarkerList, KeepsWhatAListDoesNotTellAndEveryFrame) {
     std::vector<FileMarker> markers;
     for (const std::int32_t rate : {8000, 44100, 192000, 655350}) {

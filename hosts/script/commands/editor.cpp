@@ -121,6 +121,8 @@ void Editor::KeepSelection() {
     const binding::LateBound position = editor_.Part("Position");
     const std::int32_t start = position.Number("StartSelect");
     const std::int32_t end = position.Number("EndSelect");
+    // Deleting sound would move them to its place.
+    DeleteMarkersOutside(start, end);
     const auto remove = [&](std::int32_t from, std::int32_t to) {
         if (from >= to) return;
         Select(from, to);
@@ -192,18 +194,43 @@ void Editor::LeaveOutExtraInfo() {
     editor_.Part("FileInfo").Put("SaveExtraInfoEnabled", false);
 }
 
-std::vector<std::string> Editor::TagsMissingIn(const std::filesystem::path& file) const {
+std::vector<std::string> Editor::MissingIn(const std::filesystem::path& file,
+                                           bool selection) const {
     std::vector<std::string> missing;
     if (!extraInfo_) return missing;
-    const binding::LateBound info = editor_.Part("FileInfo");
-    const auto isSet = [&](const Tag& tag) {
-        return tag.Describes == Tag::Subject::Sound && !TagText(info, tag).empty();
-    };
-    if (std::ranges::none_of(Tags(), isSet)) return missing;
     const StoredInfo stored(file.string());
+    const binding::LateBound info = editor_.Part("FileInfo");
     for (const Tag& tag : Tags())
-        if (isSet(tag) && stored.Text(tag).empty()) missing.emplace_back(tag.Name);
+        if (tag.Describes == Tag::Subject::Sound && !TagText(info, tag).empty() &&
+            stored.Text(tag).empty())
+            missing.emplace_back(tag.Name);
+    const binding::LateBound position = editor_.Part("Position");
+    const std::int32_t start = selection ? position.Number("StartSelect") : 0;
+    const std::int32_t end = selection ? position.Number("EndSelect") : Frames();
+    if (stored.MarkerCount() == 0 && HasMarkersIn(start, end)) missing.emplace_back("markers");
     return missing;
+}
+
+Editor::Place Editor::SelectMarker(const binding::LateBound& markers, std::int32_t number) const {
+    markers.Put("Num", number);
+    return {markers.Number("Position"), markers.Number("Length")};
+}
+
+bool Editor::HasMarkersIn(std::int32_t start, std::int32_t end) const {
+    const binding::LateBound markers = editor_.Part("Markers");
+    for (std::int32_t number = markers.Number("Count"); number > 0; --number) {
+        const auto [position, length] = SelectMarker(markers, number);
+        if (position <= end && std::int64_t{position} + length >= start) return true;
+    }
+    return false;
+}
+
+void Editor::DeleteMarkersOutside(std::int32_t start, std::int32_t end) const {
+    const binding::LateBound markers = editor_.Part("Markers");
+    for (std::int32_t number = markers.Number("Count"); number > 0; --number) {
+        const auto [position, length] = SelectMarker(markers, number);
+        if (position > end || std::int64_t{position} + length < start) markers.Call("Delete");
+    }
 }
 
 }  // namespace mavrin2::script

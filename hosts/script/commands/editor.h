@@ -61,11 +61,21 @@ public:
     void LeaveOutExtraInfo();
     // Writes the document, or its selection. Messages call the file `name`.
     void Save(const std::filesystem::path& file, const std::string& name, bool selection);
-    // The document's tags that a saved file does not have.
-    std::vector<std::string> TagsMissingIn(const std::filesystem::path& file) const;
+    // What a file lacks that Save wrote, of the document or its selection: names of tags,
+    // "markers".
+    std::vector<std::string> MissingIn(const std::filesystem::path& file, bool selection) const;
 
 private:
+    struct Place {
+        std::int32_t Position;  // sample frames
+        std::int32_t Length;
+    };
+
     void OpenTrack(const std::string& file);
+    // Of the markers, by number; the one with that number is then the current one.
+    Place SelectMarker(const binding::LateBound& markers, std::int32_t number) const;
+    bool HasMarkersIn(std::int32_t start, std::int32_t end) const;
+    void DeleteMarkersOutside(std::int32_t start, std::int32_t end) const;
     void OpenDocument(const std::string& file);
     void Run(const char* work, const std::string& name, auto&& operation);
     // Runs an edit, which reports its failure by a number. `name` is what cannot be read if it is

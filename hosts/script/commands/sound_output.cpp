@@ -78,10 +78,11 @@ SoundOutput::SoundOutput(const std::string& name, std::span<const std::string> i
 void SoundOutput::Write(Editor& editor, bool selection) {
     editor.Save(file_.Path(), name_, selection);
     std::string missing;
-    for (const std::string& tag : editor.TagsMissingIn(file_.Path()))
-        missing += (missing.empty() ? "" : ", ") + tag;
+    for (const std::string& one : editor.MissingIn(file_.Path(), selection))
+        missing += (missing.empty() ? "" : ", ") + one;
     if (!missing.empty())
-        std::fprintf(stderr, "mavrin2: %s: written without tags that this kind of file lacks: %s\n",
+        std::fprintf(stderr,
+                     "mavrin2: %s: written without %s; files of this kind do not have them\n",
                      name_.c_str(), missing.c_str());
     file_.Commit();
 }

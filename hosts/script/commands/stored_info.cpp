@@ -81,7 +81,7 @@ bool StoredInfo::Put(const Tag& tag, const std::string& text) const {
 
 std::vector<FileMarker> StoredInfo::Markers() const {
     std::vector<FileMarker> markers;
-    const std::int32_t count = companion_.Number("InfoMarkerCount");
+    const std::int32_t count = MarkerCount();
     for (std::int32_t number = 1; number <= count; ++number) {
         companion_.Put("InfoMarkerNum", number);
         FileMarker marker{
@@ -96,7 +96,7 @@ std::vector<FileMarker> StoredInfo::Markers() const {
 }
 
 void StoredInfo::PutMarkers(std::span<const FileMarker> markers) const {
-    for (std::int32_t left = companion_.Number("InfoMarkerCount"); left > 0; --left)
+    for (std::int32_t left = MarkerCount(); left > 0; --left)
         companion_.Call("InfoRemoveMarker");
     for (const FileMarker& marker : markers) {
         const auto& [country, language, dialect, codePage] = marker.Numbers;

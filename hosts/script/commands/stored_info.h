@@ -44,6 +44,7 @@ public:
     // False if the tag does not take that text. An empty one removes the tag.
     bool Put(const Tag& tag, const std::string& text) const;
 
+    std::int32_t MarkerCount() const { return companion_.Number("InfoMarkerCount"); }
     std::vector<FileMarker> Markers() const;
     void PutMarkers(std::span<const FileMarker> markers) const;
 
