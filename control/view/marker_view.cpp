@@ -15,9 +15,8 @@ void MarkerView::SetBackgroundEnabled(std::int16_t value) {
 }
 
 void MarkerView::SetBitmapType(std::int16_t value) {
-    if (std::exchange(settings_.BitmapType, value) == value) return;
-    bar_.RebuildDisplayList();
-    picture_.Redraw();
+    // Which draws what there is to draw.
+    if (std::exchange(settings_.BitmapType, value) != value) bar_.RebuildDisplayList();
 }
 
 }  // namespace mavrin2::view
