@@ -15,6 +15,7 @@ namespace mavrin2::tests {
 namespace {
 
 using interfaces::IMavrin2Channel;
+using interfaces::IMavrin2Markers;
 using interfaces::IMavrin2Scale;
 using interfaces::IMavrin2Transform;
 
@@ -70,6 +71,7 @@ public:
         Start();
         Control->get_Transform(transform_.Put());
         Control->get_Channels(channels_.Put());
+        Control->get_Markers(markers_.Put());
         Control->get_ScaleX(ownScale_.Put());
         Listen();
         if (long_) Control->put_FileBufferSize(60000);
@@ -83,6 +85,7 @@ public:
         armed_ = false;
         if (Control) ExpectPictureOfTheDocument();
         transform_.Reset();
+        markers_.Reset();
         channels_.Reset();
         ownScale_.Reset();
         End();
@@ -175,6 +178,10 @@ private:
         event.Turn = Upto(3) - 1;
         Container.Window->Send(event);
     }
+    void InsertMarkers() {
+        for (int i = Upto(30); i >= 0; --i)
+            markers_->Insert(Frame(), Upto(3) == 0 ? Frame() : 0, nullptr, nullptr);
+    }
     void OpenAnyWindow() {
         if (Painting()) return;
         CloseWindow();
@@ -185,7 +192,7 @@ private:
     void Act() {
         if (Control) kActs[Upto(static_cast<int>(std::size(kActs)))](*this);
     }
-    static void (*const kActs[51])(RandomHost& host);
+    static void (*const kActs[56])(RandomHost& host);
 
     std::mt19937 random_;
     bool long_;
@@ -193,6 +200,7 @@ private:
     int depth_ = 0;
     automation::ComPtr<IMavrin2Transform> transform_;
     automation::ComPtr<IMavrin2Channel> channels_;
+    automation::ComPtr<IMavrin2Markers> markers_;
     automation::ComPtr<IMavrin2Scale> ownScale_;
     CallingScale scale_{[this] {
         if (Upto(6) == 0) ActInside();
@@ -200,7 +208,7 @@ private:
 };
 
 // Those that are there more than once are tried more often.
-void (*const RandomHost::kActs[51])(RandomHost&) = {
+void (*const RandomHost::kActs[56])(RandomHost&) = {
     [](RandomHost& h) { h.OpenAny(); },
     [](RandomHost& h) { h.OpenAny(); },
     [](RandomHost& h) { h.NewAny(); },
@@ -240,6 +248,11 @@ void (*const RandomHost::kActs[51])(RandomHost&) = {
     [](RandomHost& h) { h.channels_->put_Visible(h.Flag()); },
     [](RandomHost& h) { h.channels_->put_Operation(h.Flag()); },
     [](RandomHost& h) { h.Control->put_ScaleX(h.Flag() ? &h.scale_ : h.ownScale_.Get()); },
+    [](RandomHost& h) { h.InsertMarkers(); },
+    [](RandomHost& h) { h.InsertMarkers(); },
+    [](RandomHost& h) { h.Flag() ? h.markers_->put_Position(h.Frame()) : h.markers_->Delete(); },
+    [](RandomHost& h) { h.Control->put_MarkerBitmapType(h.Flag()); },
+    [](RandomHost& h) { h.Control->put_MarkerBackgroundEnabled(h.Flag()); },
     [](RandomHost& h) { h.OpenAnyWindow(); },
     [](RandomHost& h) { h.ResizeAny(); },
     [](RandomHost& h) { h.Upto(4) == 0 ? h.CloseWindow() : h.ResizeAny(); },
