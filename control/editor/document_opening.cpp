@@ -36,10 +36,10 @@ ErrorConstants DocumentOpening::New(std::int32_t frequency, std::int32_t channel
     ticket.Moved();
     presentation_.Rate.SetSampleRate(frequency);
     document_.Channels.Recount(channels);
-    presentation_.Markers.RebuildDisplayList();
-    if (!ticket.IsCurrent()) return ErrorConstants::NOERRORS;
     document_.Format.FormatDescription = PcmDescription(frequency, channels);
     presentation_.View.FormatChanged();
+    if (!ticket.IsCurrent()) return ErrorConstants::NOERRORS;
+    presentation_.Markers.RebuildDisplayList();
     if (!ticket.IsCurrent()) return ErrorConstants::NOERRORS;
     if (!presentation_.Range.RecomputeView(Bytes(0), document_.History.Current()->TotalBytes))
         return ErrorConstants::NOERRORS;
