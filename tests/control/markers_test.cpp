@@ -16,7 +16,6 @@ using automation::Bstr;
 using automation::ComPtr;
 using interfaces::IMavrin2MarkerDetails;
 using interfaces::IMavrin2Markers;
-using interfaces::IMavrin2Position;
 using Marker = FakeOntiva::Marker;
 
 // Of a control, or of none.
@@ -192,8 +191,8 @@ TEST_F(MarkersTest, KeepTheirPlaceWhenTheRateChanges) {
 // The first sample of each frame tells where the frame comes from.
 TEST_F(MarkersTest, StayOnTheirSoundThroughRandomEdits) {
     constexpr std::int16_t kFrames = 3000;
-    for (const std::uint32_t channels : {1u, 2u}) {
-        std::mt19937 random(channels);
+    for (const std::size_t channels : {1, 2}) {
+        std::mt19937 random(static_cast<unsigned>(channels));
         const auto below = [&](LONG limit) {
             return static_cast<LONG>(random() % static_cast<unsigned>(std::max(limit, LONG{1})));
         };
