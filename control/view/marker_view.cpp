@@ -15,8 +15,9 @@ void MarkerView::SetBackgroundEnabled(std::int16_t value) {
 }
 
 void MarkerView::SetBitmapType(std::int16_t value) {
-    // Which draws what there is to draw.
-    if (std::exchange(settings_.BitmapType, value) != value) bar_.RebuildDisplayList();
+    if (std::exchange(settings_.BitmapType, value) == value) return;
+    bar_.RebuildDisplayList();
+    picture_.Redraw();
 }
 
 }  // namespace mavrin2::view
