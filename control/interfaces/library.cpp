@@ -25,7 +25,7 @@ using automation::EnumerationOf;
     ClassDescription {                                                                   \
         .Name = #name, .Id = CLSID_##name, .Help = #name " Class",                       \
         .Default = &DescriptionOf<I##name>, .VersionedProgId = "KovMavrin2." #name ".1", \
-        .ProgId = "KovMavrin2." #name, .Programmable = programmable                      \
+        .ProgId = "KovMavrin2." #name, .Programmable = (programmable)                    \
     }
 
 // In the published order.

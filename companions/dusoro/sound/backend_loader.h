@@ -30,7 +30,7 @@ private:
         const auto function = Entry(module, entry);
         return function ? reinterpret_cast<const Offered* (*)()>(function)() : nullptr;
     }
-    platform::Module::Function Entry(const char* module, const char* entry) const;
+    platform::Module::Function Entry(const char* name, const char* entry) const;
 
     std::shared_ptr<platform::ModuleLoader> modules_;
     std::filesystem::path folder_;

@@ -82,15 +82,15 @@ std::optional<MarkerMouse::Hit> MarkerMouse::HitAt(Point at) const {
     if (found.Index < 0) return std::nullopt;
     const editor::MarkerDisplayEntry& entry =
         targets_.Shown.Entries()[static_cast<std::size_t>(found.Index)];
-    const auto near = [&](Bytes position) {
+    const auto within = [&](Bytes position) {
         return std::abs(columns.ByteToColumn(position) - x) <= 2 * context_.Area().LaneMargin;
     };
     Hit hit;
     hit.Number = found.Number;
     hit.Range = entry.Length != Bytes(0);
-    hit.Start = near(entry.Position);
-    hit.End = near(entry.End());
-    hit.CutPoint = near(entry.Cut()) && entry.CutPoint != Bytes(0);
+    hit.Start = within(entry.Position);
+    hit.End = within(entry.End());
+    hit.CutPoint = within(entry.Cut()) && entry.CutPoint != Bytes(0);
     return hit;
 }
 
