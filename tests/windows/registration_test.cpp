@@ -121,7 +121,7 @@ TEST_F(RegisteredComponent, TellsTheUserWhichCompanionIsMissing) {
     EXPECT_EQ(control, nullptr);
     ASSERT_EQ(boxes.Seen().size(), 1U);
     EXPECT_EQ(boxes.Seen().front().substr(0, 9), L"KovMavrin");
-    EXPECT_NE(boxes.Seen().front().find(L"KovDusoro2 is not registered."), std::wstring::npos);
+    EXPECT_NE(boxes.Seen().front().find(L"KovOntiva is not registered."), std::wstring::npos);
     EXPECT_EQ(back(), S_OK);
 }
 
