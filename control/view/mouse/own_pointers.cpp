@@ -1,6 +1,7 @@
 #include "control/view/mouse/own_pointers.h"
 
 #include <string_view>
+#include <utility>
 
 namespace mavrin2::view {
 namespace {
@@ -11,15 +12,13 @@ using platform::PointerShape;
 
 constexpr int kSize = 32;
 
-// '#' is black, 'o' white, anything else transparent; what a text leaves out is transparent.
-Pointer Draw(PointerShape shape, int hotSpotX, int hotSpotY, std::string_view text) {
-    PointerImage image{kSize, kSize, hotSpotX, hotSpotY, {}};
-    image.Pixels.resize(std::size_t{kSize} * kSize);
-    std::size_t x = 0;
-    std::size_t y = 0;
+// '#' is black, 'o' white, anything else transparent; what a text leaves out stays as it was.
+void Draw(PointerImage& image, std::size_t left, std::size_t top, std::string_view text) {
+    std::size_t x = left;
+    std::size_t y = top;
     for (const char c : text) {
         if (c == '\n') {
-            x = 0;
+            x = left;
             ++y;
             continue;
         }
@@ -27,72 +26,91 @@ Pointer Draw(PointerShape shape, int hotSpotX, int hotSpotY, std::string_view te
         if (c == 'o') image.Pixels[y * kSize + x] = 0xFFFFFFFF;
         ++x;
     }
+}
+
+PointerImage Blank(int hotSpotX, int hotSpotY) {
+    return {kSize, kSize, hotSpotX, hotSpotY,
+            std::vector<std::uint32_t>(std::size_t{kSize} * kSize)};
+}
+
+Pointer Made(PointerShape shape, PointerImage image) {
     return {shape, std::make_shared<const PointerImage>(std::move(image))};
+}
+
+Pointer Picture(PointerShape shape, int hotSpotX, int hotSpotY, std::string_view text) {
+    PointerImage image = Blank(hotSpotX, hotSpotY);
+    Draw(image, 0, 0, text);
+    return Made(shape, std::move(image));
+}
+
+// The arrow with a letter beside it.
+Pointer Arrow(PointerShape shape, std::string_view letter) {
+    constexpr std::size_t kLetter = 12;  // from the left and from the top
+    PointerImage image = Blank(1, 1);
+    Draw(image, 0, 0,
+         R"(##
+#o#
+#oo#
+#ooo#
+#oooo#
+#ooooo#
+#oooooo#
+#ooooooo#
+#oooooooo#
+#ooooooooo#
+#ooooooooo#
+#oooooo####
+#ooo#oo#
+#oo##oo#
+#o# #ooo#
+##   #oo#
+#    #ooo#
+      #oo#
+      #oo#
+       ##)");
+    Draw(image, kLetter, kLetter, letter);
+    return Made(shape, std::move(image));
 }
 
 }  // namespace
 
 const Pointer& LeftChannelPointer() {
-    static const Pointer pointer = Draw(PointerShape::LeftChannel, 1, 1,
-                                        R"(##
+    static const Pointer pointer = Arrow(PointerShape::LeftChannel,
+                                         R"(###
 #o#
-#oo#
-#ooo#
-#oooo#
-#ooooo#
+#o#
+#o#
+#o#
+#o#
+#o#
+#o#
+#o#
+#o######
 #oooooo#
-#ooooooo#
-#oooooooo#
-#ooooooooo#
-#ooooooooo#
-#oooooo####
-#ooo#oo#    ###
-#oo##oo#    #o#
-#o# #ooo#   #o#
-##   #oo#   #o#
-#    #ooo#  #o#
-      #oo#  #o#
-      #oo#  #o#
-       ##   #o#
-            #o#
-            #o######
-            #oooooo#
-            ########)");
+########)");
     return pointer;
 }
 
 const Pointer& RightChannelPointer() {
-    static const Pointer pointer = Draw(PointerShape::RightChannel, 1, 1,
-                                        R"(##
-#o#
-#oo#
-#ooo#
-#oooo#
-#ooooo#
-#oooooo#
-#ooooooo#
-#oooooooo#
-#ooooooooo#
-#ooooooooo#
-#oooooo####
-#ooo#oo#    ########
-#oo##oo#    #oooooo##
-#o# #ooo#   #o#####o#
-##   #oo#   #o#   #o#
-#    #ooo#  #o#   #o#
-      #oo#  #o#####o#
-      #oo#  #oooooo##
-       ##   #o##o##
-            #o##oo#
-            #o# #oo#
-            #o#  #oo#
-            ###   ###)");
+    static const Pointer pointer = Arrow(PointerShape::RightChannel,
+                                         R"(########
+#oooooo##
+#o#####o#
+#o#   #o#
+#o#   #o#
+#o#####o#
+#oooooo##
+#o##o##
+#o##oo#
+#o# #oo#
+#o#  #oo#
+###   ###)");
     return pointer;
 }
 
 const Pointer& GrabPointer() {
-    static const Pointer pointer = Draw(PointerShape::Grab, 11, 4,
-                                        R"(
+    static const Pointer pointer = Picture(PointerShape::Grab, 11, 4,
+                                           R"(
 
 
           ##
@@ -117,8 +135,8 @@ const Pointer& GrabPointer() {
 }
 
 const Pointer& MarkerZonePointer() {
-    static const Pointer pointer = Draw(PointerShape::MarkerZone, 1, 1,
-                                        R"(###
+    static const Pointer pointer = Picture(PointerShape::MarkerZone, 1, 1,
+                                           R"(###
 #oo##
 #oooo##
  #oooo##
