@@ -62,7 +62,7 @@ public:
     virtual void ShowProgress(int /*percent*/) {}
 
     // Rate, channels or bits are those of another document or version: the scales follow. May run a
-    // host's code, as everything that draws: a host may put in objects of its own for the scales.
+    // host's code, as everything that draws: a host may put in its own objects for the scales.
     virtual void FormatChanged() {}
 
     virtual void RenderBackground() {}

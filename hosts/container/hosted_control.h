@@ -13,7 +13,7 @@ namespace mavrin2::container {
 // knows it. Throws CallError.
 class HostedControl {
 public:
-    // The size is the window's, in pixels. An active control has a window of its own inside; one
+    // The size is the window's, in pixels. An active control has its own window inside; one
     // that is not is drawn by the host whenever its picture has changed. The window must live until
     // Close. Refused: an object that is no control, and a control that is in a window already.
     HostedControl(IUnknown& control, platform::Window& window, int width, int height, bool active);

@@ -4,7 +4,7 @@
 
 namespace mavrin2::server {
 
-// What a form requires of a control beyond embedding. The control has no keys of its own to offer
+// What a form requires of a control beyond embedding. The control offers no keys
 // and takes nothing from its surroundings.
 class FormControl final : public ContainerPart<IOleControl> {
 public:

@@ -31,7 +31,7 @@ public:
     // Empty for a sound that has not been saved yet.
     const QString& Name() const { return name_; }
     bool IsModified() const;
-    // Asks about unsaved changes. True when there are none any more, or they may be lost.
+    // Asks about unsaved changes. True when nothing is unsaved any more, or may be lost.
     bool MayLoseChanges();
 
 signals:

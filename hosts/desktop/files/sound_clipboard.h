@@ -19,7 +19,7 @@ public:
     bool HasSound() const;
 
 private:
-    // Has the control write the selection to a file of its own, and offers that.
+    // Has the control write the selection to a new file, and offers that.
     void Offer(const char* member);
 
     Editor& editor_;

@@ -19,7 +19,7 @@ public:
                width * height <= std::int64_t{1} << 26;
     }
 
-    // In pixels, for which CanBe holds. An active control has a window of its own inside; one that
+    // In pixels, for which CanBe holds. An active control has its own window inside; one that
     // is not is drawn whenever it says that its picture has changed. Throws CallError: also for an
     // object that is no control, and for a control that is somewhere already.
     HostWindow(IUnknown& control, int width, int height, bool active)
