@@ -20,7 +20,15 @@ inline constexpr CLSID CLSID_KovDusoro2 = ContractId(0x0101);
 inline constexpr IID IID_IDusoro2 = ContractId(0x0102);
 inline constexpr GUID LIBID_KovDusoro2 = ContractId(0x0103);
 
-// 0x02xx are KovVelto's, 0x03xx KovRimbal2's.
+inline constexpr CLSID CLSID_KovVelto = ContractId(0x0201);
+inline constexpr IID IID_IVelto2 = ContractId(0x0202);
+inline constexpr IID DIID_IVelto2Events = ContractId(0x0203);
+inline constexpr GUID LIBID_KovVelto = ContractId(0x0204);
+
+inline constexpr CLSID CLSID_KovRimbal2 = ContractId(0x0301);
+inline constexpr IID IID_IRimbal2 = ContractId(0x0302);
+inline constexpr IID DIID_IRimbal2Events = ContractId(0x0303);
+inline constexpr GUID LIBID_KovRimbal2 = ContractId(0x0304);
 
 inline constexpr CLSID CLSID_KovKestrin = ContractId(0x0401);
 inline constexpr IID IID_IKestrin2 = ContractId(0x0402);

@@ -5,6 +5,8 @@
 #include "automation/text.h"
 #include "companions/contracts/ontiva.h"
 #include "companions/contracts/pindle.h"
+#include "companions/contracts/rimbal.h"
+#include "companions/contracts/velto.h"
 #include "control/interfaces/events.h"
 #include "control/interfaces/library.h"
 #include "tests/automation/late_call.h"
@@ -112,7 +114,26 @@ TEST(Descriptions, KeepTheIdentifiersAndSlotsOfWhatHasArrived) {
          "GrabberInit=1@7 GrabberClose=2@8 OpenDrive=3@9 DriveCount=4@10 DriveNum=5@11 "
          "DriveName=6@12 ReadMode=7@13 TrackIndex=8@14 TrackSizeFactor1=9@15 TrackInfo3=10@16 "
          "TrackSizeFactor2=11@17 StartReading=12@18 PrepareTrack=13@19 StopReading=14@20 "
-         "ReadBlock=15@21"}};
+         "ReadBlock=15@21"},
+        {&DescriptionOf<contracts::IRimbal2>(),
+         "PrepareDevice=1@7 StopDevice=2@8 SetFormat=3@9 ReadBlock=4@10 GetRecentSamples=5@11 "
+         "TimerInterval=6@12 SetBufferFrames=7@13 NotchFilterFrequency=8@14,15 "
+         "NotchFilterEnabled=9@16,17 HighPassFilterEnabled=10@18,19 LowPassFilterEnabled=11@20,21 "
+         "HighPassFilterFrequency=12@22,23 LowPassFilterFrequency=13@24,25 StartDevice=14@26 "
+         "DeviceCount=15@27 DeviceName=16@28 DeviceNum=17@29,30 LineCount=18@31 LineName=19@32 "
+         "LineNum=20@33,34 LineHasVolume=21@35 LineVolume=22@36,37 LineHasBalance=23@38 "
+         "LineBalance=24@39,40 LineHasSwitch=25@41 LineSwitch=26@42,43 LineControlCount=27@44 "
+         "LineControlName=28@45 LineControlValue=29@46,47 AccuAttackTime=30@48,49 "
+         "AccuAttackLevel=31@50,51 AccuReleaseTime=32@52,53 AccuReleaseLevel=33@54,55 "
+         "AccuEnabled=34@56,57 AGCLowLevel=35@58,59 AGCHighLevel=36@60,61 AGCAttackTime=37@62,63 "
+         "AGCEnabled=38@64,65"},
+        {&DescriptionOf<contracts::IVelto2>(),
+         "PrepareDevice=1@7 StopDevice=2@8 QueueBlock=3@9 SetFormat=4@10 GetRecentSamples=5@11 "
+         "TimerInterval=6@12 ExtraLatency=7@13 SetOutputChannels=8@14 StartDevice=9@15 "
+         "DeviceCount=10@16 DeviceName=11@17 DeviceNum=12@18,19 MasterVolume=13@20,21 "
+         "LineCount=14@22 LineName=15@23 LineNum=16@24,25 LineHasVolume=17@26 LineVolume=18@27,28 "
+         "LineHasBalance=19@29 LineBalance=20@30,31 LineHasSwitch=21@32 LineSwitch=22@33,34 "
+         "LineControlCount=23@35 LineControlName=24@36 LineControlValue=25@37,38"}};
     for (const auto& [description, members] : kept)
         EXPECT_EQ(MembersOf(*description), members) << description->Name;
 }
@@ -129,8 +150,9 @@ TEST(Descriptions, GiveEveryIdentifierOnce) {
         return seen.insert(std::string(reinterpret_cast<const char*>(&id), sizeof id)).second;
     };
     // The companion's library shares its enumerations with the control's.
-    for (const auto* library : {&interfaces::ControlLibrary(), &contracts::DusoroLibrary(),
-                                &contracts::OntivaLibrary(), &contracts::PindleLibrary()}) {
+    for (const auto* library :
+         {&interfaces::ControlLibrary(), &contracts::DusoroLibrary(), &contracts::OntivaLibrary(),
+          &contracts::PindleLibrary(), &contracts::RimbalLibrary(), &contracts::VeltoLibrary()}) {
         EXPECT_TRUE(fresh(library->Id));
         for (const auto& one : library->Classes)
             EXPECT_TRUE(fresh(one.Id)) << one.Name;
