@@ -1,18 +1,16 @@
 #include <sys/resource.h>
 
-#include <cstdlib>
-
 #include "companions/ontiva/files/numbers.h"
 #include "tests/ontiva/sound_files.h"
 #include "tests/support/damaged_files.h"
+#include "tests/support/wanted_count.h"
 
 namespace mavrin2::ontiva {
 namespace {
 
-// How many damaged files there are of each kind; more by hand than in every run.
+// Damaged files of each kind.
 int Variants() {
-    const char* wanted = std::getenv("MAVRIN2_DAMAGED_FILES");
-    return wanted ? std::atoi(wanted) : 60;
+    return tests::WantedCount("MAVRIN2_DAMAGED_FILES", 60);
 }
 
 SoundInfo SomeInfo() {

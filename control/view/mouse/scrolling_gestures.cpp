@@ -17,7 +17,9 @@ void Scrolling::Move(Point at, const MouseZones& /*zones*/) {
     const std::int64_t total = document.TotalBytes.Count();
     const std::int64_t frame = context_.Document.Format.FrameSize().Count();
 
-    const double moved = static_cast<double>(at.X - anchor_) / context_.Area().WaveWidth;
+    const int width = context_.Area().WaveWidth;
+    if (width <= 0) return;  // the window has shrunk meanwhile
+    const double moved = static_cast<double>(at.X - anchor_) / width;
     const std::int64_t span = with_ == With::Thumb ? total : length;
     auto delta = static_cast<std::int64_t>(std::trunc(moved * static_cast<double>(span) + 0.5));
     delta -= delta % frame;

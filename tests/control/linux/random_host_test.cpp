@@ -3,13 +3,13 @@
 //
 // MAVRIN2_RANDOM_HOSTS is how many (200), MAVRIN2_RANDOM_SEED the first one's number (1).
 
-#include <cstdlib>
 #include <random>
 
 #include "automation/safe_array.h"
 #include "tests/control/control_test.h"
 #include "tests/control/linux/window_world.h"
 #include "tests/support/com_fakes.h"
+#include "tests/support/wanted_count.h"
 
 namespace mavrin2::tests {
 namespace {
@@ -267,17 +267,12 @@ void (*const RandomHost::kActs[56])(RandomHost&) = {
     [](RandomHost& h) { h.Control->put_MousePointer({}); },
 };
 
-unsigned Setting(const char* name, unsigned otherwise) {
-    const char* value = std::getenv(name);
-    return value ? static_cast<unsigned>(std::strtoul(value, nullptr, 10)) : otherwise;
-}
-
 TEST(RandomHosts, FindNothingThatBreaks) {
-    const unsigned first = Setting("MAVRIN2_RANDOM_SEED", 1);
-    const unsigned hosts = Setting("MAVRIN2_RANDOM_HOSTS", 200);
-    for (unsigned seed = first; seed < first + hosts; ++seed) {
+    const int first = WantedCount("MAVRIN2_RANDOM_SEED", 1);
+    const int hosts = WantedCount("MAVRIN2_RANDOM_HOSTS", 200);
+    for (int seed = first; seed < first + hosts; ++seed) {
         SCOPED_TRACE("MAVRIN2_RANDOM_SEED=" + std::to_string(seed));
-        const RandomHost host(seed);
+        const RandomHost host(static_cast<unsigned>(seed));
         if (HasFailure()) break;
     }
 }
