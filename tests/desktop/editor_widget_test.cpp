@@ -1,10 +1,17 @@
 #include "hosts/desktop/canvas/editor_widget.h"
 
-#include <QScreen>
+#include <QApplication>
+#include <QThread>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <random>
 
 #include "hosts/desktop/canvas/double_clicks.h"
 #include "platform/offscreen_window.h"
 #include "tests/desktop/screen.h"
+#include "tests/support/event_recorder.h"
+#include "tests/support/mouse_messages.h"
+#include "tests/support/wanted_count.h"
 
 namespace mavrin2::desktop {
 namespace {
@@ -65,43 +72,156 @@ TEST_F(EditorWidgets, ShowPixelForPixelWhatAWindowWithoutAScreenShows) {
     EXPECT_EQ(Shown(widget), reference.Shown()) << "hidden meanwhile";
 }
 
-TEST_F(EditorWidgets, PassOnTheMouseAsAWindowWithoutAScreenDoes) {
-    const QSize size(640, 240);
+// What a widget gets for a message. Presses are far apart in time, but for those of a double click.
+class WidgetMouse {
+public:
+    explicit WidgetMouse(QWidget& widget) : widget_(widget) {}
+
+    void Send(const platform::MouseEvent& event) {
+        using platform::MouseAction;
+        const QPointF at(event.X, event.Y);
+        const QPointF onScreen = widget_.mapToGlobal(at);
+        Qt::MouseButtons held;
+        held.setFlag(Qt::LeftButton, event.Held & 1);
+        held.setFlag(Qt::RightButton, event.Held & 2);
+        Qt::KeyboardModifiers keys;
+        keys.setFlag(Qt::ShiftModifier, event.Modifiers & 1);
+        keys.setFlag(Qt::ControlModifier, event.Modifiers & 2);
+        if (event.Action == MouseAction::Wheel) {
+            // As a touchpad does it.
+            for (int i = 0; i < 2; ++i) {
+                QWheelEvent wheel(at, onScreen, {}, {0, event.Turn / 2}, held, keys,
+                                  Qt::NoScrollPhase, false);
+                QApplication::sendEvent(&widget_, &wheel);
+            }
+            return;
+        }
+        static constexpr QEvent::Type kTypes[] = {QEvent::MouseMove, QEvent::MouseButtonPress,
+                                                  QEvent::MouseButtonRelease,
+                                                  QEvent::MouseButtonDblClick};
+        Qt::MouseButton button = Qt::NoButton;
+        if (event.Button == platform::MouseButton::Left) button = Qt::LeftButton;
+        if (event.Button == platform::MouseButton::Right) button = Qt::RightButton;
+        time_ += event.Action == MouseAction::Down ? 1000 : 10;
+        QMouseEvent mouse(kTypes[static_cast<int>(event.Action)], at, onScreen, button, held, keys);
+        mouse.setTimestamp(time_);
+        QApplication::sendEvent(&widget_, &mouse);
+    }
+
+private:
+    QWidget& widget_;
+    quint64 time_ = 1000;
+};
+
+TEST_F(EditorWidgets, AnswerTheMouseAsAWindowWithoutAScreenDoes) {
+    const QSize size(705, 300);
     Editor editor;
     EditorWidget widget(editor.Control());
     widget.resize(size);
     widget.show();
     Reference reference(size);
-    Open(editor);
-    Open(reference.Sound);
-    Settle();
-    reference.Shown();
-    using platform::MouseAction;
-    const struct {
-        QEvent::Type Type;
-        MouseAction Action;
-        QPoint At;
-    } steps[] = {{QEvent::MouseMove, MouseAction::Move, {100, 60}},
-                 {QEvent::MouseButtonPress, MouseAction::Down, {100, 60}},
-                 {QEvent::MouseMove, MouseAction::Move, {300, 90}},
-                 {QEvent::MouseMove, MouseAction::Move, {-40, 300}},  // captured
-                 {QEvent::MouseMove, MouseAction::Move, {260, 90}},
-                 {QEvent::MouseButtonRelease, MouseAction::Up, {260, 90}}};
-    bool down = false;
-    for (const auto& step : steps) {
-        down = step.Action == MouseAction::Down || (down && step.Action != MouseAction::Up);
-        Mouse(widget, step.Type, step.At, down);
-        platform::MouseEvent event;
-        event.Action = step.Action;
-        event.X = step.At.x();
-        event.Y = step.At.y();
-        event.Held = down ? static_cast<int>(platform::MouseButton::Left) : 0;
-        if (step.Action != MouseAction::Move) event.Button = platform::MouseButton::Left;
-        reference.Window.Send(event);
-        EXPECT_EQ(Shown(widget), reference.Shown()) << step.At.x();
-        EXPECT_EQ(editor.Position().End, reference.Sound.Position().End) << step.At.x();
+    const auto recorder = [](Editor& one) {
+        auto events = automation::MakeCounted<tests::EventRecorder>();
+        for (const char* scale : {"ScaleX", "ScaleY"})
+            one.Part(scale).Put("Visible", 0);
+        Open(one);
+        events->Connect(&one.Control());
+        return events;
+    };
+    const auto events = recorder(editor);
+    const auto expected = recorder(reference.Sound);
+    EXPECT_EQ(Shown(widget), reference.Shown());
+    WidgetMouse mouse(widget);
+    for (const auto& message : tests::ReadMouseMessages(MAVRIN2_MOUSE_MESSAGES)) {
+        SCOPED_TRACE(message.Text);
+        if (message.Compared) {
+            EXPECT_EQ(Shown(widget), reference.Shown());
+            continue;
+        }
+        mouse.Send(message.Event);
+        reference.Window.Send(message.Event);
+        EXPECT_EQ(events->Take(), expected->Take());
+        const SoundPosition at = editor.Position();
+        const SoundPosition other = reference.Sound.Position();
+        EXPECT_EQ(std::tie(at.Start, at.End, at.Selected, at.ViewStart, at.ViewEnd),
+                  std::tie(other.Start, other.End, other.Selected, other.ViewStart, other.ViewEnd));
+        const bool image = reference.Window.Pointer() >= platform::PointerShape::Custom;
+        EXPECT_EQ(widget.cursor().shape() == Qt::BitmapCursor, image);
     }
-    EXPECT_TRUE(editor.Position().Selected);
+}
+
+TEST_F(EditorWidgets, ShowPointersAndTips) {
+    Editor editor;
+    EditorWidget widget(editor.Control());
+    widget.resize(705, 300);
+    widget.show();
+    Open(editor);
+    Shown(widget);
+    WidgetMouse mouse(widget);
+    const auto moveTo = [&](int x, int y) {
+        platform::MouseEvent event;
+        event.X = x;
+        event.Y = y;
+        mouse.Send(event);
+        return widget.cursor();
+    };
+    EXPECT_EQ(moveTo(300, 150).shape(), Qt::ArrowCursor);
+    const QCursor edge = moveTo(300, 12);
+    ASSERT_EQ(edge.shape(), Qt::BitmapCursor);
+    const QImage image = edge.pixmap().toImage();
+    EXPECT_TRUE(image.rect().contains(edge.hotSpot()));
+    EXPECT_EQ(qAlpha(image.pixel(image.width() - 1, image.height() - 1)), 0);
+    EXPECT_EQ(qAlpha(image.pixel(edge.hotSpot())), 255);
+    editor.Members().Put("MousePointer", 11);
+    EXPECT_EQ(moveTo(1, 1).shape(), Qt::WaitCursor);
+
+    editor.Part("Markers").Call("Insert", 0, 0, "Where it begins", "");
+    moveTo(3, 12);
+    const auto waitForTip = [](bool visible) {
+        for (int i = 0; i < 100 && QToolTip::isVisible() != visible; ++i) {
+            QThread::msleep(50);
+            Settle();
+        }
+        return QToolTip::text();
+    };
+    EXPECT_EQ(waitForTip(true), "<qt>Where it begins</qt>");
+    moveTo(300, 150);
+    EXPECT_EQ(waitForTip(false), "");
+}
+
+// What users and their programs do in any order.
+TEST_F(EditorWidgets, LiveThroughRandomMessages) {
+    std::mt19937 random(11);
+    const auto upto = [&](int count) {
+        return std::uniform_int_distribution(0, count - 1)(random);
+    };
+    auto editor = std::make_unique<Editor>();
+    auto widget = std::make_unique<EditorWidget>(editor->Control());
+    widget->show();
+    Open(*editor);
+    WidgetMouse mouse(*widget);
+    int held = 0;
+    for (int i = 0; i < tests::WantedCount("MAVRIN2_MOUSE_MESSAGES", 1000); ++i) {
+        platform::MouseEvent event;
+        event.Action = static_cast<platform::MouseAction>(upto(5));
+        event.X = upto(5) == 0 ? upto(2) * 65535 - 32768 : upto(widget->width() + 1);
+        event.Y = upto(2) == 0 ? upto(20) : upto(widget->height() + 1);
+        if (event.Action == platform::MouseAction::Wheel)
+            event.Turn = upto(5) * 60 - 120;
+        else if (event.Action != platform::MouseAction::Move)
+            event.Button = static_cast<platform::MouseButton>(1 + upto(2));
+        const int bit = static_cast<int>(event.Button);
+        held = event.Action == platform::MouseAction::Up ? held & ~bit : held | bit;
+        event.Held = held;
+        mouse.Send(event);
+        if (i % 50 == 0) widget->resize(upto(3) == 0 ? upto(3000) : upto(20), upto(400));
+        if (i % 90 == 0) widget->setVisible(!widget->isVisible());
+        if (i % 20 == 0) Settle();
+        const SoundPosition at = editor->Position();
+        ASSERT_TRUE(0 <= at.Start && at.Start <= at.End && at.End <= at.Total) << i;
+        ASSERT_TRUE(0 <= at.ViewStart && at.ViewEnd <= at.Total) << i;
+    }
+    widget.reset();
 }
 
 TEST_F(EditorWidgets, LetTheirControlGoOnToAnotherWindow) {
