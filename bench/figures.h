@@ -12,6 +12,7 @@ using Folder = std::filesystem::path;
 void PrintEditFigures(const Folder& data);
 // `scripts` holds those that `mavrin2 run` measures.
 void PrintMarkerFigures(const Folder& programs, const Folder& scripts);
+void PrintMouseFigures(const Folder& data);
 void PrintOpenFigures(const Folder& data);
 void PrintSignalFigures(const Folder& data);
 // `programs` holds mavrin2 itself.

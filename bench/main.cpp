@@ -1,6 +1,6 @@
 // Measures the component beside the programs one would use instead:
-// mavrin2-bench DATA PROGRAMS [GROUP…], a group being small, edit, signal, transform, view, tags,
-// markers or open.
+// mavrin2-bench DATA PROGRAMS [GROUP…], a group being small, edit, signal, transform, view, mouse,
+// tags, markers or open.
 
 #include <algorithm>
 #include <cstdio>
@@ -29,6 +29,7 @@ int main(int count, char** arguments) {
         {"signal", [&] { PrintSignalFigures(data); }},
         {"transform", [&] { PrintTransformFigures(data); }},
         {"view", [&] { PrintViewFigures(data, programs); }},
+        {"mouse", [&] { PrintMouseFigures(data); }},
         {"tags", [&] { PrintTagFigures(data, BENCH_SCRIPTS); }},
         {"markers", [&] { PrintMarkerFigures(programs, BENCH_SCRIPTS); }},
         {"open", [&] { PrintOpenFigures(data); }},
