@@ -13,6 +13,8 @@ FOUNDATION = {"automation", "platform"}
 # What programs share of the hosts' side.
 SHARED = {"hosts/container", "hosts/binding"}
 HOSTS = {"script": SHARED, "desktop": SHARED, "container": {"hosts/binding"}}
+# What two companions have in common.
+COMPANIONS = {name: {"companions/devices"} for name in ("velto", "rimbal")}
 ANYTHING = {"tests", "bench"}
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(?:"([^"]+)"|<([^>]+)>|(\S+))', re.MULTILINE)
@@ -39,7 +41,8 @@ def below(source):
     if top == "automation":
         return FOUNDATION
     if top == "companions":
-        return {source, "companions/contracts", "companions/formats"} | FOUNDATION
+        shared = {"companions/contracts", "companions/formats"} | COMPANIONS.get(name, set())
+        return {source} | shared | FOUNDATION
     if top == "hosts":
         return {source} | HOSTS.get(name, set()) | FOUNDATION
     if top == "control":
