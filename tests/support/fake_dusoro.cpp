@@ -17,6 +17,10 @@ std::string Name(BSTR fileName) {
     return automation::ToUtf8(automation::Bstr::View(fileName)) + ", ";
 }
 
+std::filesystem::path Path(BSTR fileName) {
+    return automation::ToPath(automation::Bstr::View(fileName));
+}
+
 }  // namespace
 
 HRESULT FakeDusoro::Record(const std::string& name, const std::string& arguments) {
@@ -40,6 +44,7 @@ STDMETHODIMP FakeDusoro::OpenSoundFile(BSTR fileName, LONG formatType, LONG flag
     readValues_ = 0;
     reads_ = 0;
     code_ = OpenCode;
+    if (files_.Load) code_ = static_cast<LONG>(files_.Load(*this, Path(fileName)));
     Reading = code_ == 0;
     return Reading ? S_OK : E_FAIL;
 }
@@ -54,7 +59,8 @@ STDMETHODIMP FakeDusoro::CloseFile() {
         return E_FAIL;
     }
     State = Output::Complete;
-    return S_OK;
+    if (files_.Store) code_ = static_cast<LONG>(files_.Store(*this, output_));
+    return code_ == 0 ? S_OK : E_FAIL;
 }
 
 STDMETHODIMP FakeDusoro::CreateSoundFile(BSTR fileName, LONG formatType) {
@@ -62,8 +68,15 @@ STDMETHODIMP FakeDusoro::CreateSoundFile(BSTR fileName, LONG formatType) {
     GiveUpOutput();
     Reading = false;
     code_ = CreateCode;
+    output_ = Path(fileName);
+    if (files_.Store && !std::filesystem::is_directory(output_.parent_path()))
+        code_ = static_cast<LONG>(contracts::ErrorConstants::FILEACCESS);
     if (code_ != 0) return E_FAIL;
     State = Output::Unfinished;
+    if (files_.Store) {
+        Source.Frequency = givenFrequency_;
+        Source.Channels = givenChannels_;
+    }
     Written.clear();
     WrittenBlocks.clear();
     return S_OK;
@@ -101,6 +114,8 @@ STDMETHODIMP FakeDusoro::ReadBlock(LONG count, SAFEARRAY** samples) {
 }
 
 STDMETHODIMP FakeDusoro::SetPcmFormat(LONG frequency, LONG channels) {
+    givenFrequency_ = frequency;
+    givenChannels_ = channels;
     return Record("SetPcmFormat", Numbers(frequency, channels));
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -13,7 +14,15 @@ namespace mavrin2::tests {
 // A file companion that reads one sound out of memory and keeps what is written to it.
 class FakeDusoro final : public automation::AutomationObject<FakeDusoro, contracts::IDusoro2> {
 public:
-    explicit FakeDusoro(IUnknown* outer) : AutomationObject(outer) {}
+    // How a file is read into Source and written from Written and Source's rate and channels;
+    // without them nothing is read or written.
+    struct RealFiles {
+        contracts::ErrorConstants (*Load)(FakeDusoro& self, const std::filesystem::path& path);
+        contracts::ErrorConstants (*Store)(FakeDusoro& self, const std::filesystem::path& path);
+    };
+
+    explicit FakeDusoro(IUnknown* outer, RealFiles files = {})
+        : AutomationObject(outer), files_(files) {}
     ~FakeDusoro() = default;
 
     // What every file holds that is opened.
@@ -34,7 +43,7 @@ public:
     int FailingRead = 0;   // the nth ReadBlock of an input file
     int FailingWrite = 0;  // the nth WriteBlock of an output file
     bool FailingClose = false;
-    LONG FailureCode = 0;  // told by GetErrorCode after one of these
+    LONG FailureCode = 0;  // what GetErrorCode returns after one of these
 
     // Whether an input file is open.
     bool Reading = false;
@@ -93,6 +102,10 @@ private:
         return Record(name);
     }
 
+    RealFiles files_;
+    std::filesystem::path output_;
+    LONG givenFrequency_ = 8000;
+    LONG givenChannels_ = 1;
     std::string lastCall_;
     int repeated_ = 0;
     std::size_t readValues_ = 0;

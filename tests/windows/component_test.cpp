@@ -2,17 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <atomic>
 #include <string>
 #include <vector>
 
 #include "automation/text.h"
 #include "automation/type_library.h"
-#include "automation/variant.h"
 #include "control/interfaces/events.h"
 #include "control/interfaces/library.h"
-#include "tests/automation/late_call.h"
 #include "tests/automation/type_texts.h"
 #include "tests/support/com_fakes.h"
 #include "tests/windows/component.h"
@@ -29,22 +25,6 @@ using interfaces::ChannelsConstants;
 using interfaces::FrequencyConstants;
 using interfaces::IMavrin2;
 using interfaces::IMavrin2Position;
-
-TEST_F(Component, ServesAHostThatIsCompiledAgainstIt) {
-    const auto control = CreateControl();
-    ASSERT_TRUE(control);
-    EXPECT_EQ(control->New(FrequencyConstants::FQ_22_KHZ, ChannelsConstants::MONO), S_OK);
-    ComPtr<interfaces::IMavrin2FileInfo> info;
-    ASSERT_EQ(control->get_FileInfo(info.Put()), S_OK);
-    Bstr text;
-    EXPECT_EQ(info->get_FormatString(text.Put()), S_OK);
-    EXPECT_EQ(text.Utf8(), "PCM 22050 Hz; 16 bit; mono");
-    ComPtr<interfaces::IMavrin2FileInfo> again;
-    ASSERT_EQ(control->get_FileInfo(again.Put()), S_OK);
-    EXPECT_EQ(info.Get(), again.Get());
-    EXPECT_EQ(control->get_Status(nullptr), E_POINTER);
-    EXPECT_EQ(control->get_FileInfo(nullptr), E_POINTER);
-}
 
 TEST_F(Component, ExplainsItselfByTheCompiledLibrary) {
     ComPtr<ITypeLib> compiled;
@@ -69,57 +49,6 @@ TEST_F(Component, ExplainsItselfByTheCompiledLibrary) {
     EXPECT_EQ(attributes->wMajorVerNum, 2);
     EXPECT_EQ(attributes->wMinorVerNum, 0);
     own->ReleaseTLibAttr(attributes);
-}
-
-// The three ways in which a property of the control can be read and written give the same.
-TEST_F(Component, AnswersAlikeThroughItsOwnDispatchTheSystemsAndTheVirtualTable) {
-    const auto control = CreateControl();
-    ComPtr<ITypeInfo> type;
-    ASSERT_EQ(control->GetTypeInfo(0, 0, type.Put()), S_OK);
-    ComPtr<IUnknown> made;
-    ASSERT_EQ(::CreateStdDispatch(nullptr, control.Get(), type.Get(), made.Put()), S_OK);
-    const auto system = made.As<IDispatch>();
-    IDispatch* const ways[] = {control.Get(), system.Get()};
-
-    const struct {
-        const char* Member;
-        WORD Flags;
-        std::vector<Value> Arguments;
-        HRESULT Status;
-    } calls[] = {
-        {"FileBufferSize", DISPATCH_PROPERTYPUT, {LONG{50}}, S_OK},
-        {"FileBufferSize", DISPATCH_PROPERTYPUT, {"3000.4"}, S_OK},
-        {"FileBufferSize", DISPATCH_PROPERTYPUT, {"many"}, DISP_E_TYPEMISMATCH},
-        {"FileBufferSize", DISPATCH_PROPERTYGET, {LONG{1}}, DISP_E_NOTACOLLECTION},
-        {"Status", DISPATCH_PROPERTYPUT, {LONG{1}}, DISP_E_MEMBERNOTFOUND},
-        {"Nothing", DISPATCH_METHOD, {}, DISP_E_UNKNOWNNAME},
-        {"New", DISPATCH_METHOD, {LONG{8000}}, DISP_E_BADPARAMCOUNT},
-        {"New", DISPATCH_METHOD, {SHORT{8000}, "1"}, S_OK},
-        {"Open", DISPATCH_METHOD, {"Z:\\no such file.wav"}, DISP_E_EXCEPTION},
-    };
-    for (const auto& one : calls) {
-        SCOPED_TRACE(one.Member);
-        for (IDispatch* way : ways) {
-            const bool put = one.Flags == DISPATCH_PROPERTYPUT;
-            const LateCall call(
-                *way, one.Member, one.Flags, one.Arguments,
-                put ? std::vector<DISPID>{DISPID_PROPERTYPUT} : std::vector<DISPID>{});
-            EXPECT_EQ(call.Status, one.Status);
-            if (one.Status == DISP_E_EXCEPTION) {
-                EXPECT_EQ(call.Exception.scode, static_cast<HRESULT>(0x80040309));
-                EXPECT_EQ(automation::ToUtf8(Bstr::View(call.Exception.bstrDescription)),
-                          "File Access error.");
-            }
-        }
-    }
-    LONG size = 0;
-    EXPECT_EQ(control->get_FileBufferSize(&size), S_OK);
-    for (IDispatch* way : ways)
-        EXPECT_EQ(
-            FromVariant(LateCall(*way, "FileBufferSize", DISPATCH_PROPERTYGET, std::vector<Value>{})
-                            .Result),
-            Value(size));
-    EXPECT_EQ(size, 3000);
 }
 
 TEST_F(Component, RaisesItsEventsAtAConnectionPoint) {
@@ -167,17 +96,6 @@ TEST_F(Component, IsPartOfAnObjectThatAggregatesIt) {
         outer.Inner.Reset();
         EXPECT_EQ(outer.References, 0U);
     }
-}
-
-TEST_F(Component, OffersPositionsAloneByTheirIdentifier) {
-    const auto position = Create<IMavrin2Position>(L"KovMavrin2.Mavrin2Position.1");
-    ASSERT_TRUE(position);
-    LONG value = 7;
-    EXPECT_EQ(position->get_TotalSamples(&value), S_OK);
-    EXPECT_EQ(value, 0);
-    EXPECT_EQ(position->put_StartSelect(5), S_OK);
-    EXPECT_EQ(position->get_StartSelect(&value), S_OK);
-    EXPECT_EQ(value, 0);
 }
 
 std::size_t MemoryInUse() {
