@@ -10,6 +10,7 @@
 #include <stdexcept>
 #include <thread>
 
+#include "companions/devices/server/loaded_server.h"
 #include "platform/posting.h"
 
 namespace mavrin2::tests {
@@ -33,6 +34,12 @@ void WriteSamples(const std::filesystem::path& file, const Samples& samples) {
 
 }  // namespace
 
+devices::ServerAccess Servers() {
+    return {
+        [] { return devices::LoadSoundServer(*platform::SystemModuleLoader(), LIBRARY_FOLDER); },
+        platform::SystemClock()};
+}
+
 bool PumpUntil(const std::function<bool()>& condition, std::chrono::milliseconds patience) {
     const auto end = std::chrono::steady_clock::now() + patience;
     while (!condition()) {
@@ -44,6 +51,7 @@ bool PumpUntil(const std::function<bool()>& condition, std::chrono::milliseconds
 
 Program::Program(const std::vector<std::string>& command, const std::filesystem::path& output) {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& argument : command)
         arguments.push_back(const_cast<char*>(argument.c_str()));
     arguments.push_back(nullptr);
@@ -105,6 +113,7 @@ void TestServer::Control(const std::vector<std::string>& arguments) {
 }
 
 void TestServer::StartMonitor(const std::string& sink, int channels) {
+    std::filesystem::remove(folder_.Path() / "monitor");
     monitor_ = std::make_unique<Program>(
         std::vector<std::string>{"parec", "-d", sink + ".monitor", "--latency-msec=20", "--raw",
                                  "--rate=44100", "--channels=" + std::to_string(channels)},
