@@ -352,6 +352,13 @@ TEST_F(MarkersTest, SurviveACompanionOfAnotherMaker) {
         EXPECT_EQ(Save(), S_OK) << "although the list is never empty";
         Ontiva->ClaimedCount.reset();
     }
+    Ontiva->GivesTexts = false;
+    OpenThousand();
+    EXPECT_EQ(Markers.All(), "*3+0 ");
+    Bstr title;
+    EXPECT_EQ(FileInfo->get_Title(title.Put()), S_OK);
+    EXPECT_EQ(title.Utf8(), "");
+    Ontiva->GivesTexts = true;
     Ontiva->OnCall = [] { throw std::runtime_error("no"); };
     OpenThousand();
     EXPECT_EQ(Save(), S_OK);

@@ -36,6 +36,7 @@ public:
     Info Held;
     std::string Calls;                 // of those about files and the switch
     std::function<void()> OnCall;      // may throw, before anything is done
+    bool GivesTexts = true;            // otherwise null instead
     std::optional<LONG> ClaimedCount;  // of the markers, where it is not the true one
 
     STDMETHODIMP ReadInfo(BSTR fileName) override {
@@ -139,8 +140,8 @@ private:
     static std::string TextOf(BSTR text) {
         return automation::ToUtf8(automation::Bstr::View(text));
     }
-    static HRESULT GiveText(const std::string& value, BSTR* text) {
-        *text = automation::NewBstr(std::string_view(value));
+    HRESULT GiveText(const std::string& value, BSTR* text) const {
+        *text = GivesTexts ? automation::NewBstr(std::string_view(value)) : nullptr;
         return S_OK;
     }
     template <class Act>
