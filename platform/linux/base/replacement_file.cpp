@@ -4,7 +4,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdio>
+#include <future>
 #include <new>
 #include <optional>
 #include <string>
@@ -164,15 +166,28 @@ public:
 
 private:
     // The disk writes while more is made, so that there is little left for Commit to wait for. What
-    // is written once and in order begins in large stretches; the rest is left to Commit.
+    // is written once and in order begins in large stretches; the rest is left to Commit. Preparing
+    // the writes takes the system a third of the time of a copy, so another thread waits for that.
     void BeginSync(std::int64_t offset, std::int64_t count) {
         constexpr std::int64_t stretch = std::int64_t{8} << 20;
         if (offset != written_) return;
         written_ += count;
-        if (written_ - begun_ < stretch) return;
-        [[maybe_unused]] const int begun = ::sync_file_range(
-            unfinished_.File.Get(), begun_, written_ - begun_, SYNC_FILE_RANGE_WRITE);
+        if (written_ - begun_ < stretch || IsBeginning()) return;
+        const auto begin = [file = unfinished_.File.Get(), from = begun_,
+                            bytes = written_ - begun_] {
+            ::sync_file_range(file, from, bytes, SYNC_FILE_RANGE_WRITE);
+        };
         begun_ = written_;
+        try {
+            beginning_ = std::async(std::launch::async, begin);
+        } catch (const std::exception&) {
+            begin();  // no thread or no memory
+        }
+    }
+
+    bool IsBeginning() const {
+        return beginning_.valid() &&
+               beginning_.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
     }
 
     UnfinishedFile unfinished_;
@@ -180,6 +195,7 @@ private:
     LinuxFile file_;
     std::int64_t written_ = 0;  // bytes from the start, in order
     std::int64_t begun_ = 0;
+    std::future<void> beginning_;  // waits for the thread before the file is closed
     std::error_code failure_;
 };
 
