@@ -94,7 +94,7 @@ void PrintWriting(const fs::path& sound, const fs::path& copy) {
                       },
                       [&] { fs::remove(copy); }};
     PrintRatio("WriteInfo in " + sound.filename().string(), ours,
-               {ProgramWriting(copy, {"cp", sound.string(), copy.string()})}, 1.2, 5);
+               {ProgramWriting(copy, {"cp", sound.string(), copy.string()})}, 1.2, 15);
 }
 
 // The image of a disc with one track that has the sound of a WAV file.
