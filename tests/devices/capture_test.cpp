@@ -7,7 +7,8 @@
 #include "automation/event_sink.h"
 #include "companions/contracts/constants.h"
 #include "companions/rimbal/capture_companion.h"
-#include "tests/devices/sound_programs.h"
+#include "tests/devices/built_servers.h"
+#include "tests/support/sound_server/sound_server.h"
 
 namespace mavrin2::rimbal {
 namespace {

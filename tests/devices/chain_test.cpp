@@ -5,7 +5,7 @@
 #include <numbers>
 
 #include "companions/rimbal/chain/recording_chain.h"
-#include "tests/devices/sound_programs.h"
+#include "tests/support/sound_server/sound_server.h"
 
 namespace mavrin2::rimbal {
 namespace {

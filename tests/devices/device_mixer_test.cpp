@@ -3,7 +3,8 @@
 #include "automation/variant.h"
 #include "companions/rimbal/capture_companion.h"
 #include "companions/velto/playback_companion.h"
-#include "tests/devices/sound_programs.h"
+#include "tests/devices/built_servers.h"
+#include "tests/support/sound_server/sound_server.h"
 
 namespace mavrin2::devices {
 namespace {

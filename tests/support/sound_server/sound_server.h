@@ -9,16 +9,12 @@
 #include <string>
 #include <vector>
 
-#include "companions/devices/server/server_access.h"
 #include "tests/support/environment_variable.h"
 #include "tests/support/scratch_folder.h"
 
 namespace mavrin2::tests {
 
 using Samples = std::vector<std::int16_t>;
-
-// The servers of this build.
-devices::ServerAccess Servers();
 
 // Delivers events on this thread until a condition holds. False if it does not in that time.
 bool PumpUntil(const std::function<bool()>& condition,

@@ -1,4 +1,4 @@
-#include "tests/devices/sound_programs.h"
+#include "tests/support/sound_server/sound_server.h"
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -10,7 +10,6 @@
 #include <stdexcept>
 #include <thread>
 
-#include "companions/devices/server/loaded_server.h"
 #include "platform/posting.h"
 
 namespace mavrin2::tests {
@@ -33,12 +32,6 @@ void WriteSamples(const std::filesystem::path& file, const Samples& samples) {
 }
 
 }  // namespace
-
-devices::ServerAccess Servers() {
-    return {
-        [] { return devices::LoadSoundServer(*platform::SystemModuleLoader(), LIBRARY_FOLDER); },
-        platform::SystemClock()};
-}
 
 bool PumpUntil(const std::function<bool()>& condition, std::chrono::milliseconds patience) {
     const auto end = std::chrono::steady_clock::now() + patience;
