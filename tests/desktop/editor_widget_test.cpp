@@ -1,9 +1,9 @@
 #include "hosts/desktop/canvas/editor_widget.h"
 
 #include <QApplication>
+#include <QMouseEvent>
 #include <QThread>
 #include <QToolTip>
-#include <QWheelEvent>
 #include <random>
 
 #include "hosts/desktop/canvas/double_clicks.h"
@@ -89,11 +89,8 @@ public:
         keys.setFlag(Qt::ControlModifier, event.Modifiers & 2);
         if (event.Action == MouseAction::Wheel) {
             // As a touchpad does it.
-            for (int i = 0; i < 2; ++i) {
-                QWheelEvent wheel(at, onScreen, {}, {0, event.Turn / 2}, held, keys,
-                                  Qt::NoScrollPhase, false);
-                QApplication::sendEvent(&widget_, &wheel);
-            }
+            for (int i = 0; i < 2; ++i)
+                OnScreen::Wheel(widget_, at, event.Turn / 2, held);
             return;
         }
         static constexpr QEvent::Type kTypes[] = {QEvent::MouseMove, QEvent::MouseButtonPress,

@@ -4,9 +4,12 @@
 #include <QClipboard>
 #include <QDir>
 #include <QFileInfo>
+#include <QLabel>
 #include <QMimeData>
 #include <QProgressDialog>
+#include <QStatusBar>
 #include <QThread>
+#include <algorithm>
 
 #include "hosts/desktop/files/recent_files.h"
 #include "hosts/desktop/window/action_table.h"
@@ -25,7 +28,10 @@ protected:
         Settle();
     }
 
-    void Trigger(const QString& text) { Entry(window_, text).trigger(); }
+    void Trigger(const QString& text) {
+        Settle();
+        Entry(window_, text).trigger();
+    }
     SoundPosition At() { return window_.Sound().Position(); }
 
     EditorWindow window_;
@@ -56,6 +62,12 @@ TEST_F(EditorWindows, HaveEntriesThatDoWhatTheyName) {
     EXPECT_NEAR(At().ViewEnd - At().ViewStart, view / 2.0, 2);
     Trigger("Wider");
     EXPECT_NEAR(At().ViewEnd - At().ViewStart, view, 2);
+    Trigger("Closer");
+    Wheel(window_.Picture(), {100, 100}, -120);
+    Settle();
+    const auto labels = window_.statusBar()->findChildren<QLabel*>();
+    EXPECT_TRUE(std::ranges::any_of(
+        labels, [](const QLabel* label) { return label->text().startsWith("Selection"); }));
     Trigger("Whole Sound");
     EXPECT_EQ(At().ViewEnd, all);
 

@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QSettings>
 #include <QTimer>
+#include <QWheelEvent>
 
 namespace mavrin2::desktop {
 OnScreen::OnScreen() {
@@ -46,6 +47,12 @@ void OnScreen::Mouse(QWidget& widget, QEvent::Type type, QPoint at, bool down) {
     const bool moves = type == QEvent::MouseMove;
     QMouseEvent event(type, at, widget.mapToGlobal(at), moves ? Qt::NoButton : Qt::LeftButton,
                       down ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(&widget, &event);
+}
+
+void OnScreen::Wheel(QWidget& widget, QPointF at, int turn, Qt::MouseButtons held) {
+    QWheelEvent event(at, widget.mapToGlobal(at), {}, {0, turn}, held, {}, Qt::NoScrollPhase,
+                      false);
     QApplication::sendEvent(&widget, &event);
 }
 

@@ -12,6 +12,10 @@ inline constexpr const char* kSound = MAVRIN2_TEST_SOUND;
 
 // Windows on the toolkit's screen that no one sees, with settings and clipboard of their own.
 class OnScreen : public ::testing::Test {
+public:
+    // Turns the wheel; 120 is a notch forward.
+    static void Wheel(QWidget& widget, QPointF at, int turn, Qt::MouseButtons held = {});
+
 protected:
     OnScreen();
 

@@ -73,7 +73,10 @@ void EditorWindow::AddMenus() {
 }
 
 void EditorWindow::Connect() {
-    connect(&editor_, &Editor::Changed, this, &EditorWindow::Update);
+    // After the event: inside of one the sound may be between two states.
+    update_.setSingleShot(true);
+    connect(&update_, &QTimer::timeout, this, &EditorWindow::Update);
+    connect(&editor_, &Editor::Changed, &update_, qOverload<>(&QTimer::start));
     connect(&editor_, &Editor::Failed, this, &EditorWindow::ShowFailure);
     connect(&file_, &DocumentFile::Changed, this, &EditorWindow::ShowTitle);
     connect(QApplication::clipboard(), &QClipboard::dataChanged, this, &EditorWindow::Update);

@@ -48,6 +48,7 @@ private:
     EditorWidget* picture_;
     ViewScrollBar* scrollBar_;
     OperationProgress progress_;
+    QTimer update_;
     bool closing_ = false;  // as soon as the running operation has ended
 };
 
