@@ -27,6 +27,7 @@ public:
         const std::lock_guard lock(mutex_);
         Advance();
     }
+    void Finish() override {}
     StreamProgress Observe() override {
         const std::lock_guard lock(mutex_);
         Advance();

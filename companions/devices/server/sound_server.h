@@ -84,6 +84,8 @@ public:
     virtual ~OutputStream() = default;
     // Takes as many samples as the device has room for. To be called when there are more.
     virtual void Supply() = 0;
+    // There will be no more samples: some servers wait for more before they play the last ones.
+    virtual void Finish() = 0;
     // To be called every 50 ms or more often: some streams work only then. Does not wait.
     virtual StreamProgress Observe() = 0;
 };

@@ -52,9 +52,14 @@ std::size_t PlayQueue::Take(std::span<std::int16_t> samples) {
     return done;
 }
 
-bool PlayQueue::IsFinished(std::int64_t heard) const {
+bool PlayQueue::IsComplete() const {
     const std::lock_guard lock(mutex_);
-    return questions_ == 0 && blocks_.empty() && heard >= taken_.End();
+    return questions_ == 0 && blocks_.empty();
+}
+
+std::int64_t PlayQueue::Taken() const {
+    const std::lock_guard lock(mutex_);
+    return taken_.End();
 }
 
 bool PlayQueue::IsEmpty() const {

@@ -31,8 +31,10 @@ public:
 
     std::size_t Take(std::span<std::int16_t> samples) override;
 
-    // Whether nothing more is to be expected once `heard` frames have been heard.
-    bool IsFinished(std::int64_t heard) const;
+    // Whether all has gone to the device and nothing more is to be expected.
+    bool IsComplete() const;
+    // Frames that have gone to the device.
+    std::int64_t Taken() const;
     // Whether no sample waits.
     bool IsEmpty() const;
     Levels PeaksOf(std::int64_t first, std::int64_t last) const;

@@ -70,8 +70,11 @@ std::vector<std::int16_t> PlaybackRun::Recent(std::int64_t count) {
 }
 
 std::optional<milliseconds> PlaybackRun::Watch(PlayerEvents& events) {
+    const bool complete = queue_->IsComplete();
+    if (complete && !complete_) stream_->Finish();
+    complete_ = complete;
     const StreamProgress progress = stream_->Observe();
-    const bool finished = progress.Lost || queue_->IsFinished(progress.Heard);
+    const bool finished = progress.Lost || (complete_ && progress.Heard >= queue_->Taken());
     const auto now = steady_clock::now();
     if (finished || now >= nextReport_) {
         positions_.Report(progress.Heard, queue_->PeaksOf(reported_, progress.Heard));

@@ -52,6 +52,7 @@ private:
     std::unique_ptr<OutputStream> stream_;
     std::atomic<bool> ended_ = false;
     // Of the watching thread.
+    bool complete_ = false;
     std::int64_t reported_ = 0;  // frames
     std::chrono::steady_clock::time_point nextReport_;
     std::optional<Ticker> ticker_;

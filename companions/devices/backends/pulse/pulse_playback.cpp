@@ -159,6 +159,12 @@ void PulsePlayback::Supply() {
     Write();
 }
 
+// PipeWire keeps what is less than one of its periods until it knows that there is no more.
+void PulsePlayback::Finish() {
+    const PulseLock lock(*connection_);
+    if (pa_operation* drain = pa_stream_drain(stream_, nullptr, nullptr)) pa_operation_unref(drain);
+}
+
 void PulsePlayback::Refresh() {
     if (refresh_) {
         if (pa_operation_get_state(refresh_) == PA_OPERATION_RUNNING) return;

@@ -26,6 +26,7 @@ public:
     bool Fits(const PulseConnection& connection, const StreamRequest& request) const;
 
     void Supply();
+    void Finish();
     StreamProgress Observe();
 
 private:

@@ -16,6 +16,7 @@ public:
     ~PulseOutput() override { playback_->End(); }
 
     void Supply() override { playback_->Supply(); }
+    void Finish() override { playback_->Finish(); }
     StreamProgress Observe() override { return playback_->Observe(); }
 
 private:
