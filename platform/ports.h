@@ -5,6 +5,7 @@
 
 #include "platform/block_memory.h"
 #include "platform/clipboard.h"
+#include "platform/clock.h"
 #include "platform/error_dialog.h"
 #include "platform/files.h"
 #include "platform/instance_lock.h"
@@ -24,6 +25,7 @@ struct Ports {
     SystemColors Colors;
     std::shared_ptr<SoundClipboard> Clipboard;
     std::shared_ptr<BlockMemory> Memory = HeapBlockMemory();
+    std::shared_ptr<Clock> Time = SystemClock();
 };
 
 // The adapters of the running system.

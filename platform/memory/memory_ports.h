@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "platform/memory/fake_clock.h"
 #include "platform/memory/fixed_fonts.h"
 #include "platform/memory/memory_clipboard.h"
 #include "platform/memory/memory_file_system.h"
@@ -21,10 +22,12 @@ struct MemoryPorts {
     std::shared_ptr<RefusingMemory> Memory = std::make_shared<RefusingMemory>();
     SystemColors Colors = {.ButtonFace = 0xC8D0D4, .Highlight = 0xFFFFFF, .Shadow = 0x808080};
     std::shared_ptr<MemoryClipboard> Clipboard = std::make_shared<MemoryClipboard>();
+    std::shared_ptr<FakeClock> Time = std::make_shared<FakeClock>();
 
     Ports AsPorts() const {
-        return {Files,     Errors, [locks = Locks]() mutable { return locks.New(); }, Fonts, Colors,
-                Clipboard, Memory};
+        return {Files,  Errors, [locks = Locks]() mutable { return locks.New(); },
+                Fonts,  Colors, Clipboard,
+                Memory, Time};
     }
 };
 
