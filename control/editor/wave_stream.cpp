@@ -248,6 +248,12 @@ bool WaveStream::Seek(std::int64_t position) {
     return true;
 }
 
+bool WaveStream::CutTo(std::uint32_t length) {
+    if (!file_->Truncate(std::int64_t{dataStart_} + length)) return false;
+    length_ = length;
+    return true;
+}
+
 bool WaveStream::FixSizes() {
     auto fileLength = file_->Length();
     if (!fileLength) return false;

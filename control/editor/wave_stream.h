@@ -62,6 +62,9 @@ public:
     std::optional<std::uint32_t> CopyTo(WaveStream& target, std::uint32_t count,
                                         BlockBuffer& buffer);
     bool Seek(std::int64_t position);
+    // Leaves the first `length` bytes of samples of a file that is open for update, as after a
+    // write that has grown it by a part. False when that failed.
+    bool CutTo(std::uint32_t length);
 
     // Passes every block that is written to the observer, which has to outlive this; null for none.
     void SetObserver(BlockObserver* observer) { observer_ = observer; }
