@@ -7,6 +7,8 @@ namespace mavrin2::automation {
 using interfaces::ChannelsConstants;
 using interfaces::FrequencyConstants;
 using interfaces::MousePointerConstants;
+using interfaces::PlayTypeConstants;
+using interfaces::RecordTypeConstants;
 using interfaces::TrimConstants;
 using interfaces::TypeViewConstants;
 
@@ -75,6 +77,27 @@ const EnumerationDescription& EnumerationOf<TypeViewConstants>() {
         "What the picture shows",
         {MEMBER(TypeViewConstants, WAVEFORM), MEMBER(TypeViewConstants, SPECTRAL),
          MEMBER(TypeViewConstants, EXPANDED)}};
+    return description;
+}
+
+template <>
+const EnumerationDescription& EnumerationOf<PlayTypeConstants>() {
+    static const EnumerationDescription description{
+        "PlayTypeConstants",
+        interfaces::ID_PlayTypeConstants,
+        "What is played",
+        {MEMBER(PlayTypeConstants, NORMALPLAY), MEMBER(PlayTypeConstants, PLAYTOEND),
+         MEMBER(PlayTypeConstants, PLAYLOOPED)}};
+    return description;
+}
+
+template <>
+const EnumerationDescription& EnumerationOf<RecordTypeConstants>() {
+    static const EnumerationDescription description{
+        "RecordTypeConstants",
+        interfaces::ID_RecordTypeConstants,
+        "What a recording does with the sound that is there",
+        {MEMBER(RecordTypeConstants, RECORD_CLEAR), MEMBER(RecordTypeConstants, RECORD_MIX)}};
     return description;
 }
 

@@ -31,6 +31,13 @@ enum class ChannelsConstants : std::int32_t { MONO = 1, STEREO = 2 };
 // Which ends of the selection Trim works on.
 enum class TrimConstants : std::int32_t { TRIM_LEFT = 0, TRIM_RIGHT = 1, TRIM_BOTH = 2 };
 
+// What Play plays, from the selection's start: the selection, or up to the end of the view without
+// one; all up to the end of the document; the same as NORMALPLAY again and again.
+enum class PlayTypeConstants : std::int32_t { NORMALPLAY = 1, PLAYTOEND = 2, PLAYLOOPED = 3 };
+
+// Whether Record replaces the sound that is there or is added to it.
+enum class RecordTypeConstants : std::int32_t { RECORD_CLEAR = 1, RECORD_MIX = 2 };
+
 // What the lanes of the picture show.
 enum class TypeViewConstants : std::int32_t { WAVEFORM = 0, SPECTRAL = 1, EXPANDED = 2 };
 
@@ -68,4 +75,8 @@ template <>
 const EnumerationDescription& EnumerationOf<interfaces::TypeViewConstants>();
 template <>
 const EnumerationDescription& EnumerationOf<interfaces::MousePointerConstants>();
+template <>
+const EnumerationDescription& EnumerationOf<interfaces::PlayTypeConstants>();
+template <>
+const EnumerationDescription& EnumerationOf<interfaces::RecordTypeConstants>();
 }  // namespace mavrin2::automation

@@ -116,8 +116,11 @@ void DrawCurve(const std::vector<Point>& points, ViewData::Entries& curve, std::
 
 }  // namespace
 
-std::int16_t CloseUpLevelOf(double bytesPerColumn, std::int32_t frequency) {
-    const double farthest = frequency < 8000 ? 12 : frequency > 23000 ? 40 : 25;
+std::int16_t CloseUpLevelOf(double bytesPerColumn, std::int32_t frequency,
+                            const CloseUpLimits& limits) {
+    const double farthest = frequency < 8000    ? limits.Low
+                            : frequency > 23000 ? limits.High
+                                                : limits.Between;
     if (bytesPerColumn <= 0 || bytesPerColumn >= farthest) return 0;
     if (bytesPerColumn > 0.3) return 1;
     if (bytesPerColumn > 0.1) return 2;

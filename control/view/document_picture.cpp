@@ -40,13 +40,25 @@ DocumentPicture::Columns DocumentPicture::RecomputeColumns() {
     return sound_.Recompute(services_.Settings.TypeView) ? Columns::Recomputed : Columns::Failed;
 }
 
+ColumnMapping DocumentPicture::MappingOf(const editor::DocumentState& document) const {
+    const editor::ZoomLevel level = document.Level();
+    return {level.StartView, level.EndView, layout_.Area().WaveWidth,
+            services_.Document.Format.FrameSize()};
+}
+
+void DocumentPicture::MovePlayCursor(Bytes position) {
+    const editor::DocumentState* document = services_.Document.History.Current();
+    if (!document) return;
+    services_.Play.PlayColumn = MappingOf(*document).ByteToColumn(position);
+    picture_.ShowAgain();
+}
+
 void DocumentPicture::UpdateSelectionColumns() {
     const editor::DocumentState* document = services_.Document.History.Current();
     if (!document) return;
     const editor::ZoomLevel level = document->Level();
     const std::int32_t width = layout_.Area().WaveWidth;
-    const ColumnMapping mapping{level.StartView, level.EndView, width,
-                                services_.Document.Format.FrameSize()};
+    const ColumnMapping mapping = MappingOf(*document);
     std::int32_t start =
         level.StartSelect < level.StartView ? 0 : mapping.ByteToColumn(level.StartSelect);
     std::int32_t end =

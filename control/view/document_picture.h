@@ -1,6 +1,7 @@
 #pragma once
 
 #include "control/editor/ports.h"
+#include "control/processing/transport_view.h"
 #include "control/view/picture.h"
 #include "control/view/sound_columns.h"
 #include "control/view/view_layout.h"
@@ -10,7 +11,7 @@ namespace mavrin2::view {
 
 // The picture of the document, as the editor and the container ask for it. There is nothing to draw
 // before the control is first painted.
-class DocumentPicture final : public editor::DocumentView {
+class DocumentPicture final : public editor::DocumentView, public processing::TransportView {
 public:
     explicit DocumentPicture(const ViewServices& services);
     DocumentPicture(const DocumentPicture&) = delete;
@@ -26,6 +27,12 @@ public:
     void MarkersChanged() override;
     void RenderBackground() override { picture_.RenderBackground(); }
     void Redraw() override { picture_.Redraw(); }
+
+    void MovePlayCursor(Bytes position) override;
+    void FollowRecording() override { layout_.ComputeTimeScale(); }
+    void ShowLive(std::span<const std::int16_t> samples) override {
+        sound_.ShowBlock(samples, services_.Settings.TypeView);
+    }
 
     editor::BlockObserver& Observer() { return sound_.Overview(); }
 
@@ -49,6 +56,9 @@ public:
     void SetVerticalZoom(std::int32_t percent);
 
 private:
+    // Of the range that is shown of this document.
+    ColumnMapping MappingOf(const editor::DocumentState& document) const;
+
     ViewServices services_;
     ViewLayout layout_;
     SoundColumns sound_;

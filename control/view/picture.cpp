@@ -31,6 +31,7 @@ Scene Picture::CurrentScene() const {
             services_.Document.Format,
             services_.Document.Channels,
             services_.Operation.Status.Status(),
+            services_.Recording,
             services_.Settings,
             services_.MarkerSettings,
             services_.Selection,
@@ -97,6 +98,11 @@ void Picture::Redraw() {
     if (InBatch()) return;
     // Before the window is asked for a target: composing may run a host's code.
     Compose();
+    ShowAgain();
+}
+
+void Picture::ShowAgain() {
+    if (InBatch()) return;
     if (!services_.Screen.DrawOnWindow([this](platform::DrawingTarget& window) {
             if (!frame_.TooSmall()) Show(window);
         }))

@@ -33,6 +33,8 @@ public:
     void Show(platform::DrawingTarget& target);
     // Composes and shows: on the control's window, or by asking the container.
     void Redraw();
+    // The same with the frame that there is.
+    void ShowAgain();
 
 private:
     bool InBatch() const { return services_.Document.Steps.BatchMode; }

@@ -37,6 +37,7 @@ struct Scene {
     const editor::DocumentFormat& Format;
     const editor::ChannelSwitches& Channels;
     editor::StatusConstants Status = editor::StatusConstants::Idle;
+    const editor::RecordState& Recording;
 
     const PictureSettings& Settings;
     const editor::MarkerSettings& Markers;
@@ -47,6 +48,11 @@ struct Scene {
     bool HasSound() const { return Document && Document->TotalBytes != Bytes(0); }
     bool Spectral() const { return Settings.TypeView == TypeViewConstants::SPECTRAL; }
     bool Loading() const { return Status == editor::StatusConstants::Opening; }
+    // The system is too slow to show what is being recorded.
+    bool OnlyCenterLine() const {
+        return Status == editor::StatusConstants::Recording &&
+               Recording.VisualizationInUse == editor::RecordState::CenterLine;
+    }
     bool LevelScaleLeft() const { return ScaleY.Orientation == 2; }
     bool Selected() const { return Document && Document->Selected != 0; }
     bool InView(signal::Bytes position) const {

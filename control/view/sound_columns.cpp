@@ -18,7 +18,7 @@ bool SoundColumns::Recompute(TypeViewConstants type) {
     if (type != TypeViewConstants::WAVEFORM) return true;
     if (!RecomputePeaks(range)) return false;
     if (data_.CloseUpLevel != 0)
-        BuildCloseUpCurve(data_, format.Channels, area_.WaveWidth, interpolation_);
+        BuildCloseUpCurve(data_, format.Channels, area_.WaveWidth, services_.Play.Interpolation);
     return true;
 }
 
@@ -43,6 +43,24 @@ bool SoundColumns::RecomputePeaks(const ScanRange& range) {
 void SoundColumns::ComputeSpectrum(const ScanRange& range) {
     // What cannot be read leaves the pictures as they are.
     if (analyzer_.ComputeSpectrum(services_.Files, range, spectrum_)) BuildSpectralPictures();
+}
+
+void SoundColumns::ShowBlock(std::span<const std::int16_t> samples, TypeViewConstants type) {
+    const editor::DocumentFormat& format = services_.Document.Format;
+    const auto frames = static_cast<std::int32_t>(samples.size()) / format.Channels;
+    if (frames < 1 || area_.WaveWidth < 1) return;
+    if (type == TypeViewConstants::SPECTRAL) {
+        analyzer_.ComputeSpectrumBlock(samples, format.Channels, area_.WaveWidth, spectrum_);
+        BuildSpectralPictures();
+    } else if (type == TypeViewConstants::WAVEFORM) {
+        data_.CloseUpLevel = CloseUpLevelOf(
+            static_cast<double>(samples.size()) * 2 / area_.WaveWidth / format.Channels,
+            format.Frequency, kLiveLimits);
+        ScanBlock(samples, format.Channels, area_.WaveWidth, data_);
+        if (data_.CloseUpLevel != 0)
+            BuildCloseUpCurve(data_, format.Channels, area_.WaveWidth,
+                              services_.Play.Interpolation);
+    }
 }
 
 void SoundColumns::BuildSpectralPictures() {

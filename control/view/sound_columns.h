@@ -1,5 +1,8 @@
 #pragma once
 
+#include <span>
+
+#include "control/view/block_scan.h"
 #include "control/view/close_up_curve.h"
 #include "control/view/overview_builder.h"
 #include "control/view/spectral_pictures.h"
@@ -22,6 +25,8 @@ public:
 
     // For the document's view. False when the sound could not be read.
     bool Recompute(TypeViewConstants type);
+    // For a block of interleaved samples that is not in the document yet, in its place.
+    void ShowBlock(std::span<const std::int16_t> samples, TypeViewConstants type);
     // The sizes of lanes, or what is visible, have changed.
     void BuildSpectralPictures();
     void ClearSpectralPictures() { spectral_.Clear(); }
@@ -37,7 +42,6 @@ private:
     SpectrumAnalyzer analyzer_;
     SpectrumTable spectrum_;
     SpectralPictures spectral_;
-    InterpolationMode interpolation_ = InterpolationMode::Spline;
 };
 
 }  // namespace mavrin2::view

@@ -43,8 +43,8 @@ public:
         }
     }
 
-    std::int32_t Of(float power) const {
-        if (power == 0) return SpectrumTable::Silence;
+    std::int32_t Of(float power, std::int32_t silence) const {
+        if (power == 0) return silence;
         if (power < least_[1] || power >= least_[kLevels - 6]) return ComputedDecibels(power);
         // Three levels to each doubling, and a fraction that makes one more at the loudest.
         const std::uint32_t doublings = (std::bit_cast<std::uint32_t>(power) >> 23) - 127;
@@ -58,6 +58,14 @@ private:
     static constexpr std::int32_t kLevels = 130;
     std::array<float, kLevels> least_;
 };
+
+void MakeRoom(SpectrumTable& table, std::int32_t waveWidth) {
+    for (auto& levels : table.Levels) {
+        levels.resize(SpectrumTable::Bins);
+        for (SpectrumTable::Row& row : levels)
+            row.resize(static_cast<std::size_t>(ViewData::ColumnsFor(waveWidth)));
+    }
+}
 
 }  // namespace
 
@@ -80,11 +88,7 @@ bool SpectrumAnalyzer::ComputeSpectrum(platform::FileSystem& files, const ScanRa
         std::min<std::int64_t>((range.EndView - range.StartView).Count() + frame,
                                std::numeric_limits<std::int32_t>::max());
 
-    for (auto& levels : table.Levels) {
-        levels.resize(SpectrumTable::Bins);
-        for (SpectrumTable::Row& row : levels)
-            row.resize(static_cast<std::size_t>(ViewData::ColumnsFor(range.WaveWidth)));
-    }
+    MakeRoom(table, range.WaveWidth);
     // What the file does not have at its end stays from the column before.
     Frames window(static_cast<std::size_t>(kFrames * range.Channels));
     std::vector<Frames> windows;
@@ -106,8 +110,36 @@ bool SpectrumAnalyzer::ComputeSpectrum(platform::FileSystem& files, const ScanRa
     return true;
 }
 
+void SpectrumAnalyzer::ComputeSpectrumBlock(std::span<const std::int16_t> samples,
+                                            std::int32_t channels, std::int32_t waveWidth,
+                                            SpectrumTable& table) const {
+    constexpr std::int32_t kSilence = 0;
+    MakeRoom(table, waveWidth);
+    const auto count = static_cast<std::int32_t>(samples.size());
+    const std::int64_t step = std::int64_t{channels} * 2;
+    std::vector<Frames> windows;
+    for (std::int32_t column = 0; column < waveWidth;) {
+        windows.clear();
+        for (; windows.size() < Hartley::Batch &&
+               column + static_cast<std::int32_t>(windows.size()) < waveWidth;) {
+            const std::int32_t next = column + static_cast<std::int32_t>(windows.size());
+            const std::int64_t place =
+                signal::MulDiv(next, count, waveWidth) - kFrames / 2 * channels;
+            const auto start =
+                static_cast<std::size_t>(std::max<std::int64_t>(place, 0) / step * step);
+            Frames window(static_cast<std::size_t>(kFrames * channels));
+            const auto rest = samples.subspan(std::min(start, samples.size()));
+            std::ranges::copy(rest.first(std::min(rest.size(), window.size())), window.begin());
+            windows.push_back(std::move(window));
+        }
+        Analyze(windows, channels, static_cast<std::size_t>(column), table, kSilence);
+        column += static_cast<std::int32_t>(windows.size());
+    }
+}
+
 void SpectrumAnalyzer::Analyze(const std::vector<Frames>& windows, std::int32_t channels,
-                               std::size_t column, SpectrumTable& table) const {
+                               std::size_t column, SpectrumTable& table,
+                               std::int32_t silence) const {
     for (std::size_t channel = 0; channel < static_cast<std::size_t>(channels); ++channel) {
         Hartley::Values values{};
         for (std::size_t w = 0; w < windows.size(); ++w)
@@ -120,12 +152,13 @@ void SpectrumAnalyzer::Analyze(const std::vector<Frames>& windows, std::int32_t 
         auto& levels = table.Levels[channel];
         for (std::size_t w = 0; w < windows.size(); ++w) {
             const float constant = values[0][w];
-            levels[0][column + w] = decibels.Of(2 * constant * constant / Hartley::Size);
+            levels[0][column + w] = decibels.Of(2 * constant * constant / Hartley::Size, silence);
             for (std::size_t k = 1; k < SpectrumTable::Bins; ++k) {
                 const float here = values[k][w];
                 const float there = values[Hartley::Size - k][w];
-                levels[k][column + w] = decibels.Of((here * here + there * there) /
-                                                    static_cast<float>(SpectrumTable::Bins));
+                levels[k][column + w] = decibels.Of(
+                    (here * here + there * there) / static_cast<float>(SpectrumTable::Bins),
+                    silence);
             }
         }
     }

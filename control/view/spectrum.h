@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "control/view/hartley.h"
@@ -27,12 +28,16 @@ public:
     // False when the work file could not be read: the table is as it was.
     bool ComputeSpectrum(platform::FileSystem& files, const ScanRange& range,
                          SpectrumTable& table) const;
+    // Of a block of interleaved samples, spread over all columns; silence comes after it.
+    void ComputeSpectrumBlock(std::span<const std::int16_t> samples, std::int32_t channels,
+                              std::int32_t waveWidth, SpectrumTable& table) const;
 
 private:
     using Frames = std::vector<std::int16_t>;  // one window, interleaved
 
+    // `silence` is the level of what has no power at all.
     void Analyze(const std::vector<Frames>& windows, std::int32_t channels, std::size_t column,
-                 SpectrumTable& table) const;
+                 SpectrumTable& table, std::int32_t silence = SpectrumTable::Silence) const;
 
     Hartley hartley_;
     std::array<float, Hartley::Size> window_;  // Hann's

@@ -32,8 +32,14 @@ ViewThumb ViewLayout::Thumb() const {
     return ComputeViewThumb(area_, level.StartView, level.EndView, document->TotalBytes);
 }
 
+// A recording is shown in the cheapest way.
+bool ViewLayout::TooSlowToFollow() const {
+    return services_.Operation.Status.Status() == editor::StatusConstants::Recording &&
+           services_.Recording.VisualizationInUse == editor::RecordState::CenterLine;
+}
+
 void ViewLayout::ComputeTimeScale() {
-    if (!scaleXFont_) return;
+    if (!scaleXFont_ || TooSlowToFollow()) return;
     const ScaleSettings scale = services_.HostStyle.ScaleX();
     const editor::DocumentFormat& format = services_.Document.Format;
     const editor::DocumentState* document = services_.Document.History.Current();

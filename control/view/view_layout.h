@@ -36,6 +36,8 @@ public:
     ViewThumb Thumb() const;
 
 private:
+    bool TooSlowToFollow() const;
+
     const ViewServices& services_;
     Geometry area_;
     BusyWave busy_;

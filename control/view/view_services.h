@@ -32,7 +32,8 @@ struct ViewServices {
     PictureSettings& Settings;
     editor::SelectionColumns& Selection;
     editor::DragState& Drag;
-    const editor::PlayState& Play;
+    editor::PlayState& Play;
+    const editor::RecordState& Recording;
     const editor::MarkerSettings& MarkerSettings;
     editor::MarkerDisplayList& Markers;
     Style& HostStyle;

@@ -49,6 +49,10 @@ WaveformPainter::Offset WaveformPainter::Clipped(std::int64_t offset) const {
 void WaveformPainter::Draw(Surface& surface) const {
     surface.Horizontal(lane_.Left, lane_.Right, middle_, scene_.Pen.Center);
     if (!scene_.HasSound()) return;
+    if (scene_.OnlyCenterLine()) {
+        surface.Horizontal(lane_.Left, lane_.Right, middle_, scene_.Pen.Digital);
+        return;
+    }
     DrawOutside(surface);
     if (scene_.Selection.Start != scene_.Selection.End) DrawInside(surface);
 }
