@@ -24,15 +24,24 @@ const automation::InterfaceDescription& ControlEvents() {
             .Event(ControlEvent::MouseUp, "MouseUp", "As MouseDown, when it is released", kMouse)
             .Event(ControlEvent::MouseMove, "MouseMove",
                    "Button is the sum of those held: 1 left, 2 right, 4 middle", kMouse)
+            .Event(ControlEvent::Meter, "Meter",
+                   "Levels of the sound that plays or is recorded, 0 ... 32767",
+                   {{"LevelLeft", VT_I4}, {"LevelRight", VT_I4}})
             .Event(ControlEvent::BlockOperation, "BlockOperation",
                    "Progress of a long operation in percent, 0 ... 100", {{"Percent", VT_I2}})
             .Event(ControlEvent::ChangePosition, "ChangePosition",
                    "The selection or the visible range has changed")
+            .Event(ControlEvent::EndPlay, "EndPlay", "Playback has ended")
+            .Event(ControlEvent::ChangePlayPosition, "ChangePlayPosition",
+                   "Playback or recording has come to another place")
             .Event(ControlEvent::EndOperation, "EndOperation", "A long operation has ended")
             .Event(ControlEvent::MarkerClick, "MarkerClick",
                    "The user has clicked the marker of this number, from 1", {{"Num", VT_I4}})
             .Event(ControlEvent::NewMarker, "NewMarker",
                    "The user has made the marker of this number, from 1", {{"Num", VT_I4}})
+            .Event(ControlEvent::GainChange, "GainChange",
+                   "The automatic gain control of the recorder has another gain, in percent",
+                   {{"newVolume", VT_I4}})
             .Event(ControlEvent::ScaleXClick, "ScaleXClick",
                    "The right button was pressed on the time scale")
             .Event(ControlEvent::ScaleYClick, "ScaleYClick",

@@ -27,12 +27,18 @@ inline constexpr CLSID CLSID_Mavrin2Channel = ControlId(0x0201);
 inline constexpr IID IID_IMavrin2Channel = ControlId(0x0202);
 inline constexpr CLSID CLSID_Mavrin2Colors = ControlId(0x0301);
 inline constexpr IID IID_IMavrin2Colors = ControlId(0x0302);
+inline constexpr CLSID CLSID_Mavrin2Device = ControlId(0x0401);
+inline constexpr IID IID_IMavrin2Device = ControlId(0x0402);
+inline constexpr CLSID CLSID_Mavrin2DeviceLine = ControlId(0x0501);
+inline constexpr IID IID_IMavrin2DeviceLine = ControlId(0x0502);
 inline constexpr CLSID CLSID_Mavrin2FileInfo = ControlId(0x0601);
 inline constexpr IID IID_IMavrin2FileInfo = ControlId(0x0602);
 inline constexpr CLSID CLSID_Mavrin2Markers = ControlId(0x0801);
 inline constexpr IID IID_IMavrin2Markers = ControlId(0x0802);
 inline constexpr CLSID CLSID_Mavrin2Position = ControlId(0x0901);
 inline constexpr IID IID_IMavrin2Position = ControlId(0x0902);
+inline constexpr CLSID CLSID_Mavrin2Recorder = ControlId(0x0A01);
+inline constexpr IID IID_IMavrin2Recorder = ControlId(0x0A02);
 inline constexpr CLSID CLSID_Mavrin2Scale = ControlId(0x0B01);
 inline constexpr IID IID_IMavrin2Scale = ControlId(0x0B02);
 inline constexpr CLSID CLSID_Mavrin2Transform = ControlId(0x0D01);
@@ -43,15 +49,14 @@ inline constexpr GUID ID_ChannelsConstants = ControlId(0x2002);
 inline constexpr GUID ID_TypeViewConstants = ControlId(0x2003);
 inline constexpr GUID ID_TrimConstants = ControlId(0x2004);
 inline constexpr GUID ID_MousePointerConstants = ControlId(0x2005);
+inline constexpr GUID ID_PlayTypeConstants = ControlId(0x2006);
+inline constexpr GUID ID_RecordTypeConstants = ControlId(0x2007);
 
 // Dispatch identifiers were planned for all members at once, so that none changes when a member
 // arrives. A future member of an existing interface is reserved in its virtual
 // table, with its identifier; of the events, 10, 15 and 17 stay free. Interfaces to come:
 //
-//   IMavrin2Device       1 … 3, 5 … 9
-//   IMavrin2DeviceLine   1 … 9
 //   IMavrin2FileFormat   SetFormatFromMenu … SetFormatG726 1 … 18, availability 30, 31
 //   IMavrin2LameEnc      methods 1 … 3, properties 10 … 27, 29 … 32
-//   IMavrin2Recorder     Accu 1 … 5, filters 10 … 15, gain control 20 … 23
 
 }  // namespace mavrin2::interfaces

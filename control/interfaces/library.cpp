@@ -2,6 +2,8 @@
 
 #include "control/interfaces/channel.h"
 #include "control/interfaces/colors.h"
+#include "control/interfaces/device.h"
+#include "control/interfaces/device_line.h"
 #include "control/interfaces/enumerations.h"
 #include "control/interfaces/events.h"
 #include "control/interfaces/file_info.h"
@@ -9,6 +11,7 @@
 #include "control/interfaces/markers.h"
 #include "control/interfaces/mavrin2.h"
 #include "control/interfaces/position.h"
+#include "control/interfaces/recorder.h"
 #include "control/interfaces/scale.h"
 #include "control/interfaces/transform.h"
 
@@ -35,9 +38,12 @@ const std::vector<ClassDescription>& Classes() {
          true, "KovMavrin2.Mavrin2.2", "KovMavrin2.Mavrin2", true},
         SUB_OBJECT(Mavrin2Channel, false),
         SUB_OBJECT(Mavrin2Colors, false),
+        SUB_OBJECT(Mavrin2Device, false),
+        SUB_OBJECT(Mavrin2DeviceLine, false),
         SUB_OBJECT(Mavrin2FileInfo, false),
         SUB_OBJECT(Mavrin2Markers, false),
         SUB_OBJECT(Mavrin2Position, false),
+        SUB_OBJECT(Mavrin2Recorder, false),
         SUB_OBJECT(Mavrin2Scale, false),
         SUB_OBJECT(Mavrin2Transform, true),
     };
@@ -65,7 +71,8 @@ const automation::LibraryDescription& ControlLibrary() {
         "KovMavrin 2.0 Type Library",
         {&EnumerationOf<FrequencyConstants>, &EnumerationOf<ChannelsConstants>,
          &EnumerationOf<TypeViewConstants>, &EnumerationOf<TrimConstants>,
-         &EnumerationOf<MousePointerConstants>, &EnumerationOf<FormatTypeConstants>,
+         &EnumerationOf<MousePointerConstants>, &EnumerationOf<PlayTypeConstants>,
+         &EnumerationOf<RecordTypeConstants>, &EnumerationOf<FormatTypeConstants>,
          &EnumerationOf<ErrorConstants>},
         Interfaces(),
         Classes()};

@@ -11,6 +11,8 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2>() {
     using interfaces::ChannelsConstants;
     using interfaces::FormatTypeConstants;
     using interfaces::FrequencyConstants;
+    using interfaces::PlayTypeConstants;
+    using interfaces::RecordTypeConstants;
     static const InterfaceDescription description =
         InterfaceBuilder<I>("IMavrin2", "The sound editor control", &interfaces::ControlLibrary)
             .Method<&I::New>(1, "New", "Creates an empty document: hertz, channels (1 or 2)",
@@ -54,9 +56,13 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2>() {
                                            "Changes rate (hertz) and channels (1 or 2)",
                                            In("Frequency").Default(FrequencyConstants::FQ_44_KHZ),
                                            In("Channels").Default(ChannelsConstants::STEREO))
-            .Reserved(1)
-            .Method<&I::Stop>(22, "Stop", "Cancels the running operation")
-            .Reserved(3)
+            .Method<&I::Play>(21, "Play", "Plays from the selection's start",
+                              In("PlayType").Default(PlayTypeConstants::NORMALPLAY))
+            .Method<&I::Stop>(22, "Stop", "Ends playback, recording or the running operation")
+            .Method<&I::Pause>(23, "Pause", "Pauses playback")
+            .Method<&I::Continue>(24, "Continue", "Plays on after Pause")
+            .Method<&I::Record>(25, "Record", "Records from the selection's start until Stop",
+                                In("RecordType").Default(RecordTypeConstants::RECORD_MIX))
             .Method<&I::ZoomIn>(26, "ZoomIn", "Shows the selection")
             .Method<&I::ZoomOut>(27, "ZoomOut", "Returns to the previous zoom")
             .Method<&I::ZoomFull>(28, "ZoomFull", "Shows the whole document")
@@ -87,12 +93,22 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2>() {
             .Property<&I::get_ScaleY, &I::put_ScaleY>(110, "ScaleY", "The level scale")
             .Property<&I::get_Colors, &I::put_Colors>(111, "Colors", "Colours of the picture")
             .Get<&I::get_FileInfo>(112, "FileInfo", "Format of the sound")
-            .Reserved(3)
+            .Get<&I::get_DeviceInput>(113, "DeviceInput", "Devices for recording")
+            .Get<&I::get_DeviceOutput>(114, "DeviceOutput", "Devices for playback")
+            .Get<&I::get_Recorder>(115, "Recorder", "What happens to sound while it is recorded")
             .Get<&I::get_Transform>(116, "Transform", "Signal processing of the selection")
             .Get<&I::get_Position>(117, "Position", "Selection, view and positions")
             .Get<&I::get_Channels>(118, "Channels", "Which channels are shown and edited")
             .Get<&I::get_Markers>(119, "Markers", "Marks in the sound")
-            .Reserved(7)
+            .Reserved(1)
+            .BooleanProperty<&I::get_PlaySpeedEnabled, &I::put_PlaySpeedEnabled>(
+                121, "PlaySpeedEnabled", "Whether PlaySpeedPercent is used")
+            .Property<&I::get_PlaySpeedPercent, &I::put_PlaySpeedPercent>(
+                122, "PlaySpeedPercent",
+                "Duration of playback in percent, 10 ... 1000: 200 is half as fast")
+            .Property<&I::get_RecordVisualizationType, &I::put_RecordVisualizationType>(
+                123, "RecordVisualizationType",
+                "While recording: 1 the last seconds, 2 the sound that arrives, 3 the time")
             .Property<&I::get_TypeBorder, &I::put_TypeBorder>(
                 124, "TypeBorder", "Border of the control, 0 ... 3; others are flat")
             .Property<&I::get_TypeView, &I::put_TypeView>(

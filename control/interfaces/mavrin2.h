@@ -3,20 +3,22 @@
 #include "automation/interface_description.h"
 #include "control/interfaces/channel.h"
 #include "control/interfaces/colors.h"
+#include "control/interfaces/device.h"
 #include "control/interfaces/enumerations.h"
 #include "control/interfaces/file_info.h"
 #include "control/interfaces/identifiers.h"
 #include "control/interfaces/markers.h"
 #include "control/interfaces/position.h"
+#include "control/interfaces/recorder.h"
 #include "control/interfaces/scale.h"
 #include "control/interfaces/transform.h"
 
 namespace mavrin2::interfaces {
 
-// The control. Open and Save fail with a status of 0x80040300 … 0x8004030F and error information;
-// every other member succeeds and leaves its outcome in LastErrorNum. What needs an open document
-// or an idle control does nothing without it. Long operations report through the events of
-// DIID_IMavrin2Events; a handler that calls Stop cancels the operation.
+// The control. Open, Save and Continue fail with a status of 0x80040300 … 0x8004030F and error
+// information; every other member succeeds and leaves its outcome in LastErrorNum. What needs an
+// open document or an idle control does nothing without it. Long operations report through the
+// events of DIID_IMavrin2Events; a handler that calls Stop cancels the operation.
 struct IMavrin2 : public IDispatch {
     static constexpr IID Id = IID_IMavrin2;
 
@@ -52,8 +54,8 @@ struct IMavrin2 : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE CopyToClipboard() = 0;
     virtual HRESULT STDMETHODCALLTYPE PasteFromClipboard() = 0;
     // At most `nSamples` frames from the selection's start, as 16-bit samples, interleaved; fewer
-    // at the end of the document. The array becomes the caller's; null when there is nothing to
-    // read.
+    // at the end of the document. While the control plays or records, the latest frames of that.
+    // The array becomes the caller's; null when there is nothing to read.
     virtual HRESULT STDMETHODCALLTYPE GetAudioArray(LONG nSamples, SAFEARRAY** Array) = 0;
     // Puts the samples in the place of the selection, or inserts them at its start. The array is
     // read and stays the caller's.
@@ -61,12 +63,17 @@ struct IMavrin2 : public IDispatch {
     // Changes the document's rate (hertz) and channels (1 or 2).
     virtual HRESULT STDMETHODCALLTYPE ConvertSampleType(FrequencyConstants Frequency,
                                                         ChannelsConstants Channels) = 0;
-    MAVRIN2_RESERVED(Play, 21)
-    // Cancels the running operation.
+    // Plays from the selection's start; EndPlay comes at the end. Where the device cannot be
+    // started LastErrorNum is OUTDRIVER, and EndPlay comes soon.
+    virtual HRESULT STDMETHODCALLTYPE Play(PlayTypeConstants PlayType) = 0;
+    // Cancels the running operation, ends playback (EndPlay) and recording.
     virtual HRESULT STDMETHODCALLTYPE Stop() = 0;
-    MAVRIN2_RESERVED(Pause, 23)
-    MAVRIN2_RESERVED(Continue, 24)
-    MAVRIN2_RESERVED(Record, 25)
+    virtual HRESULT STDMETHODCALLTYPE Pause() = 0;
+    // After Pause.
+    virtual HRESULT STDMETHODCALLTYPE Continue() = 0;
+    // Records from the selection's start on, into a new version of the document, until Stop, or
+    // until no more can be stored: LastErrorNum is FILEACCESS then, and what was stored is kept.
+    virtual HRESULT STDMETHODCALLTYPE Record(RecordTypeConstants RecordType) = 0;
     // Shows the selection, at least 3 frames. Up to 99 zooms can be undone by ZoomOut.
     virtual HRESULT STDMETHODCALLTYPE ZoomIn() = 0;
     virtual HRESULT STDMETHODCALLTYPE ZoomOut() = 0;
@@ -105,17 +112,24 @@ struct IMavrin2 : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE get_Colors(IMavrin2Colors** Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_Colors(IMavrin2Colors* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_FileInfo(IMavrin2FileInfo** Value) = 0;
-    MAVRIN2_RESERVED(get_DeviceInput, 113)
-    MAVRIN2_RESERVED(get_DeviceOutput, 114)
-    MAVRIN2_RESERVED(get_Recorder, 115)
+    virtual HRESULT STDMETHODCALLTYPE get_DeviceInput(IMavrin2Device** Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_DeviceOutput(IMavrin2Device** Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_Recorder(IMavrin2Recorder** Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_Transform(IMavrin2Transform** Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_Position(IMavrin2Position** Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_Channels(IMavrin2Channel** Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_Markers(IMavrin2Markers** Value) = 0;
     MAVRIN2_RESERVED(get_FileFormat, 120)
-    MAVRIN2_RESERVED_PROPERTY(PlaySpeedEnabled, 121)
-    MAVRIN2_RESERVED_PROPERTY(PlaySpeedPercent, 122)
-    MAVRIN2_RESERVED_PROPERTY(RecordVisualizationType, 123)
+    // Whether playback lasts PlaySpeedPercent of the usual time: 200 is half as fast, an octave
+    // lower. Kept as written; what is outside 10 … 1000 plays as the nearest.
+    virtual HRESULT STDMETHODCALLTYPE get_PlaySpeedEnabled(VARIANT_BOOL* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_PlaySpeedEnabled(VARIANT_BOOL Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_PlaySpeedPercent(FLOAT* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_PlaySpeedPercent(FLOAT Value) = 0;
+    // What is shown while recording: 1 the last four seconds of the document, 2 the sound that
+    // arrives, 3 only that time passes. Read as 3 where the system was too slow for 2.
+    virtual HRESULT STDMETHODCALLTYPE get_RecordVisualizationType(SHORT* Value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_RecordVisualizationType(SHORT Value) = 0;
     // 0 sunken, 1 … 3 other borders; anything else is flat.
     virtual HRESULT STDMETHODCALLTYPE get_TypeBorder(SHORT* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_TypeBorder(SHORT Value) = 0;
