@@ -22,7 +22,7 @@ ErrorConstants DocumentOpening::New(std::int32_t frequency, std::int32_t channel
         operation_.Status.LastError = ErrorConstants::FORMATNOTSUPPORT;
         return ErrorConstants::NOERRORS;
     }
-    CloseDocument();
+    if (!CloseDocument()) return ErrorConstants::NOERRORS;
     OperationTicket ticket(operation_.Counter, document_.History);
     operation_.Status.LastError = ErrorConstants::NOERRORS;
     document_.Format.Frequency = frequency;
@@ -48,14 +48,16 @@ ErrorConstants DocumentOpening::New(std::int32_t frequency, std::int32_t channel
     return ErrorConstants::NOERRORS;
 }
 
-void DocumentOpening::CloseDocument() {
-    if (document_.History.Current()) Close();
+bool DocumentOpening::CloseDocument() {
+    ++closings_;
+    if (document_.History.Current() && !TryClose()) return false;
     // A load from inside which this is called has no document yet, and is overtaken.
     operation_.Status.Stop();
+    return true;
 }
 
 ErrorConstants DocumentOpening::Open(const std::filesystem::path& path, FormatTypeConstants type) {
-    CloseDocument();
+    if (!CloseDocument()) return ErrorConstants::NOERRORS;
     OperationTicket ticket(operation_.Counter, document_.History);
     operation_.Status.LastError = ErrorConstants::NOERRORS;
     Load(path, type, ticket);
@@ -90,12 +92,17 @@ void DocumentOpening::LoadTrack(const std::filesystem::path& path, OperationTick
                  TrackNumberOf(path)});
 }
 
-void DocumentOpening::Close() {
+bool DocumentOpening::TryClose() {
+    const std::uint64_t number = ++closings_;
     // Whatever runs now is over, also a load that has no document yet.
     operation_.Counter.Next();
     activity_.Stop();
+    // The end of playback has events, in which a host may have closed the document itself. What it
+    // has begun with this one ends now.
+    if (closings_ != number) return false;
+    activity_.Halt();
     document_.Format.FormatDescription.clear();
-    if (!document_.History.Current()) return;
+    if (!document_.History.Current()) return true;
     presentation_.View.ReleaseDocument();
     document_.Steps.LastStepCount = 0;
     document_.Steps.BatchMode = false;
@@ -103,6 +110,7 @@ void DocumentOpening::Close() {
     companion_.CloseFile();
     presentation_.Markers.Release();
     document_.Channels.Recount(document_.Format.Channels);
+    return true;
 }
 
 }  // namespace mavrin2::editor

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 
 #include "control/editor/grabber_companion.h"
@@ -33,10 +34,12 @@ public:
     // made from inside an event, has left as the last error.
     ErrorConstants Open(const std::filesystem::path& path, FormatTypeConstants type);
 
-    void Close();
+    void Close() { TryClose(); }
 
 private:
-    void CloseDocument();
+    // False when a host has opened or closed another document meanwhile, in an event.
+    bool CloseDocument();
+    bool TryClose();
     void Load(const std::filesystem::path& path, FormatTypeConstants type, OperationTicket& ticket);
     void LoadTrack(const std::filesystem::path& path, OperationTicket& ticket);
 
@@ -48,6 +51,7 @@ private:
     GrabberCompanion& grabber_;
     MarkerFiles& markers_;
     Activity& activity_;
+    std::uint64_t closings_ = 0;  // ways in which a document was to end
 };
 
 }  // namespace mavrin2::editor

@@ -13,6 +13,7 @@ using contracts::ErrorConstants;
 enum class StatusConstants : std::int16_t {
     Idle = 0,
     Playing = 1,
+    Recording = 2,
     Opening = 3,
     Saving = 4,
     Paused = 5,
@@ -68,12 +69,18 @@ public:
     bool Idle() const { return status_ == StatusConstants::Idle; }
     // What a host's Stop does, whatever is running.
     void Stop() { status_ = StatusConstants::Idle; }
+    // What plays or records lasts beyond the call that has begun it: Playing, Paused or Recording.
+    void BeginTransport(StatusConstants value) { status_ = value; }
 
     ErrorConstants LastError = ErrorConstants::NOERRORS;
+
+    // Whether an operation that Stop has cancelled has not returned yet.
+    bool Cancelling() const { return Idle() && held_ > 0; }
 
 private:
     friend class StatusGuard;
     StatusConstants status_ = StatusConstants::Idle;
+    int held_ = 0;  // guards that have set the status and not ended
 };
 
 // Numbers the operations of one control.
@@ -142,9 +149,11 @@ public:
     // Also after a Stop: the next part of the operation runs in spite of it.
     void Set(StatusConstants value) {
         if (!ticket_.IsCurrent()) return;
+        if (own_ == StatusConstants::Idle) ++status_.held_;
         status_.status_ = own_ = value;
     }
     void End() {
+        if (own_ != StatusConstants::Idle) --status_.held_;
         if (ticket_.IsCurrent() && status_.status_ == own_) status_.status_ = before_;
         own_ = StatusConstants::Idle;
     }

@@ -31,6 +31,9 @@ public:
 
     // Cancels a long operation, ends playback and recording.
     virtual void Stop() = 0;
+    // Ends playback and recording without an event, where the document goes. What a recording has
+    // not stored yet is lost.
+    virtual void Halt() = 0;
 };
 
 // The picture of the document.

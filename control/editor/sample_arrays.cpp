@@ -17,6 +17,7 @@ bool HasSamples(SAFEARRAY* array) {
 }  // namespace
 
 SampleArrays::Samples SampleArrays::GetAudioArray(std::int32_t frames) {
+    if (live_.IsLive()) return live_.RecentSamples(frames);
     const DocumentState* version = document_.History.Current();
     const bool paused = operation_.Status.Status() == StatusConstants::Paused;
     if (!version || !(operation_.Status.Idle() || paused)) return {};

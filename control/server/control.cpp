@@ -170,8 +170,24 @@ STDMETHODIMP CMavrin2::DeleteSelect() {
     return Run([](DocumentEditor& editor) { editor.Edits.DeleteSelect(); });
 }
 
+STDMETHODIMP CMavrin2::Play(interfaces::PlayTypeConstants PlayType) {
+    return Run([&](DocumentEditor& editor) { editor.Playback.Play(PlayType); });
+}
+
 STDMETHODIMP CMavrin2::Stop() {
     return Run([](DocumentEditor& editor) { editor.Transport.Stop(); });
+}
+
+STDMETHODIMP CMavrin2::Pause() {
+    return Run([](DocumentEditor& editor) { editor.Playback.Pause(); });
+}
+
+STDMETHODIMP CMavrin2::Continue() {
+    return Run([](DocumentEditor& editor) { return ReportError(editor.Playback.Continue()); });
+}
+
+STDMETHODIMP CMavrin2::Record(interfaces::RecordTypeConstants RecordType) {
+    return Run([&](DocumentEditor& editor) { editor.Recording.Record(RecordType); });
 }
 
 STDMETHODIMP CMavrin2::ZoomIn() {
@@ -293,6 +309,18 @@ STDMETHODIMP CMavrin2::get_FileInfo(interfaces::IMavrin2FileInfo** Value) {
     return GetPart(Value, parts_.FileInfo);
 }
 
+STDMETHODIMP CMavrin2::get_DeviceInput(interfaces::IMavrin2Device** Value) {
+    return GetPart(Value, parts_.DeviceInput);
+}
+
+STDMETHODIMP CMavrin2::get_DeviceOutput(interfaces::IMavrin2Device** Value) {
+    return GetPart(Value, parts_.DeviceOutput);
+}
+
+STDMETHODIMP CMavrin2::get_Recorder(interfaces::IMavrin2Recorder** Value) {
+    return GetPart(Value, parts_.Recorder);
+}
+
 STDMETHODIMP CMavrin2::get_Transform(interfaces::IMavrin2Transform** Value) {
     return GetPart(Value, parts_.Transform);
 }
@@ -307,6 +335,33 @@ STDMETHODIMP CMavrin2::get_Channels(interfaces::IMavrin2Channel** Value) {
 
 STDMETHODIMP CMavrin2::get_Markers(interfaces::IMavrin2Markers** Value) {
     return GetPart(Value, parts_.Markers);
+}
+
+STDMETHODIMP CMavrin2::get_PlaySpeedEnabled(VARIANT_BOOL* Value) {
+    return Read(Value, [&] { return parts_.State.Speed.PlaySpeedEnabled; });
+}
+
+STDMETHODIMP CMavrin2::put_PlaySpeedEnabled(VARIANT_BOOL Value) {
+    parts_.State.Speed.PlaySpeedEnabled = Value;
+    return S_OK;
+}
+
+STDMETHODIMP CMavrin2::get_PlaySpeedPercent(FLOAT* Value) {
+    return Read(Value, [&] { return parts_.State.Speed.PlaySpeedPercent; });
+}
+
+STDMETHODIMP CMavrin2::put_PlaySpeedPercent(FLOAT Value) {
+    parts_.State.Speed.PlaySpeedPercent = Value;
+    return S_OK;
+}
+
+STDMETHODIMP CMavrin2::get_RecordVisualizationType(SHORT* Value) {
+    return Read(Value, [&] { return parts_.State.Recording.VisualizationInUse; });
+}
+
+STDMETHODIMP CMavrin2::put_RecordVisualizationType(SHORT Value) {
+    parts_.State.Recording.Choose(Value);
+    return S_OK;
 }
 
 STDMETHODIMP CMavrin2::get_TypeBorder(SHORT* Value) {

@@ -42,7 +42,11 @@ public:
     STDMETHODIMP PutAudioArray(SAFEARRAY** Array) override;
     STDMETHODIMP ConvertSampleType(interfaces::FrequencyConstants Frequency,
                                    interfaces::ChannelsConstants Channels) override;
+    STDMETHODIMP Play(interfaces::PlayTypeConstants PlayType) override;
     STDMETHODIMP Stop() override;
+    STDMETHODIMP Pause() override;
+    STDMETHODIMP Continue() override;
+    STDMETHODIMP Record(interfaces::RecordTypeConstants RecordType) override;
     STDMETHODIMP ZoomIn() override;
     STDMETHODIMP ZoomOut() override;
     STDMETHODIMP ZoomFull() override;
@@ -69,10 +73,19 @@ public:
     STDMETHODIMP get_Colors(interfaces::IMavrin2Colors** Value) override;
     STDMETHODIMP put_Colors(interfaces::IMavrin2Colors* Value) override;
     STDMETHODIMP get_FileInfo(interfaces::IMavrin2FileInfo** Value) override;
+    STDMETHODIMP get_DeviceInput(interfaces::IMavrin2Device** Value) override;
+    STDMETHODIMP get_DeviceOutput(interfaces::IMavrin2Device** Value) override;
+    STDMETHODIMP get_Recorder(interfaces::IMavrin2Recorder** Value) override;
     STDMETHODIMP get_Transform(interfaces::IMavrin2Transform** Value) override;
     STDMETHODIMP get_Position(interfaces::IMavrin2Position** Value) override;
     STDMETHODIMP get_Channels(interfaces::IMavrin2Channel** Value) override;
     STDMETHODIMP get_Markers(interfaces::IMavrin2Markers** Value) override;
+    STDMETHODIMP get_PlaySpeedEnabled(VARIANT_BOOL* Value) override;
+    STDMETHODIMP put_PlaySpeedEnabled(VARIANT_BOOL Value) override;
+    STDMETHODIMP get_PlaySpeedPercent(FLOAT* Value) override;
+    STDMETHODIMP put_PlaySpeedPercent(FLOAT Value) override;
+    STDMETHODIMP get_RecordVisualizationType(SHORT* Value) override;
+    STDMETHODIMP put_RecordVisualizationType(SHORT Value) override;
     STDMETHODIMP get_TypeBorder(SHORT* Value) override;
     STDMETHODIMP put_TypeBorder(SHORT Value) override;
     STDMETHODIMP get_TypeView(interfaces::TypeViewConstants* Value) override;

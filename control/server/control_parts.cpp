@@ -117,6 +117,8 @@ constexpr Part kParts[] = {
                                          parts.Style.ColorsObject =
                                              parts.Colors.As<interfaces::IMavrin2Colors>();
                                      }),
+    SubObject<&ControlParts::DeviceInput>("Mavrin2Device is not registered.", 6, nullptr),
+    SubObject<&ControlParts::DeviceOutput>("Mavrin2Device is not registered.", 8, nullptr),
     SubObject<&ControlParts::FileInfo>(
         "Mavrin2FileInfo is not registered.", 4,
         [](ControlParts& parts) { parts.FileInfo->Attach(parts.State.Format, parts.Identity); }),
@@ -133,18 +135,24 @@ constexpr Part kParts[] = {
     SubObject<&ControlParts::Markers>(
         "Mavrin2Markers is not registered.", 9,
         [](ControlParts& parts) { parts.Markers->Attach(parts.Editor->Markers, parts.Identity); }),
+    SubObject<&ControlParts::Recorder>(
+        "Mavrin2Recorder is not registered.", 7,
+        [](ControlParts& parts) { parts.Recorder->Attach(parts.Rimbal, parts.Identity); }),
     SubObject<&ControlParts::Transform>("Mavrin2Transform is not registered.", 11,
                                         [](ControlParts& parts) {
                                             parts.Transform->Attach(parts.Editor->Transforms,
                                                                     parts.Identity);
                                         }),
     kOntiva,
+    Companion<&ControlParts::Velto, contracts::CLSID_KovVelto>("KovVelto is not registered.", 16),
+    Companion<&ControlParts::Rimbal, contracts::CLSID_KovRimbal2>("KovRimbal2 is not registered.",
+                                                                  17),
     Companion<&ControlParts::Dusoro, contracts::CLSID_KovDusoro2>("KovDusoro2 is not registered.",
                                                                   15),
     Companion<&ControlParts::Kestrin, contracts::CLSID_KovKestrin>("KovKestrin is not registered.",
                                                                    14),
     Companion<&ControlParts::Pindle, contracts::CLSID_KovPindle>("KovPindle is not registered.",
-                                                                 16),
+                                                                 18),
 };
 
 // The rows in the order of the control's end.
@@ -171,6 +179,8 @@ ControlParts::ControlParts(ControlEnvironment environment, IUnknown* identity,
       Events(hosts),
       Temporary(Environment.Ports, State.Settings),
       Container(identity),
+      Velto(identity),
+      Rimbal(identity),
       Kestrin(Events),
       Pindle([this](std::int32_t percent) { ShowTrackProgress(percent); }) {}
 
@@ -196,12 +206,14 @@ HRESULT ControlParts::MakeParts() {
 
 void ControlParts::Wire() {
     Editor = std::make_unique<DocumentEditor>(EditorDependencies{
-        Environment.Ports, Temporary, Position->History(), State, Dusoro, FileInfo->Extra(),
-        Kestrin, Pindle,
+        Environment.Ports, Temporary, Position->History(), State, Dusoro, FileInfo->Extra(), Velto,
+        DeviceOutput->Buffering(), Rimbal, DeviceInput->Buffering(), Kestrin, Pindle,
         [this](editor::SoundFileCompanion& companion) {
             return SUCCEEDED(NewCompanion(*this, contracts::CLSID_KovDusoro2, companion));
         },
-        Events, Events, Style, Container});
+        Events, Events, Events, Style, Container});
+    Velto.Listen(&Editor->Transport);
+    Rimbal.Listen(&Editor->Transport);
     for (const Part& part : kParts)
         if (part.Attach) part.Attach(*this);
     Container.Attach(
@@ -217,6 +229,14 @@ void ControlParts::SendInitialSettings() {
     Dusoro.SetFormatVOX(kVoxFrequency);
     Kestrin.SetSmoothing(false);
     Kestrin.SetSmoothTime(State.Settings.SmoothTime);
+    constexpr std::int16_t kTimerInterval = 50;
+    Velto.SetTimerInterval(kTimerInterval);
+    Rimbal.SetTimerInterval(kTimerInterval);
+    Velto.SetExtraLatency(0);
+    Rimbal.DisableFilters();
+    using Kind = objects::DeviceRoute::Kind;
+    DeviceOutput->InitDevice(Kind::Output, {Velto, Rimbal}, Identity);
+    DeviceInput->InitDevice(Kind::Input, {Velto, Rimbal}, Identity);
     FileInfo->Extra().Companion.SetInfoSwitch(1);
     Editor->View.TakeSettings();
     State.Channels.Recount(State.Format.Channels);
@@ -231,12 +251,16 @@ void ControlParts::ShowTrackProgress(std::int32_t percent) {
 
 void ControlParts::Teardown() {
     Container.Detach();
+    Velto.Disconnect();
+    Rimbal.Disconnect();
     Kestrin.Disconnect();
     Pindle.Disconnect();
     if (Position) Position->History().FreeChain();
     // All are detached before any is released.
     for (const Part* part : kReleased)
         if (part->Detach) part->Detach(*this);
+    Velto.Listen(nullptr);
+    Rimbal.Listen(nullptr);
     Editor.reset();
     Style.Release();
     for (const Part* part : kReleased)
@@ -244,6 +268,9 @@ void ControlParts::Teardown() {
 }
 
 Creator CreatorOf(const automation::InterfaceDescription& description) {
+    // Every device has one of these: it is no part of the control's own.
+    if (&description == &automation::DescriptionOf<interfaces::IMavrin2DeviceLine>())
+        return &CreateObject<objects::CMavrin2DeviceLine>;
     const auto* found = std::ranges::find_if(kParts, [&](const Part& part) {
         return part.Interface && &part.Interface() == &description;
     });

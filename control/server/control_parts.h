@@ -7,9 +7,11 @@
 #include "control/editor/sound_file_companion.h"
 #include "control/objects/channel.h"
 #include "control/objects/colors.h"
+#include "control/objects/device.h"
 #include "control/objects/file_info.h"
 #include "control/objects/markers.h"
 #include "control/objects/position.h"
+#include "control/objects/recorder.h"
 #include "control/objects/scale.h"
 #include "control/objects/transform.h"
 #include "control/processing/transform_companion.h"
@@ -60,11 +62,16 @@ public:
     automation::ComPtr<objects::CMavrin2Scale> ScaleY;
     automation::ComPtr<objects::CMavrin2Colors> Colors;
     ViewStyle Style;
+    automation::ComPtr<objects::CMavrin2Device> DeviceInput;
+    automation::ComPtr<objects::CMavrin2Device> DeviceOutput;
     automation::ComPtr<objects::CMavrin2FileInfo> FileInfo;
     automation::ComPtr<objects::CMavrin2Position> Position;
     automation::ComPtr<objects::CMavrin2Channel> Channels;
     automation::ComPtr<objects::CMavrin2Markers> Markers;
+    automation::ComPtr<objects::CMavrin2Recorder> Recorder;
     automation::ComPtr<objects::CMavrin2Transform> Transform;
+    processing::PlaybackCompanion Velto;
+    processing::RecordingCompanion Rimbal;
     editor::SoundFileCompanion Dusoro;
     processing::TransformCompanion Kestrin;
     editor::GrabberCompanion Pindle;

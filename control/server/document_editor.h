@@ -18,6 +18,8 @@
 #include "control/objects/channel.h"
 #include "control/objects/colors.h"
 #include "control/objects/transform.h"
+#include "control/processing/playback.h"
+#include "control/processing/recording.h"
 #include "control/processing/transform_companion.h"
 #include "control/processing/transform_pipeline.h"
 #include "control/processing/transport.h"
@@ -35,6 +37,8 @@ struct ControlState {
     editor::DocumentFormat Format;
     editor::ChannelSwitches Channels;
     editor::PlayState Play;
+    processing::PlaySpeed Speed;
+    editor::RecordState Recording;
     editor::SelectionColumns Selection;
     editor::DragState Drag;
     editor::MarkerSettings MarkerSettings;
@@ -55,10 +59,15 @@ struct EditorDependencies {
     ControlState& State;
     editor::SoundFileCompanion& Companion;
     editor::ExtraInfo& Extra;
+    processing::PlaybackCompanion& Player;
+    const processing::DeviceBuffering& Output;
+    processing::RecordingCompanion& Recorder;
+    const processing::DeviceBuffering& Input;
     processing::TransformCompanion& Transforms;
     editor::GrabberCompanion& Grabber;
     editor::EditOperations::CompanionSource NewCompanion;
     editor::EditorEvents& Events;
+    processing::TransportEvents& TransportEvents;
     view::MouseEvents& MouseEvents;
     view::Style& Style;
     view::Display& Display;
@@ -84,6 +93,8 @@ private:
     editor::Presentation presentation_;
 
 public:
+    processing::Playback Playback;
+    processing::Recording Recording;
     processing::Transport Transport;
     editor::UndoRedo UndoRedo;
     editor::Markers Markers;

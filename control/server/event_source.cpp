@@ -42,6 +42,23 @@ void EventSource::ChangePosition() {
     Fire(point_, ControlEvent::ChangePosition);
 }
 
+void EventSource::Meter(std::int32_t left, std::int32_t right) {
+    const VARIANT arguments[] = {Variant::Int32(left), Variant::Int32(right)};
+    Fire(point_, ControlEvent::Meter, arguments);
+}
+
+void EventSource::ChangePlayPosition() {
+    Fire(point_, ControlEvent::ChangePlayPosition);
+}
+
+void EventSource::EndPlay() {
+    Fire(point_, ControlEvent::EndPlay);
+}
+
+void EventSource::GainChange(std::int32_t gain) {
+    FireNumber(point_, ControlEvent::GainChange, gain);
+}
+
 void EventSource::DblClick() {
     Fire(point_, ControlEvent::DblClick);
 }

@@ -46,21 +46,25 @@ TEST(Descriptions, KeepTheIdentifiersAndSlotsOfWhatHasArrived) {
          "BeginOperations=7@13 EndOperations=8@14 Copy=9@15 Cut=10@16 Paste=11@17 "
          "PasteFromFile=12@18 Mix=13@19 MixFromFile=14@20 DeleteSelect=15@21 "
          "CopyToClipboard=16@22 PasteFromClipboard=17@23 GetAudioArray=18@24 "
-         "PutAudioArray=19@25 ConvertSampleType=20@26 Stop=22@28 "
+         "PutAudioArray=19@25 ConvertSampleType=20@26 Play=21@27 Stop=22@28 "
+         "Pause=23@29 Continue=24@30 Record=25@31 "
          "ZoomIn=26@32 ZoomOut=27@33 ZoomFull=28@34 Zoom=29@35 ZoomVertical=30@36 "
          "Refresh=31@37 SaveWaveImage=32@38 LastErrorNum=101@39 Status=102@40 "
          "TempDirectory=103@41,42 TempFileName=104@43,44 FileBufferSize=105@45,46 "
          "UndoRedoCount=106@47,48 UndoEnabled=107@49 RedoEnabled=108@50 "
          "ScaleX=109@51,52 ScaleY=110@53,54 Colors=111@55,56 FileInfo=112@57 "
-         "Transform=116@61 Position=117@62 Channels=118@63 Markers=119@64 "
-         "TypeBorder=124@72,73 TypeView=125@74,75 "
+         "DeviceInput=113@58 DeviceOutput=114@59 Recorder=115@60 Transform=116@61 Position=117@62 "
+         "Channels=118@63 Markers=119@64 "
+         "PlaySpeedEnabled=121@66,67 PlaySpeedPercent=122@68,69 "
+         "RecordVisualizationType=123@70,71 TypeBorder=124@72,73 TypeView=125@74,75 "
          "MarkerBarEnabled=126@76,77 MarkerBackgroundEnabled=127@78,79 "
          "MarkerToolTipEnabled=128@80,81 MarkerMouseEventEnabled=129@82,83 "
          "MarkerBitmapType=130@84,85 MousePointer=131@86,87 MouseCustom=132@88,89 "
          "MouseEventsEnabled=133@90,91"},
         {&interfaces::ControlEvents(),
-         "DblClick=1 MouseDown=2 MouseUp=3 MouseMove=4 BlockOperation=6 ChangePosition=7 "
-         "EndOperation=11 MarkerClick=12 NewMarker=13 ScaleXClick=16 ScaleYClick=17 "
+         "DblClick=1 MouseDown=2 MouseUp=3 MouseMove=4 Meter=5 BlockOperation=6 ChangePosition=7 "
+         "EndPlay=8 ChangePlayPosition=9 "
+         "EndOperation=11 MarkerClick=12 NewMarker=13 GainChange=14 ScaleXClick=16 ScaleYClick=17 "
          "ChangeMarker=18"},
         {&DescriptionOf<interfaces::IMavrin2Channel>(),
          "Count=1@7 Num=2@8,9 Visible=3@10,11 Operation=4@12,13"},
@@ -72,6 +76,19 @@ TEST(Descriptions, KeepTheIdentifiersAndSlotsOfWhatHasArrived) {
          "AnalogWaveform=14@33,34 CueMarker=15@35,36 RangeMarker=16@37,38 "
          "RangeMarkerBackground=17@39,40 SpectralLow=18@41,42 SpectralHigh=19@43,44 "
          "SpectralSelectLow=20@45,46 SpectralSelectHigh=21@47,48"},
+        {&DescriptionOf<interfaces::IMavrin2Device>(),
+         "Count=1@7 Num=2@8,9 Name=3@10 Volume=5@11,12 DeviceLines=6@13 BufferSize=7@14,15 "
+         "TimerInterval=8@16,17 BufferCount=9@18,19"},
+        {&DescriptionOf<interfaces::IMavrin2DeviceLine>(),
+         "Count=1@7 Num=2@8,9 Name=3@10 AdvancedName=4@11 AdvancedCount=5@12 "
+         "VolumeBalance=6@13,14 Volume=7@15,16 AdvancedValue=8@17,18 Select=9@19,20"},
+        {&DescriptionOf<interfaces::IMavrin2Recorder>(),
+         "AccuAttackTime=1@7,8 AccuAttackLevel=2@9,10 AccuReleaseTime=3@11,12 "
+         "AccuReleaseLevel=4@13,14 AccuEnabled=5@15,16 NotchFilterEnabled=10@17,18 "
+         "HighPassFilterEnabled=11@19,20 LowPassFilterEnabled=12@21,22 "
+         "HighPassFilterFrequency=13@23,24 LowPassFilterFrequency=14@25,26 "
+         "NotchFilterFrequency=15@27,28 AGCLowLevel=20@29,30 AGCHighLevel=21@31,32 "
+         "AGCAttackTime=22@33,34 AGCEnabled=23@35,36"},
         {&DescriptionOf<interfaces::IMavrin2FileInfo>(),
          "GenreToString=1@7 Frequency=5@8 Channels=6@9 Title=7@10,11 Year=8@12,13 Artist=9@14,15 "
          "Album=10@16,17 FormatString=11@18 Composer=12@19,20 URL=13@21,22 Track=14@23,24 "

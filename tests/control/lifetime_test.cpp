@@ -37,6 +37,8 @@ TEST_F(Lifetime, DoesNotBeginWithoutItsCompanion) {
     Kestrin.Reset();
     Ontiva.Reset();
     Pindle.Reset();
+    Velto.Reset();
+    Rimbal.Reset();
     Events.Reset();
     EXPECT_EQ(automation::CanUnloadNow(), S_OK);
 }
@@ -44,6 +46,8 @@ TEST_F(Lifetime, DoesNotBeginWithoutItsCompanion) {
 TEST_F(Lifetime, DoesNotBeginWithoutTheOthersEither) {
     const std::pair<CLSID, const char*> cases[] = {
         {contracts::CLSID_KovOntiva, "KovOntiva is not registered."},
+        {contracts::CLSID_KovVelto, "KovVelto is not registered."},
+        {contracts::CLSID_KovRimbal2, "KovRimbal2 is not registered."},
         {contracts::CLSID_KovKestrin, "KovKestrin is not registered."},
         {contracts::CLSID_KovPindle, "KovPindle is not registered."}};
     for (const auto& [id, text] : cases) {

@@ -14,6 +14,8 @@
 #include "tests/support/fake_kestrin.h"
 #include "tests/support/fake_ontiva.h"
 #include "tests/support/fake_pindle.h"
+#include "tests/support/fake_rimbal.h"
+#include "tests/support/fake_velto.h"
 
 namespace mavrin2::tests {
 
@@ -48,6 +50,8 @@ struct ControlWorld {
     automation::ComPtr<FakeKestrin> Kestrin = FakeKestrin::Make();
     automation::ComPtr<FakeOntiva> Ontiva = FakeOntiva::Make();
     automation::ComPtr<FakePindle> Pindle = FakePindle::Make();
+    automation::ComPtr<FakeVelto> Velto = FakeVelto::Make();
+    automation::ComPtr<FakeRimbal> Rimbal = FakeRimbal::Make();
     automation::ComPtr<EventRecorder> Events = automation::MakeCounted<EventRecorder>();
 
     automation::ComPtr<interfaces::IMavrin2> Control;

@@ -27,9 +27,11 @@ std::string TextOf(const PlainEvent& event, const DISPPARAMS& parameters) {
 std::string TextOf(DISPID event, const DISPPARAMS& parameters) {
     static const std::vector<VARTYPE> place = {VT_I4, VT_I4, VT_I2, VT_I2};
     static const PlainEvent events[] = {
-        {1, "double", {}},   {2, "down", place},  {3, "up", place},       {4, "move", place},
-        {7, "position", {}}, {11, "end", {}},     {12, "click", {VT_I4}}, {13, "new", {VT_I4}},
-        {16, "scale x", {}}, {17, "scale y", {}}, {18, "marker", {VT_I4}}};
+        {1, "double", {}},       {2, "down", place},           {3, "up", place},
+        {4, "move", place},      {5, "meter", {VT_I4, VT_I4}}, {8, "endplay", {}},
+        {9, "playposition", {}}, {14, "gain", {VT_I4}},        {7, "position", {}},
+        {11, "end", {}},         {12, "click", {VT_I4}},       {13, "new", {VT_I4}},
+        {16, "scale x", {}},     {17, "scale y", {}},          {18, "marker", {VT_I4}}};
     for (const PlainEvent& plain : events)
         if (plain.Id == event) return TextOf(plain, parameters);
     const VARIANT* argument = parameters.cArgs == 1 ? parameters.rgvarg : nullptr;

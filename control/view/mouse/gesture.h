@@ -22,6 +22,8 @@ public:
     // The mouse was moved, in a document with sound. Events come last: in them a host may end the
     // gesture or close the document.
     virtual void Move(Point at, const MouseZones& zones) = 0;
+    // Whether the mouse has hardly moved since the button was pressed.
+    virtual bool IsClick() const { return false; }
     // The button was released, in a document with sound.
     virtual void Release() {}
 

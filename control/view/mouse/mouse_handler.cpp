@@ -86,6 +86,7 @@ bool MouseHandler::Busy() const {
         case StatusConstants::Idle:
         case StatusConstants::Playing:
         case StatusConstants::Paused:
+        case StatusConstants::Recording:
             return false;
         default:
             return true;
@@ -124,7 +125,11 @@ std::shared_ptr<Gesture> MouseHandler::BeginSelecting(const MouseZones& zones, P
 void MouseHandler::Begin(const std::shared_ptr<Gesture>& gesture) {
     gesture_ = gesture;
     context_.Drag.Mode = gesture->Mode();
-    gesture->Show();
+    // What plays goes on from the place pressed.
+    if (gesture->Mode() == DragMode::Selecting && services_.Player.Playing())
+        services_.Player.Restart([&] { gesture->Show(); });
+    else
+        gesture->Show();
 }
 
 // What was under way is over; null when nothing was.
@@ -159,10 +164,20 @@ void MouseHandler::LeftUp(Point at) {
     const auto gesture = EndGesture();
     if (Edits()) {
         ShowPointer(Zones(), at);
-        if (gesture && dragged && Editable()) gesture->Release();
+        const bool ended = gesture && dragged;
+        if (!ended || !gesture->IsClick()) StopPastSelection();
+        if (ended && Editable()) gesture->Release();
     }
     // A handler may have begun another one.
     if (!gesture_) context_.Drag.Mode = DragMode::None;
+}
+
+// A selection that was made smaller ends what plays it where playing is past its end.
+void MouseHandler::StopPastSelection() {
+    const editor::DocumentState* document = Editable();
+    if (document && services_.Play.PlayMode == interfaces::PlayTypeConstants::NORMALPLAY &&
+        document->Level().EndSelect <= document->PlayPosition)
+        services_.Activity.Stop();
 }
 
 void MouseHandler::LeftDoubleClick(Point at) {

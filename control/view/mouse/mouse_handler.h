@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 
+#include "control/processing/playback.h"
 #include "control/view/display.h"
 #include "control/view/mouse/channel_choice.h"
 #include "control/view/mouse/gesture.h"
@@ -27,6 +28,8 @@ struct MouseHandlerServices {
     Display& Screen;
     Zoom& Zooming;
     editor::Activity& Activity;
+    processing::Playback& Player;
+    const editor::PlayState& Play;
     const MouseSettings& Settings;
     platform::FileSystem& Files;
 };
@@ -65,6 +68,7 @@ private:
     std::shared_ptr<Gesture> BeginSelecting(const MouseZones& zones, Point at);
     void Begin(const std::shared_ptr<Gesture>& gesture);
     std::shared_ptr<Gesture> EndGesture();
+    void StopPastSelection();
     void ExtendSelection(Point at);
     void ShowPointer(const MouseZones& zones, Point at);
     const platform::Pointer& PointerAt(const MouseZones& zones, Point at) const;

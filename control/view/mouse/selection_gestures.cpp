@@ -15,12 +15,13 @@ constexpr std::int32_t kNarrowest = 3;
 
 bool SelectionGesture::MoveEnd(std::int32_t column, std::int32_t threshold) {
     editor::SelectionColumns& selection = context_.Selection;
-    if (column > anchor_) {
+    const std::int32_t anchor = context_.Drag.AnchorColumn;
+    if (column > anchor) {
         if (std::abs(selection.End - column) < threshold) return false;
-        selection = {anchor_, column};
+        selection = {anchor, column};
     } else {
         if (std::abs(selection.Start - column) < threshold) return false;
-        selection = {column, anchor_};
+        selection = {column, anchor};
     }
     if (selection.Start == selection.End) context_.Document.History.Current()->Selected = 0;
     selection.End = std::min(selection.End, context_.Area().WaveWidth);
@@ -33,8 +34,9 @@ Selecting::Selecting(MouseContext& context, ChannelChoice& channels, Point at)
     document.Selected = 0;
     const Bytes position = context.ByteAt(context.ColumnAt(at));
     document.Level().StartSelect = document.Level().EndSelect = position;
-    anchor_ = context.Columns().ByteToColumn(position);
-    context.Selection = {anchor_, anchor_};
+    const std::int32_t column = context.Columns().ByteToColumn(position);
+    context.Drag.AnchorColumn = column;
+    context.Selection = {column, column};
 }
 
 void Selecting::Show() {
@@ -55,10 +57,14 @@ void Selecting::Move(Point at, const MouseZones& zones) {
     context_.ShowSelection();
 }
 
+bool Selecting::IsClick() const {
+    return std::abs(context_.Selection.End - context_.Selection.Start) < kNarrowest;
+}
+
 void Selecting::Release() {
+    if (!IsClick()) return;
     editor::DocumentState& document = *context_.Document.History.Current();
     editor::SelectionColumns& selection = context_.Selection;
-    if (std::abs(selection.End - selection.Start) >= kNarrowest) return;
     document.Level().EndSelect = document.Level().StartSelect;
     selection.End = selection.Start;
     document.Selected = 0;
@@ -83,8 +89,9 @@ void SelectionEdge::Move(Point at, const MouseZones& /*zones*/) {
     editor::DocumentState& document = *context_.Document.History.Current();
     editor::SelectionColumns& selection = context_.Selection;
     if (!document.Selected) {
-        anchor_ = context_.ColumnAt(at);
-        selection = {anchor_, anchor_};
+        const std::int32_t column = context_.ColumnAt(at);
+        context_.Drag.AnchorColumn = column;
+        selection = {column, column};
     } else if (!MoveEnd(std::max(0, at.X - context_.Area().WaveArea.Left), kEdgeStep)) {
         return;
     }

@@ -9,14 +9,15 @@ namespace mavrin2::view {
 class SelectionGesture : public Gesture {
 public:
     SelectionGesture(MouseContext& context, editor::DragMode mode, std::int32_t anchor)
-        : Gesture(mode), context_(context), anchor_(anchor) {}
+        : Gesture(mode), context_(context) {
+        context.Drag.AnchorColumn = anchor;
+    }
 
 protected:
     // Where the mouse has moved by `threshold` columns at least. False when it has not.
     bool MoveEnd(std::int32_t column, std::int32_t threshold);
 
     MouseContext& context_;
-    std::int32_t anchor_;  // the column that stays
 };
 
 // Selecting, from where the button was pressed in a lane.
@@ -27,7 +28,8 @@ public:
 
     void Show() override;
     void Move(Point at, const MouseZones& zones) override;
-    // A click without a selection is one that sets the cursor.
+    bool IsClick() const override;
+    // A click leaves no selection: it sets the cursor.
     void Release() override;
 
 private:
