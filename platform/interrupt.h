@@ -14,6 +14,10 @@ void CatchInterrupts();
 // Whether one was recorded. Any thread.
 bool Interrupted();
 
+// Whether one was recorded, which is then forgotten: what it has ended ends as it should, and the
+// next request is recorded again.
+bool TakeInterrupt();
+
 // Called as soon as a request arrives, in the middle of other code: it may call only what a signal
 // handler may. Null for no action.
 void SetInterruptAction(void (*action)());

@@ -10,6 +10,10 @@ std::string EditErrorText(std::int32_t error) {
             return "not a sound file in a known format";
         case -13:
             return "the format is not supported";
+        case -14:
+            return "the playback device cannot be used";
+        case -15:
+            return "the recording device cannot be used";
         case -18:
             return "cannot write the working copy in the temporary folder";
         case -22:

@@ -26,6 +26,9 @@ constexpr const char* kHelp =
   tags FILE [NAME=VALUE... OUT]                  show or change title, artist and other tags
   markers FILE [--from LIST OUT]                 list or replace the markers of a sound file
   cd [DRIVE...]                                  list the tracks of CDs and of their images
+  play FILE [OPTION...]                          play a sound file, or part of it
+  record OUT [OPTION...]                         record into a sound file
+  devices                                        list the devices for playing and recording
   picture IN OUT.png [OPTION...]                 draw a sound file
 
   --help       show this text; `mavrin2 COMMAND --help` explains a command
@@ -34,10 +37,10 @@ constexpr const char* kHelp =
 Exit codes: 0 success, 1 failure, 2 usage error.
 )";
 
-constexpr const Command* kCommands[] = {&kRunCommand,     &kInfoCommand,       &kConvertCommand,
-                                        &kJoinCommand,    &kMixCommand,        &kPictureCommand,
-                                        &kProcessCommand, &kOperationsCommand, &kTagsCommand,
-                                        &kMarkersCommand, &kCdCommand};
+constexpr const Command* kCommands[] = {
+    &kRunCommand,     &kInfoCommand,    &kConvertCommand,    &kJoinCommand,   &kMixCommand,
+    &kPictureCommand, &kProcessCommand, &kOperationsCommand, &kTagsCommand,   &kMarkersCommand,
+    &kCdCommand,      &kPlayCommand,    &kRecordCommand,     &kDevicesCommand};
 
 const Command* Find(const std::string& name) {
     const auto* const found = std::ranges::find_if(

@@ -40,6 +40,13 @@ bool Interrupted() {
     return recordedSignal != 0;
 }
 
+bool TakeInterrupt() {
+    if (recordedSignal.exchange(0) == 0) return false;
+    // A signal is caught once.
+    CatchInterrupts();
+    return true;
+}
+
 void SetInterruptAction(void (*action)()) {
     interruptAction = action;
 }

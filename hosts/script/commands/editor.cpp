@@ -62,6 +62,10 @@ void Editor::Open(const std::string& file) {
     OpenDocument(file);
 }
 
+void Editor::New(std::int32_t rate, std::int32_t channels) {
+    Run("Starting", "a new sound", [&] { editor_.Call("New", rate, channels); });
+}
+
 void Editor::OpenTrack(const std::string& file) {
     const CdTrack track = FindCdTrack(file);
     OpenDocument(track.Path);

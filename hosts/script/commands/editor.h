@@ -23,6 +23,8 @@ public:
 
     // Opens a sound file or a track of a CD as the document.
     void Open(const std::string& file);
+    // An empty document of that rate (hertz) with 1 or 2 channels.
+    void New(std::int32_t rate, std::int32_t channels);
 
     std::string Format() const;
     std::int32_t Frames() const;
@@ -54,8 +56,8 @@ public:
     void ShowRange(std::int32_t start, std::int32_t end) const;
     void ShowSpectrum() const;
     void ShowChannel(std::int32_t channel, bool visible) const;
-    // The control, for a window to show.
-    IUnknown& Control() const { return editor_.Object(); }
+    // The control, for a window to show, and for what plays and records.
+    IDispatch& Control() const { return editor_.Object(); }
 
     // Save then writes neither tags nor markers.
     void LeaveOutExtraInfo();

@@ -25,6 +25,10 @@ public:
     // Whether that would change the document.
     bool Changes(const Editor& editor) const;
 
+    // What is given, or else these.
+    std::int32_t RateOr(std::int32_t rate) const { return rate_.value_or(rate); }
+    std::int32_t ChannelsOr(std::int32_t channels) const { return channels_.value_or(channels); }
+
     // Takes from the document what is not given.
     void CompleteFrom(const Editor& editor);
 
