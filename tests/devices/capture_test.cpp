@@ -130,6 +130,21 @@ TEST_F(Capture, KeepsWhatItHasWhenTheHostIsLateAndWhenTheServerGoes) {
     EXPECT_EQ(static_cast<std::size_t>(standing) * 2, Recorded.size());
 }
 
+TEST_F(Capture, IsNeverAttenuatedByWhatTheServerRemembers) {
+    tests::TestServer server;
+    server.Control({"load-module", "module-stream-restore"});
+    ASSERT_EQ(Start(1000), ErrorConstants::NOERRORS);
+    server.Control({"set-source-output-volume", "0", "50%"});
+    server.Control({"set-source-output-mute", "0", "1"});
+    Stop();
+    const Samples sound = tests::Noise(20'000);
+    ASSERT_EQ(Start(1000), ErrorConstants::NOERRORS);
+    server.Play(sound);
+    Pass(300ms);
+    Stop();
+    EXPECT_EQ(tests::Trimmed(Recorded), sound);
+}
+
 TEST_F(Capture, FailsSoonWhereTheServerHangs) {
     tests::TestServer server;
     ASSERT_EQ(Start(1000), ErrorConstants::NOERRORS);

@@ -297,6 +297,21 @@ TEST_F(Playback, FollowsItsStreamToAnotherDevice) {
     EXPECT_TRUE(Ended());
 }
 
+TEST_F(Playback, IsNeverAttenuatedByWhatTheServerRemembers) {
+    tests::TestServer server;
+    server.Control({"load-module", "module-stream-restore"});
+    Sound = tests::Noise(20'000);
+    Play();
+    server.Control({"set-sink-input-volume", "0", "50%"});
+    server.Control({"set-sink-input-mute", "0", "1"});
+    player_->StopDevice();
+    player_->put_ExtraLatency(20);  // another stream
+    server.StartMonitor();
+    Play();
+    ASSERT_TRUE(Ended());
+    EXPECT_EQ(tests::Trimmed(server.StopMonitor()), Sound);
+}
+
 TEST_F(Playback, EndsWhereNothingIsQueued) {
     const tests::NoServer none;
     ASSERT_EQ(Start(), ErrorConstants::NOERRORS);

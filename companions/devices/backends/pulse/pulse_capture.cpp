@@ -49,8 +49,37 @@ bool PulseCapture::Begin(const std::string& device, Deadline deadline) {
         const auto state = pa_stream_get_state(stream_);
         return state == PA_STREAM_READY || !PA_STREAM_IS_GOOD(state);
     });
+    {
+        const PulseLock lock(*connection_);
+        if (!decided || pa_stream_get_state(stream_) != PA_STREAM_READY) return false;
+    }
+    ResetVolume(deadline);
+    return true;
+}
+
+// The volume is the device's alone, whatever the server remembers of this program. With volumes of
+// which the loudest is the device's, setting ours would set the device's.
+void PulseCapture::ResetVolume(Deadline deadline) {
+    bool separate = false;
+    connection_->Complete(deadline, [&] {
+        return pa_context_get_source_info_by_index(
+            connection_->Context(), pa_stream_get_device_index(stream_),
+            [](pa_context*, const pa_source_info* info, int end, void* found) {
+                if (end == 0 && info)
+                    *static_cast<bool*>(found) = (info->flags & PA_SOURCE_FLAT_VOLUME) == 0;
+            },
+            &separate);
+    });
+    if (!separate) return;
     const PulseLock lock(*connection_);
-    return decided && pa_stream_get_state(stream_) == PA_STREAM_READY;
+    pa_context* context = connection_->Context();
+    const std::uint32_t index = pa_stream_get_index(stream_);
+    pa_cvolume full;
+    pa_cvolume_set(&full, static_cast<unsigned>(format_.Channels), PA_VOLUME_NORM);
+    for (pa_operation* change :
+         {pa_context_set_source_output_volume(context, index, &full, nullptr, nullptr),
+          pa_context_set_source_output_mute(context, index, 0, nullptr, nullptr)})
+        if (change) pa_operation_unref(change);
 }
 
 void PulseCapture::Read() {

@@ -19,6 +19,7 @@ public:
 
 private:
     void Read();
+    void ResetVolume(Deadline deadline);
 
     const std::shared_ptr<PulseConnection> connection_;
     const Format format_;
