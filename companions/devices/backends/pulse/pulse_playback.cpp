@@ -16,6 +16,8 @@ constexpr milliseconds kRequest{20};
 // for longer than the second time, in case the server has stopped.
 constexpr milliseconds kRefresh{100};
 constexpr std::int64_t kLongestAge = 300'000;  // microseconds
+// After a run: when what is left of it is dropped, and when the stream is closed after that.
+constexpr pa_usec_t kDrop = 5'000;
 constexpr pa_usec_t kLinger = 1'000'000;
 
 std::uint32_t BytesIn(milliseconds time, const pa_sample_spec& format) {
@@ -31,7 +33,7 @@ PulsePlayback::PulsePlayback(std::shared_ptr<PulseConnection> connection, Stream
 PulsePlayback::~PulsePlayback() {
     if (!stream_) return;
     const PulseLock lock(*connection_);
-    StopLingering();
+    Unschedule();
     if (refresh_) {
         pa_operation_cancel(refresh_);
         pa_operation_unref(refresh_);
@@ -56,9 +58,9 @@ bool PulsePlayback::Begin(SampleSource& source, Deadline deadline) {
     if (stream_) {
         {
             const PulseLock lock(*connection_);
-            StopLingering();
+            Unschedule();
         }
-        // What the run before has left was dropped before this is answered.
+        // The server may not answer any more. What is left is heard meanwhile.
         if (!connection_->Complete(
                 deadline, [&] { return pa_stream_update_timing_info(stream_, nullptr, nullptr); }))
             return false;
@@ -99,10 +101,11 @@ bool PulsePlayback::Begin(SampleSource& source, Deadline deadline) {
     });
     const PulseLock lock(*connection_);
     if (!decided || pa_stream_get_state(stream_) != PA_STREAM_READY) return false;
-    const pa_timing_info* timing = pa_stream_get_timing_info(stream_);
-    base_ = timing ? timing->write_index : 0;
+    base_.reset();
     written_ = heard_ = 0;
     source_ = &source;
+    // In case nothing comes.
+    if (left_) Schedule(kDrop);
     Refresh();
     return true;
 }
@@ -111,22 +114,41 @@ void PulsePlayback::End() {
     const PulseLock lock(*connection_);
     source_ = nullptr;
     if (!stream_ || pa_stream_get_state(stream_) != PA_STREAM_READY) return;
+    left_ = true;
+    Schedule(kDrop);
+}
+
+void PulsePlayback::Drop() {
+    if (!left_) return;
+    left_ = false;
     if (pa_operation* flush = pa_stream_flush(stream_, nullptr, nullptr)) pa_operation_unref(flush);
-    StopLingering();
-    linger_ = pa_context_rttime_new(
-        connection_->Context(), pa_rtclock_now() + kLinger,
+}
+
+void PulsePlayback::Schedule(pa_usec_t delay) {
+    Unschedule();
+    event_ = pa_context_rttime_new(
+        connection_->Context(), pa_rtclock_now() + delay,
         [](pa_mainloop_api*, pa_time_event*, const timeval*, void* self) {
-            auto& playback = *static_cast<PulsePlayback*>(self);
-            playback.StopLingering();
-            pa_stream_disconnect(playback.stream_);
+            static_cast<PulsePlayback*>(self)->OnTime();
         },
         this);
 }
 
-void PulsePlayback::StopLingering() {
-    if (!linger_) return;
-    pa_threaded_mainloop_get_api(connection_->Loop())->time_free(linger_);
-    linger_ = nullptr;
+void PulsePlayback::Unschedule() {
+    if (!event_) return;
+    pa_threaded_mainloop_get_api(connection_->Loop())->time_free(event_);
+    event_ = nullptr;
+}
+
+void PulsePlayback::OnTime() {
+    Unschedule();
+    const bool dropped = !left_;
+    Drop();
+    if (source_) return;
+    if (dropped)
+        pa_stream_disconnect(stream_);
+    else
+        Schedule(kLinger);
 }
 
 std::int64_t PulsePlayback::FramesOf(std::int64_t bytes) const {
@@ -137,7 +159,10 @@ void PulsePlayback::Write() {
     if (!source_ || pa_stream_get_state(stream_) != PA_STREAM_READY) return;
     const std::size_t frame = 2 * static_cast<std::size_t>(request_.Sound.Channels);
     for (;;) {
-        const std::size_t room = pa_stream_writable_size(stream_);
+        std::size_t room = pa_stream_writable_size(stream_);
+        // What is dropped makes room, before the server says so.
+        const pa_buffer_attr* buffer = pa_stream_get_buffer_attr(stream_);
+        if (left_ && buffer && room < buffer->tlength) room = buffer->tlength;
         if (room == static_cast<std::size_t>(-1) || room < frame) return;
         void* data = nullptr;
         std::size_t bytes = room;
@@ -148,6 +173,7 @@ void PulsePlayback::Write() {
             pa_stream_cancel_write(stream_);
             return;
         }
+        Drop();
         if (pa_stream_write(stream_, data, taken, nullptr, 0, PA_SEEK_RELATIVE) < 0) return;
         written_ += FramesOf(static_cast<std::int64_t>(taken));
         if (taken < bytes) return;
@@ -175,10 +201,16 @@ void PulsePlayback::Refresh() {
 }
 
 // The server says how far it has read and how much of that the device has not played yet.
-std::int64_t PulsePlayback::HeardNow() const {
+std::int64_t PulsePlayback::HeardNow() {
     const pa_timing_info* timing = pa_stream_get_timing_info(stream_);
     if (!timing || timing->read_index_corrupt) return heard_;
-    const std::int64_t read = FramesOf(timing->read_index - base_);
+    if (!base_) {
+        // The library corrects the server's number by what was written since; not by what was
+        // dropped, after which it waits for another one.
+        if (left_ || timing->write_index_corrupt) return heard_;
+        base_ = timing->write_index - written_ * 2 * request_.Sound.Channels;
+    }
+    const std::int64_t read = FramesOf(timing->read_index - *base_);
     const auto frames = [&](std::int64_t microseconds) {
         return microseconds * request_.Sound.Rate / 1'000'000;
     };
@@ -201,7 +233,7 @@ StreamProgress PulsePlayback::Observe() {
     if (pa_stream_get_state(stream_) != PA_STREAM_READY) return {heard_, true};
     heard_ = std::max(heard_, HeardNow());
     const pa_timing_info* timing = pa_stream_get_timing_info(stream_);
-    const bool settled = timing && timing->playing && written_ > 0;
+    const bool settled = base_ && timing && timing->playing && written_ > 0;
     if (!settled || steady_clock::now() - refreshed_ >= kRefresh) Refresh();
     return {heard_, false};
 }
