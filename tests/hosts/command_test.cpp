@@ -39,7 +39,11 @@ TEST_F(Commands, ExplainTheirUseAndRefuseUnclearCommandLines) {
         {{"info", "--help", "--", "x"}, 0, "Usage: mavrin2 info", ""},
         {{"convert", "-h"}, 0, "Usage: mavrin2 convert", ""},
         {{}, 2, "", "Usage: mavrin2 COMMAND"},
-        {{"play"}, 2, "", "unknown command 'play'\nTry 'mavrin2 --help'.\n"},
+        {{"sing"}, 2, "", "unknown command 'sing'\nTry 'mavrin2 --help'.\n"},
+        {{"play"}, 2, "", "play needs one file\n"},
+        {{"play", "tone.wav", "--speed=0"}, 2, "", "'0' for --speed; try 150 (10 to 1000)\n"},
+        {{"record", "x.mp9"}, 2, "", "unknown format 'mp9'"},
+        {{"devices", "x"}, 2, "", "devices takes no arguments\n"},
         {{"--play"}, 2, "", "unknown option '--play'\n"},
         {{"run"}, 2, "", "run needs a script\nTry 'mavrin2 run --help'.\n"},
         {{"info"}, 2, "", "info needs at least one file\n"},
@@ -300,6 +304,36 @@ TEST_F(Commands, ConvertCleansUpWhenItIsInterrupted) {
         EXPECT_THAT(program.Err, testing::EndsWith(" \r")) << "the bar is erased";
         EXPECT_EQ(host_.Files(), before);
     }
+}
+
+// Without a sound server: in real time, silence both ways.
+TEST_F(Commands, PlayAndRecord) {
+    const auto run = [&](const Arguments& line) {
+        Program program(line, host_.In());
+        EXPECT_EQ(program.Finish(), 0) << program.Err;
+        return program.Out;
+    };
+    EXPECT_EQ(run({"devices"}),
+              "Playback\n  1  No sound server\nRecording\n  1  No sound server\n");
+    run({"play", "tone.wav", "--start=0.5", "--end=0.7", "--speed=200", "--device", "1"});
+    run({"record", "take.wav", "--length=0.3", "--rate=8000", "--channels=1"});
+    EXPECT_THAT(run({"info", "take.wav"}), HasSubstr("(2400 frames)"));
+    Program refused({"record", "take.wav", "--device=None"}, host_.In());
+    EXPECT_EQ(refused.Finish(), 1);
+    EXPECT_THAT(refused.Err, HasSubstr("None: no such device; `mavrin2 devices` lists them\n"));
+
+    // Ctrl-C is how a recording ends.
+    auto terminal = host_.In();
+    terminal.Terminal = true;
+    Program endless({"record", "take.wav"}, terminal);
+    EXPECT_TRUE(endless.AwaitError("Recording 0:00:0"));
+    endless.Signal(SIGINT);
+    EXPECT_EQ(endless.Finish(), 0);
+    EXPECT_THAT(run({"info", "take.wav"}), HasSubstr("44100 Hz"));
+    Program loop({"play", "tone.wav", "--loop"}, terminal);
+    EXPECT_TRUE(loop.AwaitError("Playing 0:00:0"));
+    loop.Signal(SIGINT);
+    EXPECT_EQ(loop.Finish(), 0);
 }
 
 TEST_F(Commands, FindTheComponentsBesideTheProgram) {

@@ -56,9 +56,10 @@ public:
     ~HostEnvironment();
 
     Program::Settings In() const {
-        return {
-            folder_.Path(),
-            {{"MAVRIN2_REGISTRY", MAVRIN2_TEST_REGISTRY}, {"TMPDIR", temporary_.Path().string()}}};
+        return {folder_.Path(),
+                {{"MAVRIN2_REGISTRY", MAVRIN2_TEST_REGISTRY},
+                 {"TMPDIR", temporary_.Path().string()},
+                 {"PULSE_SERVER", "unix:/no/server"}}};
     }
     std::filesystem::path Path(const std::string& name) const { return folder_.Path() / name; }
     // A WAV file of 16-bit samples, frame i holding the value i; silent from frame 32768 on.
