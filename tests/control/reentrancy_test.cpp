@@ -52,6 +52,9 @@ constexpr Nested kNestedActs[] = {
     {"LastRelease", [](ControlWorld& w) { w.End(); }},
     {"StopAndPaste", [](ControlWorld& w) { w.Control->Stop(), w.Control->Paste(); }},
     {"StopAndConvert", [](ControlWorld& w) { w.Control->Stop(), Convert(w, 50); }},
+    {"StopAndPlay", [](ControlWorld& w) { w.Control->Stop(), w.Control->Play({}); }},
+    {"StopAndRecord", [](ControlWorld& w) { w.Control->Stop(), w.Control->Record({}); }},
+    {"Pause", [](ControlWorld& w) { w.Control->Pause(); }},
 };
 
 struct Operation {
@@ -67,6 +70,24 @@ void OpenAnother(ControlWorld& world) {
     world.Dusoro->Source.Samples = Ramp(kOpened);
     world.Dusoro->Source.FramesPerRead = 300;
     world.Open();
+}
+
+void PlayAll(ControlWorld& world) {
+    world.Control->Play(interfaces::PlayTypeConstants::PLAYLOOPED);
+    for (const LONG frames : {1, 90, 1, 200}) {
+        world.Velto->PlayTo(frames);
+        world.Velto->FinishBlock();
+    }
+    world.Velto->RunOut();
+}
+
+void RecordSome(ControlWorld& world) {
+    world.Control->Record(interfaces::RecordTypeConstants::RECORD_CLEAR);
+    for (const LONG frames : {40, 80}) {
+        world.Rimbal->Hear(Samples(40, 1));
+        world.Rimbal->RecordTo(frames);
+    }
+    if (world.Control) world.Control->Stop();
 }
 
 constexpr std::pair<int, int> kGone{kNone, kNone}, kOther{kNested, kNested}, kNew{kEmpty, kEmpty};
@@ -154,6 +175,8 @@ constexpr Operation kOperations[] = {
     {"MixFromFile", [](ControlWorld& w) { w.MixFromFile(50, 50); }, 0, {kGone, kOther, kNew}},
     {"PutAudioArray", [](ControlWorld& w) { w.PutAudioArray(Ramp(70)); }, 0, {kGone, kOther, kNew}},
     {"ConvertSampleType", [](ControlWorld& w) { Convert(w, 200); }, 0, {kGone, kOther, kNew}},
+    {"Play", PlayAll, 0, {kGone, kOther, kNew}},
+    {"Record", RecordSome, 0, {kGone, kOther, kNew}},
 };
 
 class FromInside : public testing::TestWithParam<std::tuple<int, int>> {};
@@ -205,7 +228,12 @@ TEST_P(FromInside, TheNestedActStandsAndTheRestIsUndone) {
                                   : left == kEmpty ? 0
                                                    : left);
             }
+            // What the act has begun.
+            if (std::ranges::count(std::initializer_list<LONG>{1, 2, 5}, world.Status()))
+                world.Control->Stop();
             EXPECT_EQ(world.Status(), 0);
+            EXPECT_FALSE(world.Velto->Running);
+            EXPECT_FALSE(world.Rimbal->Running);
             EXPECT_NE(world.Dusoro->State, FakeDusoro::Output::Unfinished);
             EXPECT_FALSE(world.Dusoro->Reading);
             EXPECT_FALSE(world.Pindle->Open);

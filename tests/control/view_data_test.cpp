@@ -6,6 +6,7 @@
 #include <numbers>
 #include <random>
 
+#include "control/view/block_scan.h"
 #include "control/view/close_up_curve.h"
 #include "control/view/overview_builder.h"
 #include "control/view/spectrum.h"
@@ -202,6 +203,34 @@ TEST_F(CurveTest, NeedsThreePoints) {
     Put(2999, -32768);
     view::BuildCloseUpCurve(Data, 1, 2999, view::InterpolationMode::Spline);
     EXPECT_EQ(At(2999), -32768);
+}
+
+TEST(LiveSoundTest, IsSpreadOverAllColumns) {
+    ViewData data;
+    const Samples block = {1, -1, 5, -5, 3, -3, 9, -9};
+    view::ScanBlock(block, 2, 2, data);
+    EXPECT_EQ(data.High[0][0], 5);
+    EXPECT_EQ(data.Low[0][0], 1);
+    EXPECT_EQ(data.Low[1][0], -5);
+    EXPECT_EQ(data.High[0][1], 9);
+    EXPECT_EQ(data.High[1][2], kEmpty);
+    view::ScanBlock(block, 1, 16, data);
+    EXPECT_EQ(data.High[0][14], -9);
+    EXPECT_EQ(data.High[0][15], kEmpty);
+    EXPECT_EQ(view::CloseUpLevelOf(24.5, 44100, view::kLiveLimits), 1);
+    EXPECT_EQ(view::CloseUpLevelOf(24.5, 22050, view::kLiveLimits), 0);
+    EXPECT_EQ(view::CloseUpLevelOf(59, 44100, view::kLiveLimits), 1);
+
+    // The window of each column begins half a window before it, and silence comes after the block.
+    const view::SpectrumAnalyzer analyzer;
+    view::SpectrumTable table;
+    Samples sound(300);
+    std::fill(sound.begin() + 150, sound.end(), std::int16_t{8000});
+    analyzer.ComputeSpectrumBlock(sound, 1, 3, table);
+    EXPECT_EQ(table.Levels[0][0][0], 0) << "silence";
+    EXPECT_EQ(table.Levels[0][0][1], 0);
+    EXPECT_GT(table.Levels[0][0][2], 60);
+    analyzer.ComputeSpectrumBlock(Samples(10, 100), 2, 3, table);
 }
 
 TEST(OverviewFillerTest, DoesNotCareHowSoundIsCutIntoBlocks) {

@@ -175,7 +175,8 @@ void MouseHandler::LeftUp(Point at) {
 // A selection that was made smaller ends what plays it where playing is past its end.
 void MouseHandler::StopPastSelection() {
     const editor::DocumentState* document = Editable();
-    if (document && services_.Play.PlayMode == interfaces::PlayTypeConstants::NORMALPLAY &&
+    if (document && services_.Player.Active() &&
+        services_.Play.PlayMode == interfaces::PlayTypeConstants::NORMALPLAY &&
         document->Level().EndSelect <= document->PlayPosition)
         services_.Activity.Stop();
 }

@@ -263,6 +263,69 @@ TEST_F(MouseTest, MakesMovesAndDeletesMarkers) {
     EXPECT_EQ(Got(*markers, &interfaces::IMavrin2Markers::get_Count), 0);
 }
 
+TEST_F(MouseTest, PlaysOnFromThePlacePressed) {
+    using interfaces::PlayTypeConstants;
+    const auto current = [&] {
+        return Got(*Position, &interfaces::IMavrin2Position::get_CurrentPosition);
+    };
+    Control->Play(PlayTypeConstants::PLAYTOEND);
+    Velto->PlayTo(100);
+    Events->Take();
+    Velto->Take();
+    EXPECT_EQ(Press(302, 150), "down(1,0,302,150)");
+    EXPECT_EQ(Velto->Take(), "Stop, Stop, Format 1000 1, Prepare, Start, Queue 500, Queue 500");
+    EXPECT_EQ(current(), 3010);
+    Move(402, 150);
+    Velto->FinishBlock();
+    EXPECT_EQ(Release(402, 150), "up(1,0,402,150)");
+    EXPECT_EQ(Status(), 1);
+
+    // Paused, it stops.
+    Control->Pause();
+    EXPECT_EQ(Press(102, 150), "meter(0,0) endplay down(1,0,102,150)");
+    Release(102, 150);
+    EXPECT_EQ(Status(), 0);
+
+    // The selection's end comes before the place that plays.
+    Select(1000, 5000);
+    Control->Play(PlayTypeConstants::NORMALPLAY);
+    Velto->PlayTo(2000);
+    Press(500, 293);
+    Move(402, 293);
+    Events->Take();
+    EXPECT_EQ(Release(402, 293), "up(1,0,402,293)") << "it is at 3010";
+    Press(400, 293);
+    Move(202, 293);
+    Events->Take();
+    EXPECT_EQ(Release(202, 293), "meter(0,0) endplay up(1,0,202,293)");
+
+    // A recording goes on.
+    Control->Record({});
+    Events->Take();
+    Press(302, 150);
+    Release(302, 150);
+    EXPECT_EQ(Status(), 2);
+    Control->Stop();
+}
+
+TEST_F(MouseTest, ShowsOnlyACenterLineWhenTheSystemIsTooSlow) {
+    for (int i = 0; i < 500; ++i)
+        Rimbal->Recent.push_back(static_cast<std::int16_t>(i % 2 == 0 ? 20000 : -20000));
+    const auto recorded = [&](SHORT type) {
+        Control->put_RecordVisualizationType(type);
+        Control->Record({});
+        Rimbal->RecordTo(500);
+        auto pixels = Paint();
+        Control->Stop();
+        return pixels;
+    };
+    const auto line = recorded(3);
+    const std::uint32_t color = line[152 * 705 + 300];
+    // With the whole overview bar.
+    EXPECT_LT(std::ranges::count(line, color), 700 * 8);
+    EXPECT_GT(std::ranges::count(recorded(2), color), 700 * 20) << "the sound that arrives";
+}
+
 TEST_F(MouseTest, OnlyReportsWhenItMayNotEdit) {
     const auto unchanged = [&] { return Positions() == "select 0..0 view 0..7000 of 7000"; };
     Control->put_MouseEventsEnabled(0);
