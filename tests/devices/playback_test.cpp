@@ -173,6 +173,8 @@ TEST_F(Playback, IsSilentWhileTheHostIsLateAndThenGoesOn) {
     server.StartMonitor();
     Play();
     std::this_thread::sleep_for(1500ms);
+    platform::PostingQueue::OfThisThread()->Pump(0ms);
+    EXPECT_EQ(Positions, std::vector<LONG>{20'000});
     ASSERT_TRUE(Ended());
     EXPECT_EQ(Positions.back(), 30'000);
     // The two blocks, silence, the third.
