@@ -1,6 +1,7 @@
 #include "tests/support/sound_server/sound_server.h"
 
 #include <fcntl.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -51,6 +52,8 @@ Program::Program(const std::vector<std::string>& command, const std::filesystem:
     id_ = ::fork();
     if (id_ < 0) throw std::runtime_error("fork failed");
     if (id_ > 0) return;
+    // Not left behind by a test that crashes.
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     ::dup2(::open("/dev/null", O_RDONLY), 0);
     ::dup2(::open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), 1);
     ::dup2(::open("/dev/null", O_WRONLY), 2);
