@@ -9,6 +9,8 @@ namespace mavrin2::bench {
 using Folder = std::filesystem::path;
 
 // Each prints its lines of the table.
+// Starts a sound server of its own.
+void PrintDeviceFigures();
 void PrintEditFigures(const Folder& data);
 // `scripts` holds those that `mavrin2 run` measures.
 void PrintMarkerFigures(const Folder& programs, const Folder& scripts);

@@ -1,6 +1,6 @@
 // Measures the component beside the programs one would use instead:
 // mavrin2-bench DATA PROGRAMS [GROUP…], a group being small, edit, signal, transform, view, mouse,
-// tags, markers or open.
+// tags, markers, open or devices.
 
 #include <algorithm>
 #include <cstdio>
@@ -33,6 +33,7 @@ int main(int count, char** arguments) {
         {"tags", [&] { PrintTagFigures(data, BENCH_SCRIPTS); }},
         {"markers", [&] { PrintMarkerFigures(programs, BENCH_SCRIPTS); }},
         {"open", [&] { PrintOpenFigures(data); }},
+        {"devices", [&] { PrintDeviceFigures(); }},
     };
     const std::span<char*> wanted(arguments + 3, arguments + count);
     try {
