@@ -8,16 +8,17 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-// What the server holds: enough for a busy machine.
-constexpr milliseconds kBuffer{100};
-// How much room there has to be before the server wants more.
-constexpr milliseconds kRequest{20};
+// What there is between this program and the ear. The server divides it: half of what remains after
+// two requests is the device's, 20 ms, which a stop cannot take back; 100 ms wait in the stream,
+// enough for a busy machine.
+constexpr milliseconds kBuffer{120};
+constexpr milliseconds kRequest{40};
 // How often the position of the server is asked for; in between it goes on with the clock, but not
 // for longer than the second time, in case the server has stopped.
 constexpr milliseconds kRefresh{100};
 constexpr std::int64_t kLongestAge = 300'000;  // microseconds
 // After a run: when what is left of it is dropped, and when the stream is closed after that.
-constexpr pa_usec_t kDrop = 5'000;
+constexpr pa_usec_t kDrop = 15'000;
 constexpr pa_usec_t kLinger = 1'000'000;
 
 std::uint32_t BytesIn(milliseconds time, const pa_sample_spec& format) {
