@@ -20,17 +20,54 @@ const InterfaceDescription& DescriptionOf<contracts::IDusoro2>() {
                                     In("samples").ArrayOf(VT_I2))
             .Method<&I::ReadBlock>(5, "ReadBlock", "The next sample frames, none at the end",
                                    In("count"), Result("samples").ArrayOf(VT_I2))
-            .Reserved(2)
+            .Method<&I::IsFormatMpegAvailable>(
+                6, "IsFormatMpegAvailable", "Whether MP3 has this rate, bit rate and channels",
+                In("frequency"), In("bitrate"), In("channels"), Result("available").Boolean())
+            .Method<&I::IsFormatOggVorbisAvailable>(
+                7, "IsFormatOggVorbisAvailable",
+                "Whether Ogg Vorbis has this rate, these channels and bit rates", In("frequency"),
+                In("channels"), In("nominalBitrate"), In("minBitrate"), In("maxBitrate"),
+                Result("available").Boolean())
             .Method<&I::SetPcmFormat>(8, "SetPcmFormat",
                                       "Rate in hertz and channels of the samples that pass",
                                       In("frequency"), In("channels"))
-            .Reserved(2)
+            .Method<&I::SetFormatFromMenu>(9, "SetFormatFromMenu",
+                                           "Lets the user choose; false without a dialog",
+                                           Result("chosen").Boolean())
+            .Method<&I::SetFormatLikeSample>(10, "SetFormatLikeSample",
+                                             "The format of an existing file", In("fileName"))
             .Method<&I::SetFormatPCM>(11, "SetFormatPCM", "PCM for the next output",
                                       In("frequency"), In("channels"), In("bitsPerSample"))
-            .Reserved(5)
+            .Method<&I::SetFormatRAW>(12, "SetFormatRAW", "Samples without a header",
+                                      In("typeCompress"), In("frequency"), In("channels"),
+                                      In("bitsPerSample"))
+            .Method<&I::SetFormatALAW>(13, "SetFormatALAW", "A-law in WAV", In("frequency"),
+                                       In("channels"))
+            .Method<&I::SetFormatULAW>(14, "SetFormatULAW", "u-law in WAV", In("frequency"),
+                                       In("channels"))
+            .Method<&I::SetFormatADPCM>(15, "SetFormatADPCM", "MS ADPCM in WAV", In("frequency"),
+                                        In("channels"))
+            .Method<&I::SetFormatGSM>(16, "SetFormatGSM", "GSM 6.10 in WAV, mono", In("frequency"))
             .Method<&I::SetFormatVOX>(17, "SetFormatVOX",
                                       "Headerless 4-bit ADPCM for the next output", In("frequency"))
-            .Reserved(9)
+            .Method<&I::SetFormatDSP>(18, "SetFormatDSP", "A format without an encoder")
+            .Method<&I::SetFormatMP2>(19, "SetFormatMP2", "MP2; bit rate in kbit/s",
+                                      In("frequency"), In("bitrate"), In("channels"))
+            .Method<&I::SetFormatMP3>(20, "SetFormatMP3", "MP3; bit rate in kbit/s",
+                                      In("frequency"), In("bitrate"), In("channels"))
+            .Method<&I::SetFormatMP3Ex>(21, "SetFormatMP3Ex",
+                                        "MP3 with all settings of its encoder", In("settings"))
+            .Method<&I::SetFormatOggVorbis>(22, "SetFormatOggVorbis",
+                                            "Ogg Vorbis; bit rates in kbit/s", In("frequency"),
+                                            In("channels"), In("nominalBitrate"), In("minBitrate"),
+                                            In("maxBitrate"), In("quality"))
+            .Method<&I::SetFormatWMA>(23, "SetFormatWMA", "WMA in one of the numbered profiles",
+                                      In("profile"))
+            .Method<&I::SetFormatG721>(24, "SetFormatG721", "G.721, mono", In("frequency"))
+            .Method<&I::SetFormatG723>(25, "SetFormatG723", "G.723, mono; 3 or 5 bits",
+                                       In("frequency"), In("bitsPerSample"))
+            .Method<&I::SetFormatG726>(26, "SetFormatG726", "G.726, mono; 2 to 5 bits",
+                                       In("frequency"), In("bitsPerSample"))
             .Method<&I::GetLength>(27, "GetLength", "Length in sample frames", Result("frames"))
             .Method<&I::GetSourceFrequency>(28, "GetSourceFrequency",
                                             "Rate of the file itself in hertz", Result("frequency"))
@@ -64,8 +101,10 @@ const automation::LibraryDescription& DusoroLibrary() {
         "KovDusoro 2.0 Type Library",
         {&automation::EnumerationOf<ErrorConstants>,
          &automation::EnumerationOf<FormatTypeConstants>},
-        {&automation::DescriptionOf<IDusoro2>},
-        {{"KovDusoro2", CLSID_KovDusoro2, "Sound files", &automation::DescriptionOf<IDusoro2>}}};
+        {&automation::DescriptionOf<IDusoro2>, &automation::DescriptionOf<ILameSettings>},
+        {{"KovDusoro2", CLSID_KovDusoro2, "Sound files", &automation::DescriptionOf<IDusoro2>},
+         {"KovDusoroLame", CLSID_KovDusoroLame, "Settings of the MP3 encoder",
+          &automation::DescriptionOf<ILameSettings>}}};
     return library;
 }
 

@@ -2,6 +2,7 @@
 
 #include "companions/contracts/constants.h"
 #include "companions/contracts/identifiers.h"
+#include "companions/contracts/lame_settings_interface.h"
 
 namespace mavrin2::contracts {
 
@@ -27,32 +28,59 @@ struct IDusoro2 : public IDispatch {
     // The next `count` sample frames, fewer at the end, an empty array after it. The
     // array becomes the caller's.
     virtual HRESULT STDMETHODCALLTYPE ReadBlock(LONG count, SAFEARRAY** samples) = 0;
-    MAVRIN2_RESERVED(IsFormatMpegAvailable, 6)
-    MAVRIN2_RESERVED(IsFormatOggVorbisAvailable, 7)
+    // Whether MP3 has exactly this rate (hertz), bit rate (kbit/s) and channel count.
+    virtual HRESULT STDMETHODCALLTYPE IsFormatMpegAvailable(LONG frequency, LONG bitrate,
+                                                            LONG channels,
+                                                            VARIANT_BOOL* available) = 0;
+    // The same of Ogg Vorbis; a minimum or maximum of 0 is none.
+    virtual HRESULT STDMETHODCALLTYPE IsFormatOggVorbisAvailable(LONG frequency, LONG channels,
+                                                                 LONG nominalBitrate,
+                                                                 LONG minBitrate, LONG maxBitrate,
+                                                                 VARIANT_BOOL* available) = 0;
     // The format in which the caller delivers samples (set before CreateSoundFile) or wants them
     // (set after OpenSoundFile).
     virtual HRESULT STDMETHODCALLTYPE SetPcmFormat(LONG frequency, LONG channels) = 0;
-    MAVRIN2_RESERVED(SetFormatFromMenu, 9)
-    MAVRIN2_RESERVED(SetFormatLikeSample, 10)
-    // Chooses PCM for the next output file, of 8, 16, 24 or 32 bits.
+    // Each of the following chooses the format of the next output file: rate in hertz, 1 or 2
+    // channels, bit rates in kbit/s. Values that the format does not have become the nearest that
+    // it has.
+    //
+    // Lets the user choose. False, and nothing has changed, when there is no dialog for it.
+    virtual HRESULT STDMETHODCALLTYPE SetFormatFromMenu(VARIANT_BOOL* chosen) = 0;
+    // The format of an existing file, if that is a format written here.
+    virtual HRESULT STDMETHODCALLTYPE SetFormatLikeSample(BSTR fileName) = 0;
+    // 8, 16, 24 or 32 bits.
     virtual HRESULT STDMETHODCALLTYPE SetFormatPCM(LONG frequency, LONG channels,
                                                    LONG bitsPerSample) = 0;
-    MAVRIN2_RESERVED(SetFormatRAW, 12)
-    MAVRIN2_RESERVED(SetFormatALAW, 13)
-    MAVRIN2_RESERVED(SetFormatULAW, 14)
-    MAVRIN2_RESERVED(SetFormatADPCM, 15)
-    MAVRIN2_RESERVED(SetFormatGSM, 16)
-    // Chooses headerless 4-bit ADPCM for the next output file.
+    // Without a header: 1 PCM, 2 A-law, 3 u-law, 4 GSM, 5 IMA ADPCM, 6 MS ADPCM. The bits are those
+    // of PCM.
+    virtual HRESULT STDMETHODCALLTYPE SetFormatRAW(LONG typeCompress, LONG frequency, LONG channels,
+                                                   LONG bitsPerSample) = 0;
+    virtual HRESULT STDMETHODCALLTYPE SetFormatALAW(LONG frequency, LONG channels) = 0;
+    virtual HRESULT STDMETHODCALLTYPE SetFormatULAW(LONG frequency, LONG channels) = 0;
+    virtual HRESULT STDMETHODCALLTYPE SetFormatADPCM(LONG frequency, LONG channels) = 0;
+    virtual HRESULT STDMETHODCALLTYPE SetFormatGSM(LONG frequency) = 0;
+    // Headerless 4-bit ADPCM, mono.
     virtual HRESULT STDMETHODCALLTYPE SetFormatVOX(LONG frequency) = 0;
-    MAVRIN2_RESERVED(SetFormatDSP, 18)
-    MAVRIN2_RESERVED(SetFormatMP2, 19)
-    MAVRIN2_RESERVED(SetFormatMP3, 20)
-    MAVRIN2_RESERVED(SetFormatMP3Ex, 21)
-    MAVRIN2_RESERVED(SetFormatOggVorbis, 22)
-    MAVRIN2_RESERVED(SetFormatWMA, 23)
-    MAVRIN2_RESERVED(SetFormatG721, 24)
-    MAVRIN2_RESERVED(SetFormatG723, 25)
-    MAVRIN2_RESERVED(SetFormatG726, 26)
+    // Has no encoder: CreateSoundFile fails with ACMDRIVER.
+    virtual HRESULT STDMETHODCALLTYPE SetFormatDSP() = 0;
+    virtual HRESULT STDMETHODCALLTYPE SetFormatMP2(LONG frequency, LONG bitrate, LONG channels) = 0;
+    // A bit rate of 0 is the companion's choice.
+    virtual HRESULT STDMETHODCALLTYPE SetFormatMP3(LONG frequency, LONG bitrate, LONG channels) = 0;
+    // The object is kept and read whenever an output file is started. Null changes nothing.
+    virtual HRESULT STDMETHODCALLTYPE SetFormatMP3Ex(ILameSettings* settings) = 0;
+    // A minimum or maximum of 0 is none. With a quality of 0 ... 10 the bit rates are ignored;
+    // 65535 is none.
+    virtual HRESULT STDMETHODCALLTYPE SetFormatOggVorbis(LONG frequency, LONG channels,
+                                                         LONG nominalBitrate, LONG minBitrate,
+                                                         LONG maxBitrate, LONG quality) = 0;
+    // A row of the table in docs/formats.md.
+    virtual HRESULT STDMETHODCALLTYPE SetFormatWMA(LONG profile) = 0;
+    virtual HRESULT STDMETHODCALLTYPE SetFormatG721(LONG frequency) = 0;
+    // 3 or 5 bits.
+    virtual HRESULT STDMETHODCALLTYPE SetFormatG723(LONG frequency, LONG bitsPerSample) = 0;
+    // 2 to 5 bits.
+    virtual HRESULT STDMETHODCALLTYPE SetFormatG726(LONG frequency, LONG bitsPerSample) = 0;
+
     // The open file's length in sample frames as ReadBlock delivers them.
     virtual HRESULT STDMETHODCALLTYPE GetLength(LONG* frames) = 0;
     // The sample rate in the file itself.

@@ -19,6 +19,8 @@ constexpr GUID ContractId(std::uint16_t number) {
 inline constexpr CLSID CLSID_KovDusoro2 = ContractId(0x0101);
 inline constexpr IID IID_IDusoro2 = ContractId(0x0102);
 inline constexpr GUID LIBID_KovDusoro2 = ContractId(0x0103);
+inline constexpr CLSID CLSID_KovDusoroLame = ContractId(0x0104);
+inline constexpr IID IID_ILameSettings = ContractId(0x0105);
 
 inline constexpr CLSID CLSID_KovVelto = ContractId(0x0201);
 inline constexpr IID IID_IVelto2 = ContractId(0x0202);

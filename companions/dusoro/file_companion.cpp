@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <limits>
 
 #include "automation/text.h"
+#include "companions/dusoro/lame_settings_object.h"
 #include "companions/dusoro/sound/format_converter.h"
-#include "companions/dusoro/sound/format_text.h"
 
 namespace mavrin2::dusoro {
 namespace {
@@ -24,6 +25,7 @@ constexpr bool Same(FormatType a, FormatTypeConstants b) {
 static_assert(Same(SoundError::Memory, ErrorConstants::MEMORY) &&
               Same(SoundError::FormatFile, ErrorConstants::FORMATFILE) &&
               Same(SoundError::FormatNotSupported, ErrorConstants::FORMATNOTSUPPORT) &&
+              Same(SoundError::AcmDriver, ErrorConstants::ACMDRIVER) &&
               Same(SoundError::FileAccess, ErrorConstants::FILEACCESS));
 static_assert(Same(FormatType::Wav, FormatTypeConstants::WAV) &&
               Same(FormatType::Mp3, FormatTypeConstants::MP3) &&
@@ -57,13 +59,27 @@ HRESULT Give(LONG* target, std::int64_t value) {
     return S_OK;
 }
 
+OutputFormat Compressed(Coding kind, PcmFormat format, BitRates rates) {
+    OutputFormat made{kind, format};
+    made.Rates = rates;
+    return made;
+}
+
+OutputFormat FormatOf(contracts::ILameSettings& settings) {
+    const contracts::LameSettings read = ReadLameSettings(settings);
+    OutputFormat format{Coding::Mp3, {read.Frequency, read.Channels}};
+    format.Lame = read;
+    return format;
+}
+
 }  // namespace
 
 STDMETHODIMP FileCompanion::OpenSoundFile(BSTR fileName, LONG formatType, LONG) {
     return automation::Guarded([&] {
         Drop();
         error_ = SoundError::Memory;  // what stays when memory runs out on the way
-        auto opened = files_.Open(PathOf(fileName), static_cast<FormatType>(formatType));
+        auto opened =
+            files_.Open(PathOf(fileName), static_cast<FormatType>(formatType), settings_.Chosen);
         reader_ = std::move(opened.Result);
         error_ = opened.Error;
         return StatusOf(error_);
@@ -74,6 +90,7 @@ STDMETHODIMP FileCompanion::CreateSoundFile(BSTR fileName, LONG formatType) {
     return automation::Guarded([&] {
         Drop();
         error_ = SoundError::Memory;
+        if (lame_) settings_.Chosen = Nearest(FormatOf(*lame_.Get()));
         auto created =
             files_.Create(PathOf(fileName), static_cast<FormatType>(formatType), settings_);
         writer_ = std::move(created.Result);
@@ -178,21 +195,132 @@ STDMETHODIMP FileCompanion::SetPcmFormat(LONG frequency, LONG channels) {
     });
 }
 
-STDMETHODIMP FileCompanion::SetFormatVOX(LONG frequency) {
-    if (frequency < 1 || frequency > kHighestRate) return E_INVALIDARG;
-    settings_.VoxRate = frequency;
-    settings_.Pcm.reset();
-    settings_.BitsPerSample = 16;
+// A choice is kept as the nearest that its format has.
+HRESULT FileCompanion::Choose(const OutputFormat& format) {
+    lame_.Reset();
+    settings_.Chosen = Nearest(format);
     return S_OK;
 }
 
-STDMETHODIMP FileCompanion::SetFormatPCM(LONG frequency, LONG channels, LONG bitsPerSample) {
-    const PcmFormat format{frequency, channels};
-    if (!format.IsUsable() || bitsPerSample % 8 != 0 || bitsPerSample < 8 || bitsPerSample > 32)
-        return E_INVALIDARG;
-    settings_.Pcm = format;
-    settings_.BitsPerSample = bitsPerSample;
+HRESULT FileCompanion::Answer(VARIANT_BOOL* target, const OutputFormat& format) const {
+    return automation::Guarded([&]() -> HRESULT {
+        if (!target) return E_POINTER;
+        *target = VARIANT_FALSE;
+        const OutputFormat nearest = Nearest(format);
+        const bool exact = nearest.Format == format.Format && nearest.Rates == format.Rates;
+        if (exact && files_.Has(format)) *target = VARIANT_TRUE;
+        return S_OK;
+    });
+}
+
+STDMETHODIMP FileCompanion::IsFormatMpegAvailable(LONG frequency, LONG bitrate, LONG channels,
+                                                  VARIANT_BOOL* available) {
+    return Answer(available, Compressed(Coding::Mp3, {frequency, channels}, {bitrate}));
+}
+
+STDMETHODIMP FileCompanion::IsFormatOggVorbisAvailable(LONG frequency, LONG channels,
+                                                       LONG nominalBitrate, LONG minBitrate,
+                                                       LONG maxBitrate, VARIANT_BOOL* available) {
+    return Answer(available, Compressed(Coding::Vorbis, {frequency, channels},
+                                        {nominalBitrate, minBitrate, maxBitrate}));
+}
+
+// There is no dialog here, so nothing is chosen.
+STDMETHODIMP FileCompanion::SetFormatFromMenu(VARIANT_BOOL* chosen) {
+    if (!chosen) return E_POINTER;
+    *chosen = VARIANT_FALSE;
     return S_OK;
+}
+
+STDMETHODIMP FileCompanion::SetFormatLikeSample(BSTR fileName) {
+    return automation::Guarded([&]() -> HRESULT {
+        const auto opened = files_.Open(PathOf(fileName), FormatType::Default, settings_.Chosen);
+        if (!opened) return StatusOf(opened.Error);
+        const auto& format = opened.Result->Description().Format;
+        return format ? Choose(*format) : S_FALSE;
+    });
+}
+
+STDMETHODIMP FileCompanion::SetFormatPCM(LONG frequency, LONG channels, LONG bitsPerSample) {
+    return Choose({Coding::Pcm, {frequency, channels}, bitsPerSample});
+}
+
+STDMETHODIMP FileCompanion::SetFormatRAW(LONG typeCompress, LONG frequency, LONG channels,
+                                         LONG bitsPerSample) {
+    static constexpr Coding kCodings[] = {Coding::Pcm, Coding::ALaw,     Coding::MuLaw,
+                                          Coding::Gsm, Coding::ImaAdpcm, Coding::MsAdpcm};
+    constexpr LONG kLast = static_cast<LONG>(std::size(kCodings));
+    OutputFormat format{kCodings[std::clamp<LONG>(typeCompress, 1, kLast) - 1],
+                        {frequency, channels},
+                        bitsPerSample};
+    format.Headerless = true;
+    return Choose(format);
+}
+
+STDMETHODIMP FileCompanion::SetFormatALAW(LONG frequency, LONG channels) {
+    return Choose({Coding::ALaw, {frequency, channels}});
+}
+
+STDMETHODIMP FileCompanion::SetFormatULAW(LONG frequency, LONG channels) {
+    return Choose({Coding::MuLaw, {frequency, channels}});
+}
+
+STDMETHODIMP FileCompanion::SetFormatADPCM(LONG frequency, LONG channels) {
+    return Choose({Coding::MsAdpcm, {frequency, channels}});
+}
+
+STDMETHODIMP FileCompanion::SetFormatGSM(LONG frequency) {
+    return Choose({Coding::Gsm, {frequency, 1}});
+}
+
+STDMETHODIMP FileCompanion::SetFormatVOX(LONG frequency) {
+    return Choose({Coding::Vox, {frequency, 1}});
+}
+
+STDMETHODIMP FileCompanion::SetFormatDSP() {
+    return Choose({Coding::Dsp, {8000, 1}});
+}
+
+STDMETHODIMP FileCompanion::SetFormatMP2(LONG frequency, LONG bitrate, LONG channels) {
+    return Choose(Compressed(Coding::Mp2, {frequency, channels}, {bitrate}));
+}
+
+STDMETHODIMP FileCompanion::SetFormatMP3(LONG frequency, LONG bitrate, LONG channels) {
+    return Choose(Compressed(Coding::Mp3, {frequency, channels}, {bitrate}));
+}
+
+STDMETHODIMP FileCompanion::SetFormatMP3Ex(contracts::ILameSettings* settings) {
+    return automation::Guarded([&] {
+        if (!settings) return;
+        automation::ComPtr<contracts::ILameSettings> given(settings);
+        Choose(FormatOf(*given.Get()));
+        lame_ = std::move(given);
+    });
+}
+
+STDMETHODIMP FileCompanion::SetFormatOggVorbis(LONG frequency, LONG channels, LONG nominalBitrate,
+                                               LONG minBitrate, LONG maxBitrate, LONG quality) {
+    constexpr LONG kNoQuality = 65535;
+    OutputFormat format =
+        Compressed(Coding::Vorbis, {frequency, channels}, {nominalBitrate, minBitrate, maxBitrate});
+    if (quality != kNoQuality) format.Quality = quality;
+    return Choose(format);
+}
+
+STDMETHODIMP FileCompanion::SetFormatWMA(LONG profile) {
+    return Choose(WmaProfile(profile));
+}
+
+STDMETHODIMP FileCompanion::SetFormatG721(LONG frequency) {
+    return Choose({Coding::G721, {frequency, 1}});
+}
+
+STDMETHODIMP FileCompanion::SetFormatG723(LONG frequency, LONG bitsPerSample) {
+    return Choose({Coding::G723, {frequency, 1}, bitsPerSample});
+}
+
+STDMETHODIMP FileCompanion::SetFormatG726(LONG frequency, LONG bitsPerSample) {
+    return Choose({Coding::G726, {frequency, 1}, bitsPerSample});
 }
 
 // A host may ask for a format more than once: the conversion is made when it counts.
@@ -232,11 +360,10 @@ OutputDescription FileCompanion::Described() const {
         return {wanted_.value_or(source.Delivered), source.BitsPerSample, source.PlainPcm,
                 source.Text};
     }
-    if (settings_.Pcm)
-        return {*settings_.Pcm, settings_.BitsPerSample, true,
-                TextWithBits("PCM", settings_.Pcm->Rate, settings_.BitsPerSample,
-                             settings_.Pcm->Channels)};
-    return {{settings_.VoxRate, 1}, 16, false, TextWithBits("VOX ADPCM", settings_.VoxRate, 4, 1)};
+    // What the settings of MP3 are now, which their object may have changed.
+    const OutputFormat format = lame_ ? Nearest(FormatOf(*lame_.Get())) : settings_.Chosen;
+    const bool pcm = format.Kind == Coding::Pcm;
+    return {format.Format, pcm ? format.Bits : 16, pcm, TextOf(format)};
 }
 
 STDMETHODIMP FileCompanion::GetLength(LONG* frames) {
@@ -283,7 +410,7 @@ STDMETHODIMP FileCompanion::GetFormatKind(LONG* kind) {
 }
 
 STDMETHODIMP FileCompanion::SetWmaMode(LONG) {
-    return S_OK;  // these files are read like all others
+    return S_OK;  // these files are read and written like all others
 }
 
 }  // namespace mavrin2::dusoro

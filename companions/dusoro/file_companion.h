@@ -4,6 +4,7 @@
 #include <optional>
 #include <span>
 
+#include "automation/com_ptr.h"
 #include "automation/object.h"
 #include "automation/safe_array.h"
 #include "companions/contracts/dusoro.h"
@@ -26,6 +27,29 @@ public:
     STDMETHODIMP SetPcmFormat(LONG frequency, LONG channels) override;
     STDMETHODIMP SetFormatPCM(LONG frequency, LONG channels, LONG bitsPerSample) override;
     STDMETHODIMP SetFormatVOX(LONG frequency) override;
+    STDMETHODIMP IsFormatMpegAvailable(LONG frequency, LONG bitrate, LONG channels,
+                                       VARIANT_BOOL* available) override;
+    STDMETHODIMP IsFormatOggVorbisAvailable(LONG frequency, LONG channels, LONG nominalBitrate,
+                                            LONG minBitrate, LONG maxBitrate,
+                                            VARIANT_BOOL* available) override;
+    STDMETHODIMP SetFormatFromMenu(VARIANT_BOOL* chosen) override;
+    STDMETHODIMP SetFormatLikeSample(BSTR fileName) override;
+    STDMETHODIMP SetFormatRAW(LONG typeCompress, LONG frequency, LONG channels,
+                              LONG bitsPerSample) override;
+    STDMETHODIMP SetFormatALAW(LONG frequency, LONG channels) override;
+    STDMETHODIMP SetFormatULAW(LONG frequency, LONG channels) override;
+    STDMETHODIMP SetFormatADPCM(LONG frequency, LONG channels) override;
+    STDMETHODIMP SetFormatGSM(LONG frequency) override;
+    STDMETHODIMP SetFormatDSP() override;
+    STDMETHODIMP SetFormatMP2(LONG frequency, LONG bitrate, LONG channels) override;
+    STDMETHODIMP SetFormatMP3(LONG frequency, LONG bitrate, LONG channels) override;
+    STDMETHODIMP SetFormatMP3Ex(contracts::ILameSettings* settings) override;
+    STDMETHODIMP SetFormatOggVorbis(LONG frequency, LONG channels, LONG nominalBitrate,
+                                    LONG minBitrate, LONG maxBitrate, LONG quality) override;
+    STDMETHODIMP SetFormatWMA(LONG profile) override;
+    STDMETHODIMP SetFormatG721(LONG frequency) override;
+    STDMETHODIMP SetFormatG723(LONG frequency, LONG bitsPerSample) override;
+    STDMETHODIMP SetFormatG726(LONG frequency, LONG bitsPerSample) override;
     STDMETHODIMP GetLength(LONG* frames) override;
     STDMETHODIMP GetSourceFrequency(LONG* frequency) override;
     STDMETHODIMP GetFormatText(BSTR* text) override;
@@ -45,9 +69,12 @@ private:
     automation::SafeArray<std::int16_t> Read(std::size_t frames);
     // Of the open file; of the chosen output format while none is open.
     OutputDescription Described() const;
+    HRESULT Choose(const OutputFormat& format);
+    HRESULT Answer(VARIANT_BOOL* target, const OutputFormat& format) const;
 
     SoundFiles files_;
     OutputSettings settings_;
+    automation::ComPtr<contracts::ILameSettings> lame_;  // read when a file is started
     std::unique_ptr<SoundReader> reader_;
     std::unique_ptr<SoundWriter> writer_;
     SoundError error_ = SoundError::None;

@@ -2,6 +2,7 @@
 
 #include "automation/module.h"
 #include "companions/dusoro/file_companion.h"
+#include "companions/dusoro/lame_settings_object.h"
 #include "platform/module_loader.h"
 #include "platform/module_path.h"
 #include "platform/ports.h"
@@ -25,9 +26,15 @@ HRESULT CreateFileCompanion(IUnknown* outer, REFIID iid, void** object) {
     });
 }
 
+HRESULT CreateLameSettings(IUnknown* outer, REFIID iid, void** object) {
+    return dusoro::LameSettingsObject::Create(outer, iid, object);
+}
+
 constexpr automation::ClassEntry kClasses[] = {
     {contracts::CLSID_KovDusoro2, CreateFileCompanion, "KovDusoro2 Class", "KovDusoro2.Dusoro2.1",
      "KovDusoro2.Dusoro2", "Apartment"},
+    {contracts::CLSID_KovDusoroLame, CreateLameSettings, "KovDusoroLame Class", "KovDusoro2.Lame.1",
+     "KovDusoro2.Lame", "both"},
 };
 
 }  // namespace

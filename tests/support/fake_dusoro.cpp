@@ -49,6 +49,17 @@ STDMETHODIMP FakeDusoro::OpenSoundFile(BSTR fileName, LONG formatType, LONG flag
     return Reading ? S_OK : E_FAIL;
 }
 
+HRESULT FakeDusoro::Record(const std::string& name, std::initializer_list<LONG> arguments) {
+    std::string text;
+    for (const LONG argument : arguments)
+        text += (text.empty() ? "" : ", ") + std::to_string(argument);
+    return Record(name, text);
+}
+
+STDMETHODIMP FakeDusoro::SetFormatLikeSample(BSTR fileName) {
+    return Record("SetFormatLikeSample", automation::ToUtf8(automation::Bstr::View(fileName)));
+}
+
 STDMETHODIMP FakeDusoro::CloseFile() {
     Record("CloseFile");
     Reading = false;

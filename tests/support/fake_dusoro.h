@@ -2,10 +2,12 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "automation/com_ptr.h"
 #include "automation/object.h"
 #include "companions/contracts/dusoro.h"
 
@@ -45,6 +47,9 @@ public:
     bool FailingClose = false;
     LONG FailureCode = 0;  // what GetErrorCode returns after one of these
 
+    // What SetFormatMP3Ex was given.
+    automation::ComPtr<contracts::ILameSettings> Lame;
+
     // Whether an input file is open.
     bool Reading = false;
     // What came out of the last output file.
@@ -62,13 +67,51 @@ public:
     STDMETHODIMP WriteBlock(SAFEARRAY* samples) override;
     STDMETHODIMP ReadBlock(LONG count, SAFEARRAY** samples) override;
     STDMETHODIMP SetPcmFormat(LONG frequency, LONG channels) override;
-    STDMETHODIMP SetFormatPCM(LONG frequency, LONG channels, LONG bits) override {
-        return Record("SetFormatPCM", std::to_string(frequency) + ", " + std::to_string(channels) +
-                                          ", " + std::to_string(bits));
+    STDMETHODIMP IsFormatMpegAvailable(LONG a, LONG b, LONG c, VARIANT_BOOL* answer) override {
+        *answer = VARIANT_TRUE;
+        return Record("IsFormatMpegAvailable", {a, b, c});
     }
-    STDMETHODIMP SetFormatVOX(LONG frequency) override {
-        return Record("SetFormatVOX", std::to_string(frequency));
+    STDMETHODIMP IsFormatOggVorbisAvailable(LONG a, LONG b, LONG c, LONG d, LONG e,
+                                            VARIANT_BOOL* answer) override {
+        *answer = VARIANT_TRUE;
+        return Record("IsFormatOggVorbisAvailable", {a, b, c, d, e});
     }
+    STDMETHODIMP SetFormatFromMenu(VARIANT_BOOL* answer) override {
+        *answer = VARIANT_TRUE;
+        return Record("SetFormatFromMenu");
+    }
+    STDMETHODIMP SetFormatLikeSample(BSTR fileName) override;
+    STDMETHODIMP SetFormatMP3Ex(contracts::ILameSettings* settings) override {
+        Lame = automation::ComPtr<contracts::ILameSettings>(settings);
+        return Record("SetFormatMP3Ex");
+    }
+    STDMETHODIMP SetFormatPCM(LONG a, LONG b, LONG c) override {
+        return Record("SetFormatPCM", {a, b, c});
+    }
+    STDMETHODIMP SetFormatRAW(LONG a, LONG b, LONG c, LONG d) override {
+        return Record("SetFormatRAW", {a, b, c, d});
+    }
+    STDMETHODIMP SetFormatALAW(LONG a, LONG b) override { return Record("SetFormatALAW", {a, b}); }
+    STDMETHODIMP SetFormatULAW(LONG a, LONG b) override { return Record("SetFormatULAW", {a, b}); }
+    STDMETHODIMP SetFormatADPCM(LONG a, LONG b) override {
+        return Record("SetFormatADPCM", {a, b});
+    }
+    STDMETHODIMP SetFormatGSM(LONG a) override { return Record("SetFormatGSM", {a}); }
+    STDMETHODIMP SetFormatVOX(LONG a) override { return Record("SetFormatVOX", {a}); }
+    STDMETHODIMP SetFormatDSP() override { return Record("SetFormatDSP"); }
+    STDMETHODIMP SetFormatMP2(LONG a, LONG b, LONG c) override {
+        return Record("SetFormatMP2", {a, b, c});
+    }
+    STDMETHODIMP SetFormatMP3(LONG a, LONG b, LONG c) override {
+        return Record("SetFormatMP3", {a, b, c});
+    }
+    STDMETHODIMP SetFormatOggVorbis(LONG a, LONG b, LONG c, LONG d, LONG e, LONG f) override {
+        return Record("SetFormatOggVorbis", {a, b, c, d, e, f});
+    }
+    STDMETHODIMP SetFormatWMA(LONG a) override { return Record("SetFormatWMA", {a}); }
+    STDMETHODIMP SetFormatG721(LONG a) override { return Record("SetFormatG721", {a}); }
+    STDMETHODIMP SetFormatG723(LONG a, LONG b) override { return Record("SetFormatG723", {a, b}); }
+    STDMETHODIMP SetFormatG726(LONG a, LONG b) override { return Record("SetFormatG726", {a, b}); }
     STDMETHODIMP GetLength(LONG* frames) override {
         const auto length = static_cast<LONG>(Source.Samples.size()) / Source.Channels;
         return Answer("GetLength", frames, Source.ClaimedFrames.value_or(length));
@@ -94,6 +137,7 @@ public:
 
 private:
     HRESULT Record(const std::string& name, const std::string& arguments = {});
+    HRESULT Record(const std::string& name, std::initializer_list<LONG> arguments);
     void GiveUpOutput() {
         if (State == Output::Unfinished) State = Output::GivenUp;
     }

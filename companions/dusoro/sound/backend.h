@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -17,8 +18,8 @@
 namespace mavrin2::dusoro {
 
 struct ReadingHint {
-    // The data has no header and is 4-bit ADPCM at 8000 Hz.
-    bool Vox = false;
+    // What the data is, where it has no header.
+    std::optional<OutputFormat> Headerless;
     // The name's extension in lower case; for the few kinds that their content does not identify.
     std::string Extension;
 };
@@ -36,10 +37,13 @@ class Encoder {
 public:
     virtual ~Encoder() = default;
 
-    // `file` is empty and outlives the writer. FormatNotSupported when the library refuses,
-    // FileAccess when the beginning could not be written.
+    // `file` is empty and outlives the writer. What the library refuses becomes the nearest that it
+    // takes. FormatNotSupported when there is no such thing, FileAccess when the beginning could
+    // not be written.
     virtual Outcome<std::unique_ptr<SoundWriter>> Create(platform::File& file,
                                                          const OutputPlan& plan) const = 0;
+    // Whether the library has exactly this format, which is one of its own.
+    virtual bool Has(const OutputFormat&) const { return true; }
 };
 
 // Another rate for one sound, block by block.

@@ -13,6 +13,19 @@ const Decoder* BackendLoader::DecoderFor(DecoderKind kind) const {
     }
 }
 
+const Encoder* BackendLoader::EncoderOf(EncoderKind kind) const {
+    switch (kind) {
+        case EncoderKind::Sndfile:
+            return Find<Encoder>("sndfile", kEncoderEntry);
+        case EncoderKind::Lame:
+            return Find<Encoder>("lame", kEncoderEntry);
+        case EncoderKind::Ffmpeg:
+            return Find<Encoder>("ffmpeg", kEncoderEntry);
+        default:
+            return nullptr;
+    }
+}
+
 platform::Module::Function BackendLoader::Entry(const char* name, const char* entry) const {
     std::string reason;  // a missing library makes its formats unsupported, nothing else
     const auto module =

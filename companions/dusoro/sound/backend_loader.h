@@ -20,8 +20,7 @@ public:
 
     // Null when a module or its library is missing.
     const Decoder* DecoderFor(DecoderKind kind) const;
-    const Encoder* SndfileEncoder() const { return Find<Encoder>("sndfile", kEncoderEntry); }
-    const Encoder* Lame() const { return Find<Encoder>("lame", kEncoderEntry); }
+    const Encoder* EncoderOf(EncoderKind kind) const;
     const ResamplerMaker* Soxr() const { return Find<ResamplerMaker>("soxr", kResamplerEntry); }
 
 private:

@@ -14,7 +14,6 @@ std::unique_ptr<FormatConverter> FormatConverter::Make(const ResamplerMaker* res
                                                        PcmFormat from, PcmFormat to) {
     std::unique_ptr<Resampler> resampler;
     if (from.Rate != to.Rate) {
-        constexpr std::int32_t kHighestRatio = 512;
         if (from.Rate / kHighestRatio > to.Rate || to.Rate / kHighestRatio > from.Rate)
             return nullptr;
         if (resamplers)

@@ -19,8 +19,8 @@ std::int64_t FramesAtRate(std::int64_t frames, std::int32_t from, std::int32_t t
 // mean of both; the resampling in between is done with as few channels as possible.
 class FormatConverter {
 public:
-    // Null when the resampler's library is missing or refuses, and when one rate is more than 512
-    // times the other.
+    // Null when the resampler's library is missing or refuses, and when one rate is more than
+    // kHighestRatio times the other.
     static std::unique_ptr<FormatConverter> Make(const ResamplerMaker* resamplers, PcmFormat from,
                                                  PcmFormat to);
 

@@ -1,37 +1,29 @@
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
-#include <optional>
 
-#include "companions/dusoro/sound/format_type.h"
-#include "companions/dusoro/sound/pcm_format.h"
+#include "companions/dusoro/sound/output_format.h"
 #include "companions/dusoro/sound/sound_error.h"
 
 namespace mavrin2::dusoro {
 
-enum class Container : std::uint8_t { Wav, Aiff, Flac, OggVorbis, Opus, Mp3, Vox };
-
-// One output file: its kind and what it carries.
+// One output file. The rate and channels of its format are those of the samples that its writer
+// takes.
 struct OutputPlan {
-    Container Kind = Container::Wav;
-    PcmFormat Carried;
-    std::int32_t BitsPerSample = 16;
+    OutputFormat Format;
+    Container File = Container::Wav;
 };
 
 // What was chosen for the files to come.
 struct OutputSettings {
     PcmFormat Document{44100, 2};
-    std::int32_t VoxRate = 8000;
-    // Of WAV and AIFF: 8, 16, 24 or 32.
-    std::int32_t BitsPerSample = 16;
-    std::optional<PcmFormat> Pcm;  // chosen instead of VOX
+    OutputFormat Chosen;
 };
 
-// `type` chooses the kind of file; with Default the name's extension does. An unknown extension
-// gets the chosen format: WAV for PCM, otherwise VOX. Rate and channels stay those of the document
-// unless the kind of file cannot carry them: then the nearest that it can. FormatNotSupported for
-// what is known and not written.
+// `type` chooses the kind of file; with Default the name's extension does. The chosen format
+// applies to what can have it, and to unknown extensions; all others get rate and channels of the
+// document, or the nearest that the kind of file can carry. FormatNotSupported for what is known
+// and not written, AcmDriver when the chosen format that applies has no encoder.
 Outcome<OutputPlan> PlanOutput(const std::filesystem::path& name, FormatType type,
                                const OutputSettings& settings);
 

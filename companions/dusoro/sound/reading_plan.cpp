@@ -56,9 +56,12 @@ std::string ExtensionOf(const std::filesystem::path& name) {
 }
 
 Outcome<ReadingPlan> PlanReading(std::span<const std::byte> head, const std::filesystem::path& name,
-                                 FormatType type) {
-    const ReadingPlan vox{{Sndfile}, true};
+                                 FormatType type, const OutputFormat& chosen) {
+    const ReadingPlan vox{
+        {Sndfile}, chosen.Kind == Coding::Vox && !chosen.Headerless ? chosen : OutputFormat()};
     if (type == FormatType::Vox) return vox;
+    const ReadingPlan raw{{Sndfile}, chosen};
+    if (type == FormatType::Raw && chosen.Headerless) return raw;
 
     const std::string_view text(reinterpret_cast<const char*>(head.data()), head.size());
     for (const Magic& magic : kSndfileFirst)
@@ -70,6 +73,7 @@ Outcome<ReadingPlan> PlanReading(std::span<const std::byte> head, const std::fil
 
     const std::string extension = ExtensionOf(name);
     if (extension == "vox") return vox;
+    if (chosen.Headerless && ContainerFor(chosen, extension)) return raw;
     // What these bytes are would be a guess.
     if (IsHeaderless(type) || IsHeaderless(extension)) return SoundError::FormatNotSupported;
     return IsFfmpegsOwn(text) ? ReadingPlan{{Ffmpeg}} : ReadingPlan{{Ffmpeg, Sndfile}};

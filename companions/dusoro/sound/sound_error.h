@@ -13,6 +13,8 @@ enum class SoundError : std::int32_t {
     FormatFile = -12,
     // A kind of file that is known, but not read or not written here.
     FormatNotSupported = -13,
+    // The chosen format has no encoder.
+    AcmDriver = -17,
     // Missing, a folder, not permitted, no space.
     FileAccess = -18,
 };

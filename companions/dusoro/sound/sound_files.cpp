@@ -45,7 +45,8 @@ private:
 }  // namespace
 
 Outcome<std::unique_ptr<SoundReader>> SoundFiles::Open(const std::filesystem::path& path,
-                                                       FormatType type) const {
+                                                       FormatType type,
+                                                       const OutputFormat& chosen) const {
     const std::shared_ptr<platform::File> file = inputs_->OpenForReading(path);
     if (!file) return SoundError::FileAccess;
     std::array<std::byte, kHeadSize> head{};
@@ -53,9 +54,9 @@ Outcome<std::unique_ptr<SoundReader>> SoundFiles::Open(const std::filesystem::pa
     if (!got) return SoundError::FileAccess;
     if (*got == 0) return SoundError::FormatFile;
 
-    const auto plan = PlanReading(std::span(head).first(*got), path, type);
+    const auto plan = PlanReading(std::span(head).first(*got), path, type, chosen);
     if (!plan) return plan.Error;
-    const ReadingHint hint{plan.Result.Vox, ExtensionOf(path)};
+    const ReadingHint hint{plan.Result.Headerless, ExtensionOf(path)};
     // That one library knows the kind of file says more than that the others do not.
     SoundError error = SoundError::FormatFile;
     for (const DecoderKind kind : plan.Result.Candidates) {
@@ -76,8 +77,7 @@ Outcome<std::unique_ptr<SoundWriter>> SoundFiles::Create(const std::filesystem::
                                                          const OutputSettings& settings) const {
     const auto plan = PlanOutput(path, type, settings);
     if (!plan) return plan.Error;
-    const Encoder* encoder =
-        plan.Result.Kind == Container::Mp3 ? backends_.Lame() : backends_.SndfileEncoder();
+    const Encoder* encoder = backends_.EncoderOf(EncoderFor(plan.Result.Format));
     if (!encoder) return SoundError::FormatNotSupported;
 
     std::error_code reason;
@@ -87,6 +87,11 @@ Outcome<std::unique_ptr<SoundWriter>> SoundFiles::Create(const std::filesystem::
     if (!created) return created.Error;
     return std::unique_ptr<SoundWriter>(
         std::make_unique<SavedSound>(std::move(file), std::move(created.Result)));
+}
+
+bool SoundFiles::Has(const OutputFormat& format) const {
+    const Encoder* encoder = backends_.EncoderOf(EncoderFor(format));
+    return encoder && encoder->Has(format);
 }
 
 bool SoundFiles::ReadAs(std::unique_ptr<SoundReader>& reader, PcmFormat wanted) const {

@@ -24,14 +24,18 @@ public:
           outputs_(std::move(outputs)),
           backends_(std::move(backends)) {}
 
-    // A reader at the file's own rate, mono or stereo.
-    Outcome<std::unique_ptr<SoundReader>> Open(const std::filesystem::path& path,
-                                               FormatType type) const;
+    // A reader at the file's own rate, mono or stereo. `chosen` says how files without a header are
+    // to be read.
+    Outcome<std::unique_ptr<SoundReader>> Open(const std::filesystem::path& path, FormatType type,
+                                               const OutputFormat& chosen = {}) const;
 
     // A writer whose file takes the name, in place of an older one, when Finish succeeds; without
     // that nothing is left of it.
     Outcome<std::unique_ptr<SoundWriter>> Create(const std::filesystem::path& path, FormatType type,
                                                  const OutputSettings& settings) const;
+
+    // Whether there is an encoder that has exactly this format.
+    bool Has(const OutputFormat& format) const;
 
     // Puts a conversion between `reader` and a caller that reads `wanted`, or `writer` and
     // one that delivers `given`, where one is needed; neither has begun. False, and nothing has

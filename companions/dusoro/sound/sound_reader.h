@@ -2,9 +2,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 
+#include "companions/dusoro/sound/output_format.h"
 #include "companions/dusoro/sound/pcm_format.h"
 
 namespace mavrin2::dusoro {
@@ -16,6 +18,8 @@ struct SourceDescription {
     std::int32_t BitsPerSample = 16;
     bool PlainPcm = false;
     std::string Text;  // readable, UTF-8
+    // How such a file is written, where it can be.
+    std::optional<OutputFormat> Format = {};
 };
 
 // A sound that is being read from its beginning to its end.

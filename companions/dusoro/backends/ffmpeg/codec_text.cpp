@@ -55,6 +55,31 @@ std::int32_t BitsOf(const AVCodecParameters& parameters) {
     return 16;
 }
 
+std::optional<Coding> WrittenCoding(AVCodecID id) {
+    switch (id) {
+        case AV_CODEC_ID_MP3:
+            return Coding::Mp3;
+        case AV_CODEC_ID_MP2:
+            return Coding::Mp2;
+        case AV_CODEC_ID_VORBIS:
+            return Coding::Vorbis;
+        case AV_CODEC_ID_OPUS:
+            return Coding::Opus;
+        case AV_CODEC_ID_WMAV1:
+        case AV_CODEC_ID_WMAV2:
+            return Coding::Wma;
+        case AV_CODEC_ID_ADPCM_G726:
+            return Coding::G726;
+        default:
+            return std::nullopt;
+    }
+}
+
+std::int64_t BitRateOf(const AVFormatContext& context, const AVCodecParameters& parameters) {
+    if (parameters.bit_rate > 0) return parameters.bit_rate;
+    return context.nb_streams == 1 ? context.bit_rate : 0;
+}
+
 }  // namespace
 
 CodingText DescribeCoding(const AVFormatContext& context, const AVStream& stream, std::int32_t rate,
@@ -78,9 +103,12 @@ CodingText DescribeCoding(const AVFormatContext& context, const AVStream& stream
                                    rate, coding.Bits, channels);
         return coding;
     }
-    const std::int64_t bitRate = parameters.bit_rate > 0   ? parameters.bit_rate
-                                 : context.nb_streams == 1 ? context.bit_rate
-                                                           : 0;
+    const std::int64_t bitRate = BitRateOf(context, parameters);
+    if (const auto written = WrittenCoding(id)) {
+        coding.Format = OutputFormat{*written, {rate, channels}, BitsOf(parameters)};
+        coding.Format->Rates.Nominal =
+            static_cast<std::int32_t>(std::clamp<std::int64_t>(bitRate / 1000, 0, 1000));
+    }
     const bool ogg = id == AV_CODEC_ID_VORBIS && av_match_name("ogg", context.iformat->name) != 0;
     coding.Text = TextWithBitRate(ogg ? "Ogg Vorbis" : NameOf(id), rate, bitRate, channels);
     return coding;

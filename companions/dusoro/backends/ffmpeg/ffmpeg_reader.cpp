@@ -100,6 +100,7 @@ SoundError FfmpegReader::Start() {
     description_.BitsPerSample = coding.Bits;
     description_.PlainPcm = coding.Pcm;
     description_.Text = coding.Text;
+    description_.Format = coding.Format;
     renderer_ = std::make_unique<FrameRenderer>(description_.Delivered.Channels);
     return SoundError::None;
 }

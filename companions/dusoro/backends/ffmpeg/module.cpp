@@ -1,17 +1,32 @@
+#include "companions/dusoro/backends/ffmpeg/av_encoder.h"
 #include "companions/dusoro/backends/ffmpeg/ffmpeg_reader.h"
+#include "companions/dusoro/backends/ffmpeg/ffmpeg_writer.h"
 
 namespace mavrin2::dusoro {
 namespace {
 
-class FfmpegDecoder final : public Decoder {
-public:
-    // FFmpeg writes its complaints about damaged files to the terminal otherwise. The level is the
-    // whole process's, and so is FFmpeg.
-    FfmpegDecoder() { av_log_set_level(AV_LOG_QUIET); }
+// FFmpeg writes its complaints about damaged files and refused settings to the terminal otherwise.
+// The level is the whole process's, and so is FFmpeg.
+struct Quiet {
+    Quiet() { av_log_set_level(AV_LOG_QUIET); }
+};
 
+class FfmpegDecoder final : public Decoder, Quiet {
+public:
     Outcome<std::unique_ptr<SoundReader>> Open(const std::shared_ptr<platform::File>& file,
                                                const ReadingHint& hint) const override {
         return FfmpegReader::Open(file, hint);
+    }
+};
+
+class FfmpegEncoder final : public Encoder, Quiet {
+public:
+    Outcome<std::unique_ptr<SoundWriter>> Create(platform::File& file,
+                                                 const OutputPlan& plan) const override {
+        return FfmpegWriter::Create(file, plan);
+    }
+    bool Has(const OutputFormat& format) const override {
+        return OpenEncoder(format, false) != nullptr;
     }
 };
 
@@ -21,4 +36,9 @@ public:
 MAVRIN2_DUSORO_EXPORT const mavrin2::dusoro::Decoder* Mavrin2DusoroDecoder() {
     static const mavrin2::dusoro::FfmpegDecoder decoder;
     return &decoder;
+}
+
+MAVRIN2_DUSORO_EXPORT const mavrin2::dusoro::Encoder* Mavrin2DusoroEncoder() {
+    static const mavrin2::dusoro::FfmpegEncoder encoder;
+    return &encoder;
 }

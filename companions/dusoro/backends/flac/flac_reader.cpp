@@ -40,6 +40,7 @@ void FlacReader::Describe(std::int64_t fileBytes) {
     description_.Delivered = {rate, std::min(channels, 2)};
     description_.BitsPerSample = bits;
     description_.Text = TextWithBits("FLAC", rate, bits, channels);
+    description_.Format = OutputFormat{Coding::Flac, description_.Delivered, bits};
     // An encoder that could not go back to its header leaves 0 there. Music shrinks to some 60 %.
     const std::int64_t guess = fileBytes * 8 / (std::int64_t{bits} * channels) * 5 / 3;
     const auto told = static_cast<std::int64_t>(info_->total_samples);

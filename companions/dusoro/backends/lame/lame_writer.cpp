@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdarg>
 
+#include "companions/dusoro/backends/lame/lame_parameters.h"
 #include "companions/dusoro/sound/format_text.h"
 
 namespace mavrin2::dusoro {
@@ -12,15 +13,6 @@ constexpr std::size_t kBlockFrames = 18'432;  // 16 frames of MPEG
 
 // The library's messages are for debugging it.
 void Quiet(const char*, va_list) {}
-
-// kbit/s at a constant rate: transparent for most ears at the full rate, in proportion below, and
-// never so little that the frames could not hold the tag that states the length.
-int BitRateFor(PcmFormat format) {
-    const bool stereo = format.Channels == 2;
-    if (format.Rate >= 32000) return stereo ? 192 : 96;
-    if (format.Rate >= 16000) return stereo ? 96 : 64;
-    return stereo ? 64 : 32;
-}
 
 }  // namespace
 
@@ -32,21 +24,23 @@ Outcome<std::unique_ptr<SoundWriter>> LameWriter::Create(platform::File& file,
     lame_set_errorf(flags, Quiet);
     lame_set_debugf(flags, Quiet);
     lame_set_msgf(flags, Quiet);
-    const auto [rate, channels] = plan.Carried;
-    const int bitRate = BitRateFor(plan.Carried);
+    const auto [rate, channels] = plan.Format.Format;
     lame_set_in_samplerate(flags, rate);
     lame_set_out_samplerate(flags, rate);
     lame_set_num_channels(flags, channels);
-    lame_set_mode(flags, channels == 2 ? JOINT_STEREO : MONO);
-    lame_set_brate(flags, bitRate);
-    lame_set_quality(flags, 5);
-    // The frame in front from which readers know the exact length.
-    lame_set_bWriteVbrTag(flags, 1);
     lame_set_write_id3tag_automatic(flags, 0);
+    if (plan.Format.Lame)
+        ApplySettings(flags, *plan.Format.Lame, rate, channels);
+    else
+        ApplyConstantRate(flags, plan.Format);
     if (lame_init_params(flags) < 0) return SoundError::FormatNotSupported;
 
+    // A mean bit rate is what variable rates turn out to have.
+    const int bitRate = lame_get_VBR(flags) == vbr_off   ? lame_get_brate(flags)
+                        : lame_get_VBR(flags) == vbr_abr ? lame_get_VBR_mean_bitrate_kbps(flags)
+                                                         : 0;
     OutputDescription description{
-        plan.Carried, 16, false,
+        plan.Format.Format, 16, false,
         TextWithBitRate("MP3", rate, std::int64_t{bitRate} * 1000, channels)};
     return std::unique_ptr<SoundWriter>(
         new LameWriter(file, std::move(encoder), std::move(description)));
@@ -92,7 +86,8 @@ bool LameWriter::Finish() {
     const std::size_t tag =
         lame_get_lametag_frame(encoder_.get(), encoded_.data(), encoded_.size());
     if (tag > encoded_.size()) return false;
-    return file_.Write(0, std::as_bytes(std::span(encoded_).first(tag)));
+    // Without a tag frame its place is sound.
+    return tag == 0 || file_.Write(0, std::as_bytes(std::span(encoded_).first(tag)));
 }
 
 }  // namespace mavrin2::dusoro

@@ -3,7 +3,10 @@
 #include <sndfile.h>
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
+
+#include "companions/dusoro/sound/output_format.h"
 
 namespace mavrin2::dusoro {
 
@@ -15,6 +18,7 @@ struct SndfileSubtype {
     std::string_view Name;
     std::int32_t Bits;
     SndfileCoding Coding;
+    std::optional<dusoro::Coding> Written = {};  // where such files are written here
 };
 
 // Null for one that is not read here.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "companions/dusoro/backends/sndfile/headerless.h"
 #include "companions/dusoro/backends/sndfile/sndfile_formats.h"
 #include "companions/dusoro/sound/format_text.h"
 #include "companions/dusoro/sound/plausible_length.h"
@@ -70,11 +71,7 @@ Outcome<std::unique_ptr<SoundReader>> SndfileReader::Open(std::shared_ptr<platfo
     reader->file_ = std::move(file);
     reader->stream_.File = reader->file_.get();
     SF_INFO info{};
-    if (hint.Vox) {
-        info.format = SF_FORMAT_RAW | SF_FORMAT_VOX_ADPCM;
-        info.samplerate = 8000;
-        info.channels = 1;
-    }
+    if (hint.Headerless) reader->OpenHeaderless(*hint.Headerless, info);
     reader->handle_.reset(reader->stream_.Open(SFM_READ, info));
     if (!reader->handle_) return LastError();
     if (info.samplerate < 1 || info.samplerate > kHighestRate || info.channels < 1 ||
@@ -87,6 +84,35 @@ Outcome<std::unique_ptr<SoundReader>> SndfileReader::Open(std::shared_ptr<platfo
     return std::unique_ptr<SoundReader>(std::move(reader));
 }
 
+void SndfileReader::OpenHeaderless(const OutputFormat& format, SF_INFO& info) {
+    if (NeedsHiddenHeader(format, Container::Raw)) {
+        headed_ = WithHeader(*file_, WavHeader(format));
+        stream_.File = headed_.get();
+        return;
+    }
+    info.format = SndfileFormatOf(format, Container::Raw);
+    info.samplerate = format.Format.Rate;
+    info.channels = format.Format.Channels;
+}
+
+// A last block that was filled up: the file says how much of it is sound.
+void SndfileReader::LimitToFrameCount() {
+    SF_CHUNK_INFO chunk{};
+    std::copy_n("fact", 4, chunk.id);
+    chunk.id_size = 4;
+    SF_CHUNK_ITERATOR* found = sf_get_chunk_iterator(handle_.get(), &chunk);
+    std::array<unsigned char, 4> bytes{};
+    if (!found || sf_get_chunk_size(found, &chunk) != SF_ERR_NO_ERROR || chunk.datalen < 4) return;
+    chunk.datalen = bytes.size();
+    chunk.data = bytes.data();
+    if (sf_get_chunk_data(found, &chunk) != SF_ERR_NO_ERROR) return;
+    const std::int64_t count =
+        std::int64_t{bytes[0]} | bytes[1] << 8 | bytes[2] << 16 | std::int64_t{bytes[3]} << 24;
+    constexpr std::int64_t kLargestBlock = 8192;
+    if (count > description_.Frames || count + kLargestBlock <= description_.Frames) return;
+    description_.Frames = left_ = count;
+}
+
 void SndfileReader::Describe(const SF_INFO& info) {
     const SndfileSubtype& subtype = *FindSubtype(info.format);
     description_.SourceRate = info.samplerate;
@@ -97,6 +123,13 @@ void SndfileReader::Describe(const SF_INFO& info) {
     description_.Text =
         subtype.Bits > 0 ? TextWithBits(subtype.Name, info.samplerate, subtype.Bits, info.channels)
                          : TextWithBitRate(subtype.Name, info.samplerate, 0, info.channels);
+
+    if (subtype.Written)
+        description_.Format = OutputFormat{*subtype.Written, description_.Delivered, subtype.Bits};
+    const int major = info.format & SF_FORMAT_TYPEMASK;
+    if (subtype.Coding == SndfileCoding::Lossy &&
+        (major == SF_FORMAT_WAV || major == SF_FORMAT_WAVEX))
+        LimitToFrameCount();
 
     if (info.channels > 2) {
         downMix_.emplace(Speakers(info.channels));
@@ -121,8 +154,16 @@ std::vector<Speaker> SndfileReader::Speakers(int channels) {
 }
 
 std::size_t SndfileReader::Read(std::span<std::int16_t> samples) {
-    const std::size_t frames =
-        samples.size() / static_cast<std::size_t>(description_.Delivered.Channels);
+    const auto channels = static_cast<std::size_t>(description_.Delivered.Channels);
+    const std::size_t wanted = samples.size() / channels;
+    const auto frames =
+        static_cast<std::size_t>(std::min<std::int64_t>(left_, static_cast<std::int64_t>(wanted)));
+    const std::size_t read = ReadFrames(samples.first(frames * channels), frames);
+    left_ -= static_cast<std::int64_t>(read);
+    return read;
+}
+
+std::size_t SndfileReader::ReadFrames(std::span<std::int16_t> samples, std::size_t frames) {
     if (downMix_) return ReadMixed(samples.data(), frames);
     switch (native_) {
         case Native::Short: {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <limits>
 #include <optional>
 #include <vector>
 
@@ -22,7 +23,10 @@ private:
     enum class Native : std::uint8_t { Short, Pairs, Int, Float, Double };
 
     SndfileReader() = default;
+    void OpenHeaderless(const OutputFormat& format, SF_INFO& info);
     void Describe(const SF_INFO& info);
+    void LimitToFrameCount();
+    std::size_t ReadFrames(std::span<std::int16_t> samples, std::size_t frames);
     std::vector<Speaker> Speakers(int channels);
     std::size_t ReadPairs(std::span<std::int16_t> samples);
     std::size_t ReadMixed(std::int16_t* out, std::size_t frames);
@@ -31,9 +35,11 @@ private:
                               std::vector<Sample>& block, std::int16_t* out, std::size_t frames);
 
     std::shared_ptr<platform::File> file_;
+    std::unique_ptr<platform::File> headed_;
     SndfileStream stream_;
     SndfileHandle handle_;
     SourceDescription description_;
+    std::int64_t left_ = std::numeric_limits<std::int64_t>::max();  // frames to be delivered
     Native native_ = Native::Short;
     std::optional<DownMix> downMix_;
     std::vector<std::int16_t> pairs_;

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <string_view>
 
-#include "companions/dusoro/sound/format_text.h"
+#include "companions/dusoro/backends/sndfile/headerless.h"
 
 namespace mavrin2::dusoro {
 namespace {
@@ -13,96 +14,61 @@ namespace {
 constexpr double kVorbisQuality = 0.5;
 constexpr std::size_t kBlock = 16384;
 
-int PcmSubtype(Container kind, std::int32_t bits) {
-    switch (bits) {
-        case 8:
-            return kind == Container::Wav ? SF_FORMAT_PCM_U8 : SF_FORMAT_PCM_S8;
-        case 24:
-            return SF_FORMAT_PCM_24;
-        case 32:
-            return SF_FORMAT_PCM_32;
-        default:
-            return SF_FORMAT_PCM_16;
-    }
+bool IsPcm(const OutputPlan& plan) {
+    return plan.Format.Kind == Coding::Pcm;
 }
 
-int SndfileFormat(const OutputPlan& plan) {
-    switch (plan.Kind) {
-        case Container::Wav:
-            return SF_FORMAT_WAV | PcmSubtype(plan.Kind, plan.BitsPerSample);
-        case Container::Aiff:
-            return SF_FORMAT_AIFF | PcmSubtype(plan.Kind, plan.BitsPerSample);
-        case Container::Flac:
-            return SF_FORMAT_FLAC | SF_FORMAT_PCM_16;
-        case Container::OggVorbis:
-            return SF_FORMAT_OGG | SF_FORMAT_VORBIS;
-        case Container::Opus:
-            return SF_FORMAT_OGG | SF_FORMAT_OPUS;
-        case Container::Vox:
-            return SF_FORMAT_RAW | SF_FORMAT_VOX_ADPCM;
-        default:
-            return 0;
-    }
-}
-
-bool IsPcm(Container kind) {
-    return kind == Container::Wav || kind == Container::Aiff;
+// Codings whose last block is filled up, in a file that can say how much of it is sound.
+bool CountsFrames(const OutputPlan& plan) {
+    using enum Coding;
+    const Coding kind = plan.Format.Kind;
+    return plan.File == Container::Wav && (kind == MsAdpcm || kind == ImaAdpcm || kind == Gsm);
 }
 
 OutputDescription Describe(const OutputPlan& plan) {
-    const auto [rate, channels] = plan.Carried;
-    OutputDescription made{plan.Carried, 16, IsPcm(plan.Kind), {}};
-    switch (plan.Kind) {
-        case Container::Flac:
-            made.Text = TextWithBits("FLAC", rate, 16, channels);
-            break;
-        case Container::OggVorbis:
-            made.Text = TextWithBitRate("Ogg Vorbis", rate, 0, channels);
-            break;
-        case Container::Opus:
-            made.Text = TextWithBitRate("Opus", rate, 0, channels);
-            break;
-        case Container::Vox:
-            made.Text = TextWithBits("VOX ADPCM", rate, 4, channels);
-            break;
-        default:
-            made.BitsPerSample = plan.BitsPerSample;
-            made.Text = TextWithBits("PCM", rate, plan.BitsPerSample, channels);
-    }
-    return made;
+    return {plan.Format.Format, IsPcm(plan) ? plan.Format.Bits : 16, IsPcm(plan),
+            TextOf(plan.Format)};
 }
 
 }  // namespace
 
 Outcome<std::unique_ptr<SoundWriter>> SndfileWriter::Create(platform::File& file,
                                                             const OutputPlan& plan) {
-    std::unique_ptr<SndfileWriter> writer(new SndfileWriter(plan));
-    writer->stream_.File = &file;
+    std::unique_ptr<SndfileWriter> writer(new SndfileWriter(file, plan));
+    if (NeedsHiddenHeader(plan.Format, plan.File)) {
+        writer->beheaded_ = WithoutHeader(file, WavHeader(plan.Format).size());
+        writer->stream_.File = writer->beheaded_.get();
+    }
     SF_INFO info{};
-    info.samplerate = plan.Carried.Rate;
-    info.channels = plan.Carried.Channels;
-    info.format = SndfileFormat(plan);
+    info.samplerate = plan.Format.Format.Rate;
+    info.channels = plan.Format.Format.Channels;
+    info.format = SndfileFormatOf(plan.Format, writer->beheaded_ ? Container::Wav : plan.File);
     writer->handle_.reset(writer->stream_.Open(SFM_WRITE, info));
     if (writer->stream_.Failed) return SoundError::FileAccess;
     if (!writer->handle_) return SoundError::FormatNotSupported;
-    if (plan.Kind == Container::OggVorbis) {
-        double quality = kVorbisQuality;
+    if (plan.Format.Kind == Coding::Vorbis) {
+        double quality = plan.Format.Quality ? *plan.Format.Quality / 10.0 : kVorbisQuality;
         sf_command(writer->handle_.get(), SFC_SET_VBR_ENCODING_QUALITY, &quality, sizeof quality);
     }
     return std::unique_ptr<SoundWriter>(std::move(writer));
 }
 
-SndfileWriter::SndfileWriter(const OutputPlan& plan) : plan_(plan), description_(Describe(plan)) {
-    // The sizes in their headers have 32 bits; 4096 bytes are left for the headers.
-    bytesLeft_ = IsPcm(plan.Kind) ? std::int64_t{0xFFFFFFFF} - 4096
-                                  : std::numeric_limits<std::int64_t>::max();
+SndfileWriter::SndfileWriter(platform::File& file, const OutputPlan& plan)
+    : file_(file), plan_(plan), description_(Describe(plan)) {
+    stream_.File = &file;
+    // The sizes in the headers have 32 bits; 4096 bytes are left for the headers.
+    const bool sized =
+        plan.File == Container::Wav || plan.File == Container::Aiff || plan.File == Container::Au;
+    bytesLeft_ = sized ? std::int64_t{0xFFFFFFFF} - 4096 : std::numeric_limits<std::int64_t>::max();
 }
 
 bool SndfileWriter::Write(std::span<const std::int16_t> samples) {
-    bytesLeft_ -= static_cast<std::int64_t>(samples.size()) * plan_.BitsPerSample / 8;
+    const auto values = static_cast<std::int64_t>(samples.size());
+    frames_ += values / plan_.Format.Format.Channels;
+    bytesLeft_ -= values * (IsPcm(plan_) ? plan_.Format.Bits : 8) / 8;
     if (bytesLeft_ < 0) return false;
-    if (plan_.Kind == Container::Vox) return AppendInPairs(samples);
-    return plan_.BitsPerSample == 8 ? AppendAsBytes(samples) : Append(samples);
+    if (plan_.Format.Kind == Coding::Vox) return AppendInPairs(samples);
+    return IsPcm(plan_) && plan_.Format.Bits == 8 ? AppendAsBytes(samples) : Append(samples);
 }
 
 bool SndfileWriter::Append(std::span<const std::int16_t> samples) {
@@ -145,7 +111,22 @@ bool SndfileWriter::Finish() {
         const std::array<std::int16_t, 2> pair = {*held_, 0};
         if (!Append(pair)) return false;
     }
-    return sf_close(handle_.release()) == 0 && !stream_.Failed;
+    if (sf_close(handle_.release()) != 0 || stream_.Failed) return false;
+    return !CountsFrames(plan_) || StoreFrameCount();
+}
+
+// libsndfile counts whole blocks.
+bool SndfileWriter::StoreFrameCount() {
+    std::array<std::byte, 128> head{};
+    const auto got = file_.Read(0, head);
+    if (!got) return true;  // readers then get the whole last block
+    const std::string_view text(reinterpret_cast<const char*>(head.data()), *got);
+    const std::size_t chunk = text.find("fact");
+    if (chunk == std::string_view::npos || chunk + 12 > *got) return true;
+    std::array<std::byte, 4> count{};
+    for (unsigned i = 0; i < count.size(); ++i)
+        count[i] = static_cast<std::byte>(frames_ >> 8 * i);
+    return file_.Write(static_cast<std::int64_t>(chunk) + 8, count);
 }
 
 }  // namespace mavrin2::dusoro

@@ -18,16 +18,21 @@ public:
     bool Finish() override;
 
 private:
-    explicit SndfileWriter(const OutputPlan& plan);
+    SndfileWriter(platform::File& file, const OutputPlan& plan);
     bool Append(std::span<const std::int16_t> samples);
     bool AppendAsBytes(std::span<const std::int16_t> samples);
     bool AppendInPairs(std::span<const std::int16_t> samples);
 
+    bool StoreFrameCount();
+
+    platform::File& file_;
     OutputPlan plan_;
+    std::unique_ptr<platform::File> beheaded_;
     SndfileStream stream_;
     SndfileHandle handle_;
     OutputDescription description_;
     std::int64_t bytesLeft_;
+    std::int64_t frames_ = 0;
     std::vector<std::int16_t> block_;
     std::optional<std::int16_t> held_;  // half a byte of VOX
 };
