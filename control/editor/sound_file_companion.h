@@ -41,6 +41,12 @@ public:
     void SetFormatPCM(std::int32_t frequency, std::int32_t channels, std::int32_t bitsPerSample);
     void SetFormatVOX(std::int32_t frequency);
     void SetWmaMode(bool on);
+    // A call of the contract that only passes a host's choice of the output format.
+    template <class... Parameters, class... Arguments>
+    void Call(HRESULT (STDMETHODCALLTYPE contracts::IDusoro2::*method)(Parameters...),
+              Arguments... arguments) {
+        (companion_.Get()->*method)(static_cast<Parameters>(arguments)...);
+    }
 
     // Changes whenever the companion opens, starts or closes a file. An operation can see whether
     // the file it began with is still the one the companion holds.

@@ -4,10 +4,15 @@
 
 namespace mavrin2::automation {
 
+using interfaces::BitrateConstants;
+using interfaces::BitsPerSampleConstants;
 using interfaces::ChannelsConstants;
 using interfaces::FrequencyConstants;
 using interfaces::MousePointerConstants;
+using interfaces::Mp3LameMethodConstants;
+using interfaces::Mp3LameTypeStereoConstants;
 using interfaces::PlayTypeConstants;
+using interfaces::RawTypeCompressConstants;
 using interfaces::RecordTypeConstants;
 using interfaces::TrimConstants;
 using interfaces::TypeViewConstants;
@@ -92,12 +97,81 @@ const EnumerationDescription& EnumerationOf<PlayTypeConstants>() {
 }
 
 template <>
+const EnumerationDescription& EnumerationOf<BitrateConstants>() {
+    static const EnumerationDescription description{
+        "BitrateConstants",
+        interfaces::ID_BitrateConstants,
+        "Usual bit rates in kbit/s",
+        {MEMBER(BitrateConstants, BR_NONE), MEMBER(BitrateConstants, BR_8_KBPS),
+         MEMBER(BitrateConstants, BR_16_KBPS), MEMBER(BitrateConstants, BR_24_KBPS),
+         MEMBER(BitrateConstants, BR_32_KBPS), MEMBER(BitrateConstants, BR_40_KBPS),
+         MEMBER(BitrateConstants, BR_48_KBPS), MEMBER(BitrateConstants, BR_56_KBPS),
+         MEMBER(BitrateConstants, BR_64_KBPS), MEMBER(BitrateConstants, BR_80_KBPS),
+         MEMBER(BitrateConstants, BR_96_KBPS), MEMBER(BitrateConstants, BR_112_KBPS),
+         MEMBER(BitrateConstants, BR_128_KBPS), MEMBER(BitrateConstants, BR_160_KBPS),
+         MEMBER(BitrateConstants, BR_192_KBPS), MEMBER(BitrateConstants, BR_224_KBPS),
+         MEMBER(BitrateConstants, BR_256_KBPS), MEMBER(BitrateConstants, BR_320_KBPS),
+         MEMBER(BitrateConstants, BR_350_KBPS)}};
+    return description;
+}
+
+template <>
 const EnumerationDescription& EnumerationOf<RecordTypeConstants>() {
     static const EnumerationDescription description{
         "RecordTypeConstants",
         interfaces::ID_RecordTypeConstants,
         "What a recording does with the sound that is there",
         {MEMBER(RecordTypeConstants, RECORD_CLEAR), MEMBER(RecordTypeConstants, RECORD_MIX)}};
+    return description;
+}
+
+template <>
+const EnumerationDescription& EnumerationOf<BitsPerSampleConstants>() {
+    static const EnumerationDescription description{
+        "BitsPerSampleConstants",
+        interfaces::ID_BitsPerSampleConstants,
+        "Bits of one sample",
+        {MEMBER(BitsPerSampleConstants, BPS_2_BIT), MEMBER(BitsPerSampleConstants, BPS_3_BIT),
+         MEMBER(BitsPerSampleConstants, BPS_4_BIT), MEMBER(BitsPerSampleConstants, BPS_5_BIT),
+         MEMBER(BitsPerSampleConstants, BPS_8_BIT), MEMBER(BitsPerSampleConstants, BPS_16_BIT),
+         MEMBER(BitsPerSampleConstants, BPS_24_BIT), MEMBER(BitsPerSampleConstants, BPS_32_BIT)}};
+    return description;
+}
+
+template <>
+const EnumerationDescription& EnumerationOf<RawTypeCompressConstants>() {
+    static const EnumerationDescription description{
+        "RawTypeCompressConstants",
+        interfaces::ID_RawTypeCompressConstants,
+        "Coding of samples without a header",
+        {MEMBER(RawTypeCompressConstants, PCM), MEMBER(RawTypeCompressConstants, ALAW),
+         MEMBER(RawTypeCompressConstants, ULAW), MEMBER(RawTypeCompressConstants, GSM),
+         MEMBER(RawTypeCompressConstants, IMA_ADPCM), MEMBER(RawTypeCompressConstants, MS_ADPCM)}};
+    return description;
+}
+
+template <>
+const EnumerationDescription& EnumerationOf<Mp3LameMethodConstants>() {
+    static const EnumerationDescription description{
+        "Mp3LameMethodConstants",
+        interfaces::ID_Mp3LameMethodConstants,
+        "How the bit rate of MP3 changes",
+        {MEMBER(Mp3LameMethodConstants, VBR_NONE), MEMBER(Mp3LameMethodConstants, VBR_DEFAULT),
+         MEMBER(Mp3LameMethodConstants, VBR_OLD), MEMBER(Mp3LameMethodConstants, VBR_NEW),
+         MEMBER(Mp3LameMethodConstants, VBR_MTRH), MEMBER(Mp3LameMethodConstants, VBR_ABR)}};
+    return description;
+}
+
+template <>
+const EnumerationDescription& EnumerationOf<Mp3LameTypeStereoConstants>() {
+    static const EnumerationDescription description{
+        "Mp3LameTypeStereoConstants",
+        interfaces::ID_Mp3LameTypeStereoConstants,
+        "How MP3 has two channels",
+        {MEMBER(Mp3LameTypeStereoConstants, SIMPLY),
+         MEMBER(Mp3LameTypeStereoConstants, JOINTSTEREO),
+         MEMBER(Mp3LameTypeStereoConstants, FORCEDJOINTSTEREO),
+         MEMBER(Mp3LameTypeStereoConstants, DUALCHANNEL)}};
     return description;
 }
 

@@ -62,6 +62,69 @@ enum class MousePointerConstants : std::int32_t {
     vbCustom = 99
 };
 
+// Bit rates in kbit/s. BR_NONE leaves the choice to the encoder.
+enum class BitrateConstants : std::int32_t {
+    BR_NONE = 0,
+    BR_8_KBPS = 8,
+    BR_16_KBPS = 16,
+    BR_24_KBPS = 24,
+    BR_32_KBPS = 32,
+    BR_40_KBPS = 40,
+    BR_48_KBPS = 48,
+    BR_56_KBPS = 56,
+    BR_64_KBPS = 64,
+    BR_80_KBPS = 80,
+    BR_96_KBPS = 96,
+    BR_112_KBPS = 112,
+    BR_128_KBPS = 128,
+    BR_160_KBPS = 160,
+    BR_192_KBPS = 192,
+    BR_224_KBPS = 224,
+    BR_256_KBPS = 256,
+    BR_320_KBPS = 320,
+    BR_350_KBPS = 350
+};
+
+// Bits of one sample.
+enum class BitsPerSampleConstants : std::int32_t {
+    BPS_2_BIT = 2,
+    BPS_3_BIT = 3,
+    BPS_4_BIT = 4,
+    BPS_5_BIT = 5,
+    BPS_8_BIT = 8,
+    BPS_16_BIT = 16,
+    BPS_24_BIT = 24,
+    BPS_32_BIT = 32
+};
+
+// Coding of samples without a header.
+enum class RawTypeCompressConstants : std::int32_t {
+    PCM = 1,
+    ALAW = 2,
+    ULAW = 3,
+    GSM = 4,
+    IMA_ADPCM = 5,
+    MS_ADPCM = 6
+};
+
+// How the bit rate of MP3 changes.
+enum class Mp3LameMethodConstants : std::int32_t {
+    VBR_NONE = -1,
+    VBR_DEFAULT = 0,
+    VBR_OLD = 1,
+    VBR_NEW = 2,
+    VBR_MTRH = 3,
+    VBR_ABR = 4
+};
+
+// How MP3 has two channels.
+enum class Mp3LameTypeStereoConstants : std::int32_t {
+    SIMPLY = 1,
+    JOINTSTEREO = 2,
+    FORCEDJOINTSTEREO = 3,
+    DUALCHANNEL = 4
+};
+
 }  // namespace mavrin2::interfaces
 
 namespace mavrin2::automation {
@@ -79,4 +142,14 @@ template <>
 const EnumerationDescription& EnumerationOf<interfaces::PlayTypeConstants>();
 template <>
 const EnumerationDescription& EnumerationOf<interfaces::RecordTypeConstants>();
+template <>
+const EnumerationDescription& EnumerationOf<interfaces::BitrateConstants>();
+template <>
+const EnumerationDescription& EnumerationOf<interfaces::BitsPerSampleConstants>();
+template <>
+const EnumerationDescription& EnumerationOf<interfaces::RawTypeCompressConstants>();
+template <>
+const EnumerationDescription& EnumerationOf<interfaces::Mp3LameMethodConstants>();
+template <>
+const EnumerationDescription& EnumerationOf<interfaces::Mp3LameTypeStereoConstants>();
 }  // namespace mavrin2::automation

@@ -33,6 +33,8 @@ inline constexpr CLSID CLSID_Mavrin2DeviceLine = ControlId(0x0501);
 inline constexpr IID IID_IMavrin2DeviceLine = ControlId(0x0502);
 inline constexpr CLSID CLSID_Mavrin2FileInfo = ControlId(0x0601);
 inline constexpr IID IID_IMavrin2FileInfo = ControlId(0x0602);
+inline constexpr CLSID CLSID_Mavrin2LameEnc = ControlId(0x0701);
+inline constexpr IID IID_IMavrin2LameEnc = ControlId(0x0702);
 inline constexpr CLSID CLSID_Mavrin2Markers = ControlId(0x0801);
 inline constexpr IID IID_IMavrin2Markers = ControlId(0x0802);
 inline constexpr CLSID CLSID_Mavrin2Position = ControlId(0x0901);
@@ -41,6 +43,8 @@ inline constexpr CLSID CLSID_Mavrin2Recorder = ControlId(0x0A01);
 inline constexpr IID IID_IMavrin2Recorder = ControlId(0x0A02);
 inline constexpr CLSID CLSID_Mavrin2Scale = ControlId(0x0B01);
 inline constexpr IID IID_IMavrin2Scale = ControlId(0x0B02);
+inline constexpr CLSID CLSID_Mavrin2FileFormat = ControlId(0x0C01);
+inline constexpr IID IID_IMavrin2FileFormat = ControlId(0x0C02);
 inline constexpr CLSID CLSID_Mavrin2Transform = ControlId(0x0D01);
 inline constexpr IID IID_IMavrin2Transform = ControlId(0x0D02);
 
@@ -51,12 +55,15 @@ inline constexpr GUID ID_TrimConstants = ControlId(0x2004);
 inline constexpr GUID ID_MousePointerConstants = ControlId(0x2005);
 inline constexpr GUID ID_PlayTypeConstants = ControlId(0x2006);
 inline constexpr GUID ID_RecordTypeConstants = ControlId(0x2007);
+inline constexpr GUID ID_BitrateConstants = ControlId(0x2010);
+inline constexpr GUID ID_BitsPerSampleConstants = ControlId(0x2011);
+inline constexpr GUID ID_RawTypeCompressConstants = ControlId(0x2012);
+inline constexpr GUID ID_Mp3LameMethodConstants = ControlId(0x2013);
+inline constexpr GUID ID_Mp3LameTypeStereoConstants = ControlId(0x2014);
 
 // Dispatch identifiers were planned for all members at once, so that none changes when a member
 // arrives. A future member of an existing interface is reserved in its virtual
 // table, with its identifier; of the events, 10, 15 and 17 stay free. Interfaces to come:
 //
-//   IMavrin2FileFormat   SetFormatFromMenu … SetFormatG726 1 … 18, availability 30, 31
-//   IMavrin2LameEnc      methods 1 … 3, properties 10 … 27, 29 … 32
 
 }  // namespace mavrin2::interfaces

@@ -6,8 +6,10 @@
 #include "control/interfaces/device_line.h"
 #include "control/interfaces/enumerations.h"
 #include "control/interfaces/events.h"
+#include "control/interfaces/file_format.h"
 #include "control/interfaces/file_info.h"
 #include "control/interfaces/identifiers.h"
+#include "control/interfaces/lame_enc.h"
 #include "control/interfaces/markers.h"
 #include "control/interfaces/mavrin2.h"
 #include "control/interfaces/position.h"
@@ -41,10 +43,19 @@ const std::vector<ClassDescription>& Classes() {
         SUB_OBJECT(Mavrin2Device, false),
         SUB_OBJECT(Mavrin2DeviceLine, false),
         SUB_OBJECT(Mavrin2FileInfo, false),
+        SUB_OBJECT(Mavrin2LameEnc, false),
         SUB_OBJECT(Mavrin2Markers, false),
         SUB_OBJECT(Mavrin2Position, false),
         SUB_OBJECT(Mavrin2Recorder, false),
         SUB_OBJECT(Mavrin2Scale, false),
+        {.Name = "Mavrin2FileFormat",
+         .Id = CLSID_Mavrin2FileFormat,
+         .Help = "Mavrin2FileFormat Class",
+         .Default = &DescriptionOf<IMavrin2FileFormat>,
+         // One letter short, as it has always been registered.
+         .VersionedProgId = "KovMavrin2.Mavrin2FileForma.1",
+         .ProgId = "KovMavrin2.Mavrin2FileFormat",
+         .Programmable = true},
         SUB_OBJECT(Mavrin2Transform, true),
     };
     return classes;
@@ -72,8 +83,10 @@ const automation::LibraryDescription& ControlLibrary() {
         {&EnumerationOf<FrequencyConstants>, &EnumerationOf<ChannelsConstants>,
          &EnumerationOf<TypeViewConstants>, &EnumerationOf<TrimConstants>,
          &EnumerationOf<MousePointerConstants>, &EnumerationOf<PlayTypeConstants>,
-         &EnumerationOf<RecordTypeConstants>, &EnumerationOf<FormatTypeConstants>,
-         &EnumerationOf<ErrorConstants>},
+         &EnumerationOf<RecordTypeConstants>, &EnumerationOf<BitrateConstants>,
+         &EnumerationOf<BitsPerSampleConstants>, &EnumerationOf<RawTypeCompressConstants>,
+         &EnumerationOf<Mp3LameMethodConstants>, &EnumerationOf<Mp3LameTypeStereoConstants>,
+         &EnumerationOf<FormatTypeConstants>, &EnumerationOf<ErrorConstants>},
         Interfaces(),
         Classes()};
     return library;

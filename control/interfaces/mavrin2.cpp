@@ -100,7 +100,7 @@ const InterfaceDescription& DescriptionOf<interfaces::IMavrin2>() {
             .Get<&I::get_Position>(117, "Position", "Selection, view and positions")
             .Get<&I::get_Channels>(118, "Channels", "Which channels are shown and edited")
             .Get<&I::get_Markers>(119, "Markers", "Marks in the sound")
-            .Reserved(1)
+            .Get<&I::get_FileFormat>(120, "FileFormat", "The format in which Save writes")
             .BooleanProperty<&I::get_PlaySpeedEnabled, &I::put_PlaySpeedEnabled>(
                 121, "PlaySpeedEnabled", "Whether PlaySpeedPercent is used")
             .Property<&I::get_PlaySpeedPercent, &I::put_PlaySpeedPercent>(

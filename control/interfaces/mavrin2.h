@@ -5,6 +5,7 @@
 #include "control/interfaces/colors.h"
 #include "control/interfaces/device.h"
 #include "control/interfaces/enumerations.h"
+#include "control/interfaces/file_format.h"
 #include "control/interfaces/file_info.h"
 #include "control/interfaces/identifiers.h"
 #include "control/interfaces/markers.h"
@@ -119,7 +120,7 @@ struct IMavrin2 : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE get_Position(IMavrin2Position** Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_Channels(IMavrin2Channel** Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_Markers(IMavrin2Markers** Value) = 0;
-    MAVRIN2_RESERVED(get_FileFormat, 120)
+    virtual HRESULT STDMETHODCALLTYPE get_FileFormat(IMavrin2FileFormat** Value) = 0;
     // Whether playback lasts PlaySpeedPercent of the usual time: 200 is half as fast, an octave
     // lower. Kept as written; what is outside 10 … 1000 plays as the nearest.
     virtual HRESULT STDMETHODCALLTYPE get_PlaySpeedEnabled(VARIANT_BOOL* Value) = 0;

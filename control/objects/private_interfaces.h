@@ -1,5 +1,6 @@
 #pragma once
 
+#include "companions/contracts/lame_settings_interface.h"
 #include "control/interfaces/identifiers.h"
 #include "control/view/style.h"
 
@@ -16,6 +17,12 @@ struct IScaleSettings : public IUnknown {
     static constexpr IID Id = interfaces::ControlId(0x8002);
     // May be changed; nothing is drawn for it.
     virtual view::ScaleSettings& STDMETHODCALLTYPE Get() = 0;
+};
+
+struct ILameCompanion : public IUnknown {
+    static constexpr IID Id = interfaces::ControlId(0x8003);
+    // The settings that the encoder reads; null when they could not be created. Not counted.
+    virtual contracts::ILameSettings* STDMETHODCALLTYPE Get() = 0;
 };
 
 }  // namespace mavrin2::objects

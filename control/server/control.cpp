@@ -321,6 +321,10 @@ STDMETHODIMP CMavrin2::get_Recorder(interfaces::IMavrin2Recorder** Value) {
     return GetPart(Value, parts_.Recorder);
 }
 
+STDMETHODIMP CMavrin2::get_FileFormat(interfaces::IMavrin2FileFormat** Value) {
+    return GetPart(Value, parts_.FileFormat);
+}
+
 STDMETHODIMP CMavrin2::get_Transform(interfaces::IMavrin2Transform** Value) {
     return GetPart(Value, parts_.Transform);
 }

@@ -80,6 +80,7 @@ public:
     STDMETHODIMP get_Position(interfaces::IMavrin2Position** Value) override;
     STDMETHODIMP get_Channels(interfaces::IMavrin2Channel** Value) override;
     STDMETHODIMP get_Markers(interfaces::IMavrin2Markers** Value) override;
+    STDMETHODIMP get_FileFormat(interfaces::IMavrin2FileFormat** Value) override;
     STDMETHODIMP get_PlaySpeedEnabled(VARIANT_BOOL* Value) override;
     STDMETHODIMP put_PlaySpeedEnabled(VARIANT_BOOL Value) override;
     STDMETHODIMP get_PlaySpeedPercent(FLOAT* Value) override;

@@ -31,10 +31,16 @@ template <class Object>
 constexpr bool kNeedsPorts = std::is_constructible_v<Object, IUnknown*, const platform::Ports&>;
 
 template <class Object>
+constexpr bool kNeedsCompanions =
+    std::is_constructible_v<Object, IUnknown*, const objects::CompanionFactory&>;
+
+template <class Object>
 HRESULT CreateObject(IUnknown* outer, REFIID iid, void** object) {
     return automation::Guarded([&] {
         if constexpr (kNeedsPorts<Object>)
             return Object::Create(outer, iid, object, platform::SystemPorts());
+        else if constexpr (kNeedsCompanions<Object>)
+            return Object::Create(outer, iid, object, SystemEnvironment().CreateCompanion);
         else
             return Object::Create(outer, iid, object);
     });
@@ -96,6 +102,21 @@ constexpr Part kOntiva{"KovOntiva is not registered.", 0,
                            if (parts.FileInfo) parts.FileInfo->Extra().Companion.Release();
                        }};
 
+// The settings of the MP3 encoder in use, which hosts replace by objects of the same class.
+constexpr Part kLameEnc{"MavrinLameEnc is not registered.",
+                        12,
+                        [](ControlParts& parts) {
+                            parts.LameEnc =
+                                objects::CMavrin2LameEnc::Make(parts.Environment.CreateCompanion)
+                                    .As<interfaces::IMavrin2LameEnc>();
+                            return S_OK;
+                        },
+                        [](ControlParts& parts) { parts.LameEnc.Reset(); },
+                        nullptr,
+                        nullptr,
+                        &automation::DescriptionOf<interfaces::IMavrin2LameEnc>,
+                        &CreateObject<objects::CMavrin2LameEnc>};
+
 // In the order of being made.
 constexpr Part kParts[] = {
     // Users know the text of the first row as it is.
@@ -138,6 +159,9 @@ constexpr Part kParts[] = {
     SubObject<&ControlParts::Recorder>(
         "Mavrin2Recorder is not registered.", 7,
         [](ControlParts& parts) { parts.Recorder->Attach(parts.Rimbal, parts.Identity); }),
+    SubObject<&ControlParts::FileFormat>(
+        "Mavrin2FileFormat is not registered.", 13,
+        [](ControlParts& parts) { parts.FileFormat->Attach(parts.Output, parts.Identity); }),
     SubObject<&ControlParts::Transform>("Mavrin2Transform is not registered.", 11,
                                         [](ControlParts& parts) {
                                             parts.Transform->Attach(parts.Editor->Transforms,
@@ -149,6 +173,7 @@ constexpr Part kParts[] = {
                                                                   17),
     Companion<&ControlParts::Dusoro, contracts::CLSID_KovDusoro2>("KovDusoro2 is not registered.",
                                                                   15),
+    kLameEnc,
     Companion<&ControlParts::Kestrin, contracts::CLSID_KovKestrin>("KovKestrin is not registered.",
                                                                    14),
     Companion<&ControlParts::Pindle, contracts::CLSID_KovPindle>("KovPindle is not registered.",

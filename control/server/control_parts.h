@@ -8,7 +8,9 @@
 #include "control/objects/channel.h"
 #include "control/objects/colors.h"
 #include "control/objects/device.h"
+#include "control/objects/file_format.h"
 #include "control/objects/file_info.h"
+#include "control/objects/lame_enc.h"
 #include "control/objects/markers.h"
 #include "control/objects/position.h"
 #include "control/objects/recorder.h"
@@ -26,8 +28,7 @@ namespace mavrin2::server {
 // What a control gets from outside: the system it runs on, and how its companions are created.
 struct ControlEnvironment {
     platform::Ports Ports;
-    // As CoCreateInstance of an in-process class.
-    std::function<HRESULT(REFCLSID id, REFIID iid, void** object)> CreateCompanion;
+    objects::CompanionFactory CreateCompanion;
 };
 
 // The running system and its component registry.
@@ -69,12 +70,16 @@ public:
     automation::ComPtr<objects::CMavrin2Channel> Channels;
     automation::ComPtr<objects::CMavrin2Markers> Markers;
     automation::ComPtr<objects::CMavrin2Recorder> Recorder;
+    automation::ComPtr<objects::CMavrin2FileFormat> FileFormat;
     automation::ComPtr<objects::CMavrin2Transform> Transform;
+    // The control's own at first, then that of the last SetFormatMP3Ex.
+    automation::ComPtr<interfaces::IMavrin2LameEnc> LameEnc;
     processing::PlaybackCompanion Velto;
     processing::RecordingCompanion Rimbal;
     editor::SoundFileCompanion Dusoro;
     processing::TransformCompanion Kestrin;
     editor::GrabberCompanion Pindle;
+    objects::OutputChoice Output{Dusoro, State.Format, LameEnc};
     std::unique_ptr<DocumentEditor> Editor;  // null until all parts are made
 
 private:

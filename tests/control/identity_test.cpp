@@ -54,7 +54,7 @@ TEST(Descriptions, KeepTheIdentifiersAndSlotsOfWhatHasArrived) {
          "UndoRedoCount=106@47,48 UndoEnabled=107@49 RedoEnabled=108@50 "
          "ScaleX=109@51,52 ScaleY=110@53,54 Colors=111@55,56 FileInfo=112@57 "
          "DeviceInput=113@58 DeviceOutput=114@59 Recorder=115@60 Transform=116@61 Position=117@62 "
-         "Channels=118@63 Markers=119@64 "
+         "Channels=118@63 Markers=119@64 FileFormat=120@65 "
          "PlaySpeedEnabled=121@66,67 PlaySpeedPercent=122@68,69 "
          "RecordVisualizationType=123@70,71 TypeBorder=124@72,73 TypeView=125@74,75 "
          "MarkerBarEnabled=126@76,77 MarkerBackgroundEnabled=127@78,79 "
@@ -94,6 +94,22 @@ TEST(Descriptions, KeepTheIdentifiersAndSlotsOfWhatHasArrived) {
          "Album=10@16,17 FormatString=11@18 Composer=12@19,20 URL=13@21,22 Track=14@23,24 "
          "EncodedBy=15@25,26 Comments=16@27,28 Copyright=17@29,30 Genre=18@31,32 GenreS=19@33,34 "
          "OriginalArtist=20@35,36 SaveExtraInfoEnabled=30@37,38 Mp3TagInfoVersion=40@39,40"},
+        {&DescriptionOf<interfaces::IMavrin2FileFormat>(),
+         "SetFormatFromMenu=1@7 SetFormatLikeSample=2@8 SetFormatPCM=3@9 SetFormatRAW=4@10 "
+         "SetFormatALAW=5@11 SetFormatULAW=6@12 SetFormatADPCM=7@13 SetFormatGSM=8@14 "
+         "SetFormatVOX=9@15 SetFormatDSP=10@16 SetFormatMP2=11@17 SetFormatMP3=12@18 "
+         "SetFormatMP3Ex=13@19 SetFormatOggVorbis=14@20 SetFormatWMA=15@21 SetFormatG721=16@22 "
+         "SetFormatG723=17@23 SetFormatG726=18@24 IsFormatMpegAvailable=30@25 "
+         "IsFormatOggVorbisAvailable=31@26"},
+        {&DescriptionOf<interfaces::IMavrin2LameEnc>(),
+         "SetParamsFromCommandLine=1@7 SetParamsFromPreset=2@8 SetParamsFromAltPreset=3@9 "
+         "VbrBitrate=10@10,11 VbrQuality=11@12,13 VbrCodingMethod=12@14,15 AbrBitrate=13@16,17 "
+         "TypeStereo=14@18,19 EncoderQuality=15@20,21 WritingVBRHeader=16@22,23 "
+         "BitReservoir=17@24,25 BlockTypeControl=18@26,27 ShortBlocks=19@28,29 "
+         "Emphasis=20@30,31 StrictISOCompliance=21@32,33 StrictlyEnforceMinBitrate=22@34,35 "
+         "ATHControlMode=23@36,37 LowPassFrequency=24@38,39 HighPassFrequency=25@40,41 "
+         "LowPassWidth=26@42,43 HighPassWidth=27@44,45 ErrorProtection=29@46,47 "
+         "Frequency=30@48,49 Channels=31@50,51 Bitrate=32@52,53"},
         {&DescriptionOf<interfaces::IMavrin2Markers>(),
          "Insert=1@7 Delete=2@8 Count=5@9 Num=6@10,11 Length=9@12,13 Position=10@14,15 "
          "Label=13@16,17 Note=14@18,19 Text=15@20,21 Color=16@22,23"},
@@ -114,7 +130,13 @@ TEST(Descriptions, KeepTheIdentifiersAndSlotsOfWhatHasArrived) {
          "FIRFilter=33@39 SmoothEnabled=40@40,41 SmoothTime=41@42,43"},
         {&DescriptionOf<contracts::IDusoro2>(),
          "OpenSoundFile=1@7 CloseFile=2@8 CreateSoundFile=3@9 WriteBlock=4@10 "
-         "ReadBlock=5@11 SetPcmFormat=8@14 SetFormatPCM=11@17 SetFormatVOX=17@23 GetLength=27@33 "
+         "ReadBlock=5@11 IsFormatMpegAvailable=6@12 IsFormatOggVorbisAvailable=7@13 "
+         "SetPcmFormat=8@14 "
+         "SetFormatFromMenu=9@15 SetFormatLikeSample=10@16 SetFormatPCM=11@17 SetFormatRAW=12@18 "
+         "SetFormatALAW=13@19 SetFormatULAW=14@20 SetFormatADPCM=15@21 SetFormatGSM=16@22 "
+         "SetFormatVOX=17@23 SetFormatDSP=18@24 SetFormatMP2=19@25 SetFormatMP3=20@26 "
+         "SetFormatMP3Ex=21@27 SetFormatOggVorbis=22@28 SetFormatWMA=23@29 SetFormatG721=24@30 "
+         "SetFormatG723=25@31 SetFormatG726=26@32 GetLength=27@33 "
          "GetSourceFrequency=28@34 GetFormatText=29@35 GetBitsPerSample=30@36 "
          "GetErrorCode=31@37 GetChannels=32@38 GetFrequency=33@39 GetFormatKind=34@40 "
          "SetWmaMode=35@41"},
