@@ -85,6 +85,24 @@ void PrintConversion(const Folder& data, const std::string& sound, LONG rate, LO
         limit, kRounds);
 }
 
+void PrintMp3(const Folder& data) {
+    const Folder out = data / "saved.tmp.mp3";
+    std::unique_ptr<Editor> editor;
+    PrintRatio("Save of 10 min as MP3, 192 kbit/s",
+               {"Mavrin2", [&] { editor->Save(out); },
+                [&] {
+                    editor = std::make_unique<Editor>();
+                    editor->Open(data / "m10.wav");
+                },
+                [&] {
+                    editor.reset();
+                    std::filesystem::remove(out);
+                }},
+               {ProgramWriting(out, {"lame", "--quiet", "-b", "192", "-q", "5", "-m", "j",
+                                     (data / "m10.wav").string(), out.string()})},
+               1.05, 3, Clock::Processor);
+}
+
 void PrintMemory(const Folder& data) {
     Editor editor;
     for (const char* name : {"small.wav", "small.flac", "small.mp3", "small.ogg"}) {
@@ -124,6 +142,7 @@ void PrintEditFigures(const Folder& data) {
     PrintPasteRatio(data);
     PrintConversion(data, "m10.wav", 22050, 1, "-q", 0.5);
     PrintConversion(data, "m10-8000.wav", 44100, 1, "-h", 1);
+    PrintMp3(data);
     PrintMemory(data);
     PrintUndo(data);
 }

@@ -15,31 +15,30 @@ constexpr std::int32_t kR3mix = 11;
 constexpr std::size_t kMostTokens = 127;
 
 struct Preset {
-    std::int32_t Number;
     std::string_view Name;
-    std::int32_t Frequency;
+    std::int32_t Number;
+    std::int32_t Frequency, LowPass, LowPassWidth;
     std::int16_t Channels, TypeStereo, Bitrate, VbrBitrate, EncoderQuality, VbrQuality, Method;
-    std::int32_t LowPass, LowPassWidth;
     std::int16_t Kind;
 };
 
 constexpr Preset kPresets[] = {
-    {1, "phone", 8000, 1, 1, 8, 56, 5, 6, 0, 3200, 1000, 0},
-    {2, "sw", 11025, 1, 1, 8, 64, 5, 5, 0, 4800, 500, 0},
-    {3, "am", 16000, 1, 1, 24, 160, 5, 5, 0, 7200, 500, 0},
-    {4, "fm", 22050, 2, 2, 16, 128, 5, 5, 0, 9950, 880, 0},
-    {kVoice, "voice", 32000, 1, 2, 32, 128, 5, 5, 0, 12300, 2000, 0},
-    {6, "radio", 44100, 2, 2, 64, 256, 5, 4, 0, 15000, 0, 0},
-    {7, "tape", 44100, 2, 2, 96, 320, 5, 4, 0, 18500, 2000, 0},
-    {8, "hifi", 44100, 2, 2, 112, 320, 2, 3, 0, 20240, 2200, 0},
-    {9, "cd", 44100, 2, 1, 128, 320, 2, 2, 0, -1, 0, 0},
-    {10, "studio", 44100, 2, 1, 160, 320, 2, 0, 0, -1, 0, 0},
-    {kR3mix, "r3mix", 44100, 2, 2, 96, 320, 2, 1, 3, 19500, 0, 1},
-    {101, "fast standard", 44100, 2, 2, 128, 320, 2, 1, 2, 19000, 0, 2},
-    {102, "standard", 44100, 2, 2, 128, 320, 2, 1, 1, 19000, 0, 2},
-    {103, "fast extreme", 44100, 2, 2, 128, 320, 2, 1, 2, 19500, 0, 3},
-    {104, "extreme", 44100, 2, 2, 128, 320, 2, 1, 1, 19500, 0, 3},
-    {105, "insane", 44100, 2, 2, 320, 320, 2, 1, 1, 20500, 0, 4},
+    {"phone", 1, 8000, 3200, 1000, 1, 1, 8, 56, 5, 6, 0, 0},
+    {"sw", 2, 11025, 4800, 500, 1, 1, 8, 64, 5, 5, 0, 0},
+    {"am", 3, 16000, 7200, 500, 1, 1, 24, 160, 5, 5, 0, 0},
+    {"fm", 4, 22050, 9950, 880, 2, 2, 16, 128, 5, 5, 0, 0},
+    {"voice", kVoice, 32000, 12300, 2000, 1, 2, 32, 128, 5, 5, 0, 0},
+    {"radio", 6, 44100, 15000, 0, 2, 2, 64, 256, 5, 4, 0, 0},
+    {"tape", 7, 44100, 18500, 2000, 2, 2, 96, 320, 5, 4, 0, 0},
+    {"hifi", 8, 44100, 20240, 2200, 2, 2, 112, 320, 2, 3, 0, 0},
+    {"cd", 9, 44100, -1, 0, 2, 1, 128, 320, 2, 2, 0, 0},
+    {"studio", 10, 44100, -1, 0, 2, 1, 160, 320, 2, 0, 0, 0},
+    {"r3mix", kR3mix, 44100, 19500, 0, 2, 2, 96, 320, 2, 1, 3, 1},
+    {"fast standard", 101, 44100, 19000, 0, 2, 2, 128, 320, 2, 1, 2, 2},
+    {"standard", 102, 44100, 19000, 0, 2, 2, 128, 320, 2, 1, 1, 2},
+    {"fast extreme", 103, 44100, 19500, 0, 2, 2, 128, 320, 2, 1, 2, 3},
+    {"extreme", 104, 44100, 19500, 0, 2, 2, 128, 320, 2, 1, 1, 3},
+    {"insane", 105, 44100, 20500, 0, 2, 2, 320, 320, 2, 1, 1, 4},
 };
 
 std::vector<std::string_view> TokensOf(std::string_view line) {
@@ -146,21 +145,23 @@ private:
 
     // Options with an integer.
     bool ReadNumber(std::string_view option) {
-        static constexpr std::pair<std::string_view, Short> kNumbers[] = {
+        struct Number {
+            std::string_view Option;
+            Short Field;
+        };
+        static constexpr Number kNumbers[] = {
             {"-b", &LameSettings::Bitrate},       {"-B", &LameSettings::VbrBitrate},
             {"--abr", &LameSettings::AbrBitrate}, {"-q", &LameSettings::EncoderQuality},
             {"-v", &LameSettings::VbrQuality},    {"-e", &LameSettings::Emphasis},
         };
-        for (const auto& [name, field] : kNumbers) {
-            if (name != option) continue;
-            const auto value = Next();
-            if (!value) return true;
-            ++at_;
-            settings_.*field = static_cast<std::int16_t>(IntegerOf(*value));
-            if (option == "--abr") settings_.VbrCodingMethod = 4;
-            return true;
-        }
-        return false;
+        const auto* found = std::ranges::find(kNumbers, option, &Number::Option);
+        if (found == std::end(kNumbers)) return false;
+        const auto value = Next();
+        if (!value) return true;
+        ++at_;
+        settings_.*found->Field = static_cast<std::int16_t>(IntegerOf(*value));
+        if (option == "--abr") settings_.VbrCodingMethod = 4;
+        return true;
     }
 
     void ReadWords(std::string_view option) {

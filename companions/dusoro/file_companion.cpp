@@ -69,6 +69,7 @@ OutputFormat FormatOf(contracts::ILameSettings& settings) {
     const contracts::LameSettings read = ReadLameSettings(settings);
     OutputFormat format{Coding::Mp3, {read.Frequency, read.Channels}};
     format.Lame = read;
+    if (read.VbrCodingMethod < 0) format.Rates.Nominal = read.Bitrate;
     return format;
 }
 

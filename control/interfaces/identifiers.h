@@ -63,7 +63,6 @@ inline constexpr GUID ID_Mp3LameTypeStereoConstants = ControlId(0x2014);
 
 // Dispatch identifiers were planned for all members at once, so that none changes when a member
 // arrives. A future member of an existing interface is reserved in its virtual
-// table, with its identifier; of the events, 10, 15 and 17 stay free. Interfaces to come:
-//
+// table, with its identifier; of the events, 10, 15 and 17 stay free.
 
 }  // namespace mavrin2::interfaces

@@ -118,6 +118,14 @@ Variant LateBound::ToVariant(std::string_view text) {
     return result;
 }
 
+Variant LateBound::ToVariant(const LateBound& object) {
+    Variant result;
+    object.object_->AddRef();
+    result.pdispVal = object.object_.Get();
+    result.vt = VT_DISPATCH;
+    return result;
+}
+
 Variant LateBound::InvokeByName(std::string_view name, WORD flags,
                                 std::span<Variant> arguments) const {
     OleString wide = ToOle(name);

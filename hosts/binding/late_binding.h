@@ -56,6 +56,7 @@ private:
     static automation::Variant ToVariant(const std::string& text) {
         return ToVariant(std::string_view(text));
     }
+    static automation::Variant ToVariant(const LateBound& object);
     // A literal would convert to bool rather than to a view.
     static automation::Variant ToVariant(const char* text) {
         return ToVariant(std::string_view(text));

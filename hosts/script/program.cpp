@@ -59,6 +59,9 @@ int RunCommand(const Command& command, std::span<const std::string> arguments) {
         const CommandLine line(arguments, command.Options, command.LeadingOptions, command.Flags);
         if (line.AsksForHelp()) {
             std::fputs(command.Help, stdout);
+            if (!command.MoreHelp) return kSuccess;
+            binding::FindComponents();
+            command.MoreHelp();
             return kSuccess;
         }
         binding::FindComponents();

@@ -34,6 +34,7 @@ TEST_F(Lifetime, DoesNotBeginWithoutItsCompanion) {
     EXPECT_EQ(automation::CanUnloadNow(), S_FALSE) << "the companion lives";
     Dusoro.Reset();
     Private.Reset();
+    Lame.Reset();
     Kestrin.Reset();
     Ontiva.Reset();
     Pindle.Reset();

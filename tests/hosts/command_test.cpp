@@ -77,6 +77,21 @@ TEST_F(Commands, ExplainTheirUseAndRefuseUnclearCommandLines) {
          2,
          "",
          "x.mp9: unknown format 'mp9'; try wav, aiff, flac, ogg, opus, mp3, vox\n"},
+        {{"convert", "tone.wav", "x", "--format", "MP9"},
+         2,
+         "",
+         "unknown format 'MP9'; `mavrin2 conv"},
+        {{"convert", "tone.wav", "x", "--format", "PCM=1,2,3,4"}, 2, "", "try PCM=Frequency,nChan"},
+        {{"convert", "tone.wav", "x", "--format", "DSP"}, 1, "", "x: ACM Driver error."},
+        {{"convert", "tone.wav", "x.mp3", "--format", "GSM"},
+         1,
+         "",
+         "x.mp3: files of this kind are not written as GSM 6.10; try another extension\n"},
+        {{"convert", "tone.wav", "x.wav", "--lame", "-b 64"}, 1, "", "are not written as MP3; try"},
+        {{"convert", "tone.wav", "x", "--format", "GSM", "--lame", ""},
+         2,
+         "",
+         "exclude each other"},
         {{"convert", "tone.wav", "x"}, 2, "", "x: no extension that chooses a format; try wav"},
     };
     for (const auto& one : cases) {
@@ -88,6 +103,24 @@ TEST_F(Commands, ExplainTheirUseAndRefuseUnclearCommandLines) {
         EXPECT_EQ(program.Out.empty(), *one.Out == 0);
         EXPECT_EQ(program.Err.empty(), *one.Err == 0);
     }
+}
+
+TEST_F(Commands, ConvertWritesTheFormatThatIsAskedFor) {
+    for (const auto& [option, value, name, format] :
+         {std::tuple{"--format", "ULAW=11025", "a", "u-law 11025 Hz; 8 bit; mono"},
+          {"--format", "OggVorbis=44100,STEREO,96", "a.ogg",
+           "Ogg Vorbis 44100 Hz; 96 kbit/s; stereo"},
+          {"--format", "LikeSample=a.ogg", "b.ogg", "Ogg Vorbis 44100 Hz; 96 kbit/s; stereo"},
+          {"--lame", "-b 32 -m m --resample 16", "a.mp3", "MP3 16000 Hz; 32 kbit/s; mono"}}) {
+        Program convert({"convert", "tone.wav", name, option, value}, host_.In());
+        EXPECT_EQ(convert.Finish(), 0) << convert.Err;
+        Program info({"info", name}, host_.In());
+        EXPECT_EQ(info.Finish(), 0);
+        EXPECT_THAT(info.Out, HasSubstr(std::string("Format    ") + format + "\n"));
+    }
+    Program help({"convert", "--help"}, host_.In());
+    EXPECT_EQ(help.Finish(), 0);
+    EXPECT_THAT(help.Out, HasSubstr("  G726=Frequency,BitsPerSample\n"));
 }
 
 TEST_F(Commands, InfoDescribesEveryFileThatCanBeRead) {

@@ -60,6 +60,8 @@ server::ControlEnvironment ControlWorld::Environment() const {
                     return Velto->QueryInterface(iid, object);
                 if (IsEqualGUID(id, contracts::CLSID_KovRimbal2))
                     return Rimbal->QueryInterface(iid, object);
+                if (IsEqualGUID(id, contracts::CLSID_KovDusoroLame))
+                    return Lame->QueryInterface(iid, object);
                 if (!IsEqualGUID(id, contracts::CLSID_KovDusoro2)) return REGDB_E_CLASSNOTREG;
                 if (FAILED(CompanionStatus)) return CompanionStatus;
                 return (made++ == 0 ? Dusoro : Private)->QueryInterface(iid, object);

@@ -12,6 +12,7 @@
 #include "tests/support/event_recorder.h"
 #include "tests/support/fake_dusoro.h"
 #include "tests/support/fake_kestrin.h"
+#include "tests/support/fake_lame.h"
 #include "tests/support/fake_ontiva.h"
 #include "tests/support/fake_pindle.h"
 #include "tests/support/fake_rimbal.h"
@@ -47,6 +48,7 @@ struct ControlWorld {
     automation::ComPtr<FakeDusoro> Private = FakeDusoro::Make();  // any further one
     HRESULT CompanionStatus = S_OK;                               // of creating a file companion
     CLSID MissingCompanion{};                                     // one that is not registered
+    automation::ComPtr<FakeLame> Lame = FakeLame::Make();
     automation::ComPtr<FakeKestrin> Kestrin = FakeKestrin::Make();
     automation::ComPtr<FakeOntiva> Ontiva = FakeOntiva::Make();
     automation::ComPtr<FakePindle> Pindle = FakePindle::Make();

@@ -127,7 +127,7 @@ constexpr Row kRows[] = {
      "g726 wav",
      1,
      {},
-     1,
+     8,
      kHighestRate,
      kG726Bits},
 };
@@ -184,9 +184,9 @@ std::int32_t LimitedRate(const Row& row, std::int32_t rate) {
 
 void LimitBitRates(OutputFormat& format) {
     auto& [nominal, least, most] = format.Rates;
-    nominal = std::max(nominal, 0);
-    least = std::max(least, 0);
-    most = std::max(most, 0);
+    constexpr std::int32_t kMostBitRate = 1000;
+    for (std::int32_t* rate : {&nominal, &least, &most})
+        *rate = std::clamp(*rate, 0, kMostBitRate);
     if (format.Kind == Coding::Mp2) {
         nominal = NearestMpegRate(2, format.Format.Rate, nominal > 0 ? nominal : 128);
     } else if (format.Kind == Coding::Mp3 && nominal > 0) {

@@ -38,6 +38,8 @@ struct Command {
     // Returns the exit code, or throws Failure, UsageError, CallError or Interruption.
     int (*Run)(const CommandLine& line);
     std::span<const std::string_view> Flags = {};  // options without a value
+    // Writes help that the component gives, after the text; may throw as Run.
+    void (*MoreHelp)() = nullptr;
 };
 
 extern const Command kRunCommand;

@@ -94,6 +94,12 @@ std::string Editor::Format() const {
     return editor_.Part("FileInfo").Text("FormatString");
 }
 
+void Editor::ChooseMp3(const std::string& options) const {
+    const binding::LateBound settings(binding::CreateObject("KovMavrin2.Mavrin2LameEnc"));
+    settings.Call("SetParamsFromCommandLine", options);
+    editor_.Part("FileFormat").Call("SetFormatMP3Ex", settings);
+}
+
 std::int32_t Editor::Frames() const {
     return editor_.Part("Position").Number("TotalSamples");
 }

@@ -45,7 +45,15 @@ public:
     void Convert(std::int32_t rate, std::int32_t channels);
 
     // The operations that the control has.
-    Operations Transform() const { return Operations(editor_); }
+    Operations Transform() const {
+        return {editor_.Part("Transform"), {"operation", "", "mavrin2 operations"}};
+    }
+    // The formats that it can be told to save in.
+    Operations OutputFormats() const {
+        return {editor_.Part("FileFormat"), {"format", "SetFormat", "mavrin2 convert --help"}};
+    }
+    // MP3 with options as LAME's own program has them.
+    void ChooseMp3(const std::string& options) const;
     // Runs one on frames `start` to before `end`, which are then selected; InsertSilence inserts at
     // `start`. Returns the number of frames that the document gained.
     std::int32_t Process(const Operations& operations, OperationCall& call, std::int64_t start,

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "automation/safe_array.h"
+#include "automation/text.h"
 #include "hosts/script/commands/command.h"
 
 namespace mavrin2::script {
@@ -46,9 +47,26 @@ std::optional<Variant> ArrayOf(std::string_view text) {
     return value;
 }
 
+}  // namespace
+
+Operations::Operations(binding::LateBound object, Naming naming)
+    : object_(std::move(object)), naming_(std::move(naming)) {
+    const auto information = binding::TypeInformationOf(object_.Object());
+    description_ = binding::TypeDescription(*information);
+    constants_ = binding::ConstantsBeside(*information);
+}
+
+// Objects cannot be given on a command line.
+bool Operations::IsOffered(const binding::DescribedMember& member) const {
+    return member.Kind == INVOKE_FUNC && member.Result.IsVoid() &&
+           member.Name.starts_with(naming_.Prefix) &&
+           std::ranges::none_of(member.Parameters,
+                                [](const auto& parameter) { return parameter.Type.IsObject(); });
+}
+
 // The parameters in their order, arrays marked as such.
-std::string UsageOf(const binding::DescribedMember& member) {
-    std::string usage = member.Name;
+std::string Operations::UsageOf(const binding::DescribedMember& member) const {
+    std::string usage = member.Name.substr(naming_.Prefix.size());
     char before = '=';
     for (const binding::DescribedParameter& parameter : member.Parameters) {
         usage += before + parameter.Name;
@@ -56,14 +74,6 @@ std::string UsageOf(const binding::DescribedMember& member) {
         before = ',';
     }
     return usage;
-}
-
-}  // namespace
-
-Operations::Operations(const binding::LateBound& editor) : transform_(editor.Part("Transform")) {
-    const auto information = binding::TypeInformationOf(transform_.Object());
-    description_ = binding::TypeDescription(*information);
-    constants_ = binding::ConstantsBeside(*information);
 }
 
 Variant Operations::ValueOf(const binding::DescribedMember& member,
@@ -78,6 +88,11 @@ Variant Operations::ValueOf(const binding::DescribedMember& member,
         throw invalid("try numbers with colons between them, as in 0:100:50");
     }
     Variant value;
+    if (parameter.Type.Type == VT_BSTR) {
+        value.bstrVal = automation::NewBstr(text);
+        value.vt = VT_BSTR;
+        return value;
+    }
     const auto constant = std::ranges::find(constants_, text, &binding::Constant::Name);
     if (const auto number = NumberOf(text)) {
         value.vt = VT_R8;
@@ -95,10 +110,11 @@ Variant Operations::ValueOf(const binding::DescribedMember& member,
 OperationCall Operations::Parse(std::string_view text) const {
     const std::size_t sign = text.find('=');
     const std::string_view name = text.substr(0, sign);
-    const binding::DescribedMember* const member = description_.Find(name, INVOKE_FUNC);
-    if (!member)
-        throw UsageError("unknown operation '" + std::string(name) +
-                         "'; `mavrin2 operations` lists them");
+    const binding::DescribedMember* const member =
+        description_.Find(naming_.Prefix + std::string(name), INVOKE_FUNC);
+    if (!member || !IsOffered(*member))
+        throw UsageError("unknown " + naming_.Kind + " '" + std::string(name) + "'; `" +
+                         naming_.ListedBy + "` lists them");
     OperationCall call{std::string(text), member->Name, member->Id, {}};
     std::vector<std::string_view> values;
     if (sign != std::string_view::npos) values = Split(text.substr(sign + 1), ',');
@@ -115,13 +131,13 @@ OperationCall Operations::Parse(std::string_view text) const {
 void Operations::Run(OperationCall& call) const {
     // A copy of each, which does not own: the caller's values stay its own.
     std::vector<VARIANT> arguments(call.Arguments.begin(), call.Arguments.end());
-    binding::Invoke(transform_.Object(), {call.Name, call.Member, DISPATCH_METHOD, arguments});
+    binding::Invoke(object_.Object(), {call.Name, call.Member, DISPATCH_METHOD, arguments});
 }
 
 std::vector<Operations::Line> Operations::List() const {
     std::vector<Line> lines;
     for (const binding::DescribedMember& member : description_.Members())
-        if (member.Kind == INVOKE_FUNC) lines.push_back({UsageOf(member), member.Help});
+        if (IsOffered(member)) lines.push_back({UsageOf(member), member.Help});
     return lines;
 }
 

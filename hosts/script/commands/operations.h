@@ -10,7 +10,7 @@
 
 namespace mavrin2::script {
 
-// A call of one of the control's operations, as a command line gives it.
+// A call of one of the control's operations or of a choice it offers, as a command line gives it.
 struct OperationCall {
     std::string Text;  // as it was given
     std::string Name;
@@ -18,10 +18,16 @@ struct OperationCall {
     std::vector<automation::Variant> Arguments;
 };
 
-// The operations on the selection, known by the description of the control's Transform object.
+// The operations of one of the control's objects, known by its description.
 class Operations {
 public:
-    explicit Operations(const binding::LateBound& editor);
+    // How users name them.
+    struct Naming {
+        std::string Kind;      // of thing, as messages call one
+        std::string Prefix;    // that the members have in common and users leave out
+        std::string ListedBy;  // what shows all of them
+    };
+    Operations(binding::LateBound object, Naming naming);
 
     // Reads `Name` or `Name=VALUE,VALUE…`. A value is a number, the name of a constant or, for an
     // array, numbers with colons between them. Throws UsageError.
@@ -42,7 +48,11 @@ private:
                                 const binding::DescribedParameter& parameter,
                                 std::string_view text) const;
 
-    binding::LateBound transform_;
+    bool IsOffered(const binding::DescribedMember& member) const;
+    std::string UsageOf(const binding::DescribedMember& member) const;
+
+    binding::LateBound object_;
+    Naming naming_;
     binding::TypeDescription description_;
     std::vector<binding::Constant> constants_;
 };

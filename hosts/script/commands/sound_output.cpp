@@ -14,8 +14,9 @@ namespace {
 
 // The control writes every unknown extension in one telephone format. On a command
 // line that is a typing error.
-constexpr std::string_view kExtensions[] = {".wav", ".aif",  ".aiff", ".flac", ".ogg",
-                                            ".oga", ".opus", ".mp3",  ".vox"};
+constexpr std::string_view kExtensions[] = {".wav",  ".aif",  ".aiff", ".flac", ".ogg", ".oga",
+                                            ".opus", ".mp3",  ".vox",  ".wma",  ".mp2", ".au",
+                                            ".snd",  ".g721", ".g723", ".g726"};
 
 void CheckExtension(const std::string& file) {
     constexpr const char* kTry = "; try wav, aiff, flac, ogg, opus, mp3, vox";
@@ -28,14 +29,20 @@ void CheckExtension(const std::string& file) {
 }
 
 // The same name, for a member initializer.
-const std::string& Checked(const std::string& out, std::span<const std::string> inputs) {
-    CheckExtension(out);
+const std::string& Checked(const std::string& out, std::span<const std::string> inputs,
+                           bool anyExtension) {
+    if (!anyExtension) CheckExtension(out);
     for (const std::string& in : inputs) {
         std::error_code error;
         if (std::filesystem::equivalent(in, out, error) && !error)
             throw Failure(out, "input and output are the same file");
     }
     return out;
+}
+
+// "Ogg Vorbis" of "Ogg Vorbis 44100 Hz; stereo".
+std::string FormatName(const std::string& description) {
+    return description.substr(0, description.find_last_of(' ', description.find(" Hz") - 1));
 }
 
 std::optional<std::int32_t> NumberOf(const CommandLine& line, std::string_view option,
@@ -72,11 +79,19 @@ void SampleFormat::CompleteFrom(const Editor& editor) {
     channels_ = channels_.value_or(editor.Channels());
 }
 
-SoundOutput::SoundOutput(const std::string& name, std::span<const std::string> inputs)
-    : name_(name), file_(Checked(name, inputs)) {}
+SoundOutput::SoundOutput(const std::string& name, std::span<const std::string> inputs,
+                         bool anyExtension)
+    : name_(name), file_(Checked(name, inputs, anyExtension)) {}
+
+void SoundOutput::Expect(const std::string& format) {
+    expected_ = FormatName(format);
+}
 
 void SoundOutput::Write(Editor& editor, bool selection) {
     editor.Save(file_.Path(), name_, selection);
+    if (expected_ && FormatName(editor.Format()) != *expected_)
+        throw Failure(name_, "files of this kind are not written as " + *expected_ +
+                                 "; try another extension");
     std::string missing;
     for (const std::string& one : editor.MissingIn(file_.Path(), selection))
         missing += (missing.empty() ? "" : ", ") + one;

@@ -42,7 +42,13 @@ class SoundOutput {
 public:
     // Throws UsageError if the name's extension chooses no format, and Failure if the file cannot
     // be written or is one of the inputs.
-    SoundOutput(const std::string& name, std::span<const std::string> inputs);
+    // `anyExtension` is for names whose format is chosen otherwise.
+    SoundOutput(const std::string& name, std::span<const std::string> inputs,
+                bool anyExtension = false);
+
+    // The file is to have a format that is described like this one, at any rate. Write throws
+    // Failure, and keeps an older file, where the name cannot have it.
+    void Expect(const std::string& format);
 
     // Writes the document, or its selection, and replaces an older file of that name.
     void Write(Editor& editor, bool selection);
@@ -50,6 +56,7 @@ public:
 private:
     std::string name_;
     OutputFile file_;
+    std::optional<std::string> expected_;  // the name of a format
 };
 
 }  // namespace mavrin2::script

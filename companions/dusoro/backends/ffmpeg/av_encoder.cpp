@@ -1,6 +1,8 @@
 #include "companions/dusoro/backends/ffmpeg/av_encoder.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdlib>
 
 namespace mavrin2::dusoro {
 namespace {
@@ -26,6 +28,11 @@ void SetRates(AVCodecContext& encoder, const OutputFormat& format) {
         encoder.bit_rate = std::int64_t{format.Format.Rate} * format.Bits;
         // At other rates than 8000 Hz it is no standard any more.
         encoder.strict_std_compliance = FF_COMPLIANCE_UNOFFICIAL;
+        return;
+    }
+    if (format.Quality) {
+        encoder.flags |= AV_CODEC_FLAG_QSCALE;
+        encoder.global_quality = *format.Quality * FF_QP2LAMBDA;
         return;
     }
     constexpr std::int64_t kKilo = 1000;
@@ -57,8 +64,27 @@ AvCodecContextPtr OpenEncoder(const OutputFormat& format, bool headerApart) {
     return encoder;
 }
 
+namespace {
+
+// The quality whose mean bit rate is the nearest, at 44100 Hz.
+std::int32_t QualityFor(const OutputFormat& format) {
+    constexpr std::array kStereoRates = {64, 80, 96, 112, 128, 160, 192, 224, 256, 320, 500};
+    const auto [nominal, least, most] = format.Rates;
+    const std::int32_t rate =
+        (nominal > 0 ? nominal : std::max(least, most)) * 2 / format.Format.Channels;
+    const auto* nearest = std::ranges::min_element(
+        kStereoRates, {}, [rate](std::int32_t one) { return std::abs(one - rate); });
+    return static_cast<std::int32_t>(nearest - kStereoRates.begin());
+}
+
+}  // namespace
+
 // What libvorbis takes depends on rate and channels in a way that it does not tell.
 AvCodecContextPtr OpenNearestEncoder(OutputFormat& format, bool headerApart) {
+    // Above, it has qualities only.
+    constexpr std::int32_t kHighestWithBitRates = 50000;
+    if (format.Kind == Coding::Vorbis && format.Format.Rate > kHighestWithBitRates)
+        format.Quality = QualityFor(format);
     constexpr std::int32_t kFurthest = 1000;
     const BitRates wanted = format.Rates;
     if (auto encoder = OpenEncoder(format, headerApart)) return encoder;

@@ -9,8 +9,9 @@ std::unique_ptr<AvOutput> AvOutput::Create(platform::File& file, const char* mux
     constexpr int kBufferSize = 1 << 16;
     std::unique_ptr<AvOutput> output(new AvOutput(file));
     avformat_alloc_output_context2(&output->context_, nullptr, muxer, nullptr);
+    if (!output->context_) return nullptr;
     auto* buffer = static_cast<unsigned char*>(av_malloc(kBufferSize));
-    if (output->context_ && buffer)
+    if (buffer)
         output->stream_ =
             avio_alloc_context(buffer, kBufferSize, 1, output.get(), nullptr, Write, Seek);
     if (!output->stream_) {

@@ -46,6 +46,9 @@ bool FfmpegWriter::Begin(const OutputFormat& format) {
     if (!stream_ || avcodec_parameters_from_context(stream_->codecpar, encoder_.get()) < 0)
         return false;
     stream_->time_base = encoder_->time_base;
+    // The header counts bytes a second, from which readers get the bits of a sample: not too few.
+    if (encoder_->codec_id == AV_CODEC_ID_ADPCM_G726)
+        stream_->codecpar->bit_rate = (encoder_->bit_rate + 7) / 8 * 8;
     if (avformat_write_header(&context, nullptr) < 0) return false;
 
     frame_->format = encoder_->sample_fmt;
@@ -119,6 +122,12 @@ bool FfmpegWriter::Encode(AVFrame* frame) {
 }
 
 bool FfmpegWriter::Finish() {
+    if (encoder_->codec_id == AV_CODEC_ID_WMAV2) {
+        // Its decoders deliver a frame when they have the next one.
+        block_.resize(BlockValues());
+        if (!EncodeBlock(block_)) return false;
+        std::ranges::fill(block_, std::int16_t{0});
+    }
     if (!block_.empty() && !EncodeBlock(block_)) return false;
     return Encode(nullptr) && av_write_trailer(&output_->Context()) >= 0 && output_->Complete();
 }

@@ -127,7 +127,7 @@ void SndfileReader::Describe(const SF_INFO& info) {
     if (subtype.Written)
         description_.Format = OutputFormat{*subtype.Written, description_.Delivered, subtype.Bits};
     const int major = info.format & SF_FORMAT_TYPEMASK;
-    if (subtype.Coding == SndfileCoding::Lossy &&
+    if (!headed_ && subtype.Coding == SndfileCoding::Lossy &&
         (major == SF_FORMAT_WAV || major == SF_FORMAT_WAVEX))
         LimitToFrameCount();
 
