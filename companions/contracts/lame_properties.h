@@ -1,5 +1,7 @@
 #pragma once
 
+#include <type_traits>
+
 #include "automation/object.h"
 #include "companions/contracts/lame_settings.h"
 #include "companions/contracts/lame_settings_interface.h"
@@ -15,7 +17,7 @@ public:
     using automation::AutomationObject<Object, Interface>::AutomationObject;
 
 #define MAVRIN2_LAME_PROPERTY(name, type, field)                         \
-    STDMETHODIMP get_##name(type* Value) final {                         \
+    STDMETHODIMP get_##name(std::add_pointer_t<type> Value) final {      \
         return Read(Value, settings_.field);                             \
     }                                                                    \
     STDMETHODIMP put_##name(type Value) final {                          \

@@ -221,19 +221,20 @@ TEST_F(FormatsTest, ASampleGivesItsFormat) {
 }
 
 TEST_F(FormatsTest, TellsWhatTheEncodersHave) {
-    const auto mpeg = [&](LONG rate, LONG bits, LONG channels) {
+    const auto mpeg = [&](LONG frequency, LONG bitrate, LONG channels) {
         VARIANT_BOOL answer = 7;
-        EXPECT_EQ(companion_->IsFormatMpegAvailable(rate, bits, channels, &answer), S_OK);
+        EXPECT_EQ(companion_->IsFormatMpegAvailable(frequency, bitrate, channels, &answer), S_OK);
         return answer == VARIANT_TRUE;
     };
     EXPECT_TRUE(mpeg(44100, 320, 2) && mpeg(22050, 8, 1) && mpeg(8000, 64, 1));
     EXPECT_FALSE(mpeg(44100, 8, 2) || mpeg(44101, 128, 2) || mpeg(8000, 128, 1) ||
                  mpeg(44100, 350, 2) || mpeg(44100, 128, 3) || mpeg(-1, -1, -1));
-    const auto vorbis = [&](LONG rate, LONG channels, LONG nominal, LONG least, LONG most) {
+    const auto vorbis = [&](LONG frequency, LONG channels, LONG nominalBitrate, LONG minBitrate,
+                            LONG maxBitrate) {
         VARIANT_BOOL answer = 7;
-        EXPECT_EQ(
-            companion_->IsFormatOggVorbisAvailable(rate, channels, nominal, least, most, &answer),
-            S_OK);
+        EXPECT_EQ(companion_->IsFormatOggVorbisAvailable(frequency, channels, nominalBitrate,
+                                                         minBitrate, maxBitrate, &answer),
+                  S_OK);
         return answer == VARIANT_TRUE;
     };
     EXPECT_TRUE(vorbis(44100, 2, 128, 0, 0) && vorbis(44100, 2, 128, 96, 160));

@@ -25,111 +25,116 @@ constexpr std::int32_t kSixteenBits[] = {16};
 
 // A coding and the files that it is written to.
 struct Row {
-    Coding Kind;
     const char* Name;
+    std::string_view Extensions;          // separated by spaces
+    std::span<const std::int32_t> Rates;  // in hertz; if empty, all in the following range
+    std::span<const std::int32_t> Bits;   // the first by default; shown unless empty
+    std::int32_t LowestRate;
+    std::int32_t HighestRate;
+    std::int32_t MostChannels;
+    Coding Kind;
     EncoderKind Encoder;
     Container Usual;
-    std::string_view Extensions;  // separated by spaces
-    std::int32_t MostChannels = 2;
-    std::span<const std::int32_t> Rates = {};  // in hertz; otherwise all in the following range
-    std::int32_t LowestRate = 1;
-    std::int32_t HighestRate = kHighestRate;
-    std::span<const std::int32_t> Bits = {};  // the first by default; shown unless empty
+};
+// in hertz; otherwise all in the following range
+std::int32_t LowestRate = 1;
+std::int32_t HighestRate = kHighestRate;
+std::span<const std::int32_t> Bits = {};  // the first by default; shown unless empty
 };
 
 constexpr std::span kMpeg2Rates = std::span(kMpegRates).subspan(3);
 
 constexpr Row kRows[] = {
-    {Coding::Pcm,
-     "PCM",
-     EncoderKind::Sndfile,
-     Wav,
+    {"PCM",
      "wav aif aiff au snd",
-     2,
      {},
+     kPcmBits,
      1,
      kHighestRate,
-     kPcmBits},
-    {Coding::ALaw,
-     "A-law",
+     2,
+     Coding::Pcm,
      EncoderKind::Sndfile,
-     Wav,
+     Wav},
+    {"A-law",
      "wav au snd",
-     2,
      {},
+     kEightBits,
      1,
      kHighestRate,
-     kEightBits},
-    {Coding::MuLaw,
-     "u-law",
+     2,
+     Coding::ALaw,
      EncoderKind::Sndfile,
-     Wav,
+     Wav},
+    {"u-law",
      "wav au snd",
-     2,
      {},
+     kEightBits,
      1,
      kHighestRate,
-     kEightBits},
-    {Coding::MsAdpcm,
-     "MS ADPCM",
+     2,
+     Coding::MuLaw,
      EncoderKind::Sndfile,
-     Wav,
+     Wav},
+    {"MS ADPCM",
      "wav",
-     2,
      {},
+     kFourBits,
      1,
      kHighestRate,
-     kFourBits},
-    {Coding::ImaAdpcm,
-     "IMA ADPCM",
+     2,
+     Coding::MsAdpcm,
      EncoderKind::Sndfile,
-     Wav,
+     Wav},
+    {"IMA ADPCM",
      "wav",
-     2,
      {},
+     kFourBits,
      1,
      kHighestRate,
-     kFourBits},
-    {Coding::Gsm, "GSM 6.10", EncoderKind::Sndfile, Wav, "wav", 1},
-    {Coding::Vox, "VOX ADPCM", EncoderKind::Sndfile, Raw, "vox", 1, {}, 1, kHighestRate, kFourBits},
-    {Coding::Dsp, "DSP", EncoderKind::None, Wav, "wav", 1, {}, 8000, 8000},
-    {Coding::Mp2, "MP2", EncoderKind::Ffmpeg, Mpeg, "mp2", 2, kMpeg2Rates},
-    {Coding::Mp3, "MP3", EncoderKind::Lame, Mpeg, "mp3", 2, kMpegRates},
-    {Coding::Vorbis, "Ogg Vorbis", EncoderKind::Sndfile, Ogg, "ogg oga", 2, {}, 8000, 192000},
+     2,
+     Coding::ImaAdpcm,
+     EncoderKind::Sndfile,
+     Wav},
+    {"GSM 6.10", "wav", {}, {}, 1, kHighestRate, 1, Coding::Gsm, EncoderKind::Sndfile, Wav},
+    {"VOX ADPCM", "vox", {}, kFourBits, 1, kHighestRate, 1, Coding::Vox, EncoderKind::Sndfile, Raw},
+    {"DSP", "wav", {}, {}, 8000, 8000, 1, Coding::Dsp, EncoderKind::None, Wav},
+    {"MP2", "mp2", kMpeg2Rates, {}, 1, kHighestRate, 2, Coding::Mp2, EncoderKind::Ffmpeg, Mpeg},
+    {"MP3", "mp3", kMpegRates, {}, 1, kHighestRate, 2, Coding::Mp3, EncoderKind::Lame, Mpeg},
+    {"Ogg Vorbis", "ogg oga", {}, {}, 8000, 192000, 2, Coding::Vorbis, EncoderKind::Sndfile, Ogg},
     // Every decoder delivers this rate, whatever was encoded: so markers stay in place.
-    {Coding::Opus, "Opus", EncoderKind::Sndfile, Ogg, "opus", 2, kOpusRates},
-    {Coding::Flac, "FLAC", EncoderKind::Sndfile, Flac, "flac", 2, {}, 1, 655350, kSixteenBits},
-    {Coding::Wma, "WMA", EncoderKind::Ffmpeg, Asf, "wma", 2, kWmaRates},
-    {Coding::G721,
-     "G.721",
-     EncoderKind::Sndfile,
-     Au,
+    {"Opus", "opus", kOpusRates, {}, 1, kHighestRate, 2, Coding::Opus, EncoderKind::Sndfile, Ogg},
+    {"FLAC", "flac", {}, kSixteenBits, 1, 655350, 2, Coding::Flac, EncoderKind::Sndfile, Flac},
+    {"WMA", "wma", kWmaRates, {}, 1, kHighestRate, 2, Coding::Wma, EncoderKind::Ffmpeg, Asf},
+    {"G.721",
      "g721 au snd",
-     1,
      {},
+     kFourBits,
      1,
      kHighestRate,
-     kFourBits},
-    {Coding::G723,
-     "G.723",
+     1,
+     Coding::G721,
      EncoderKind::Sndfile,
-     Au,
+     Au},
+    {"G.723",
      "g723 au snd",
-     1,
      {},
+     kG723Bits,
      1,
      kHighestRate,
-     kG723Bits},
-    {Coding::G726,
-     "G.726",
-     EncoderKind::Ffmpeg,
-     Wav,
-     "g726 wav",
      1,
+     Coding::G723,
+     EncoderKind::Sndfile,
+     Au},
+    {"G.726",
+     "g726 wav",
      {},
+     kG726Bits,
      8,
      kHighestRate,
-     kG726Bits},
+     1,
+     Coding::G726,
+     EncoderKind::Ffmpeg,
+     Wav},
 };
 
 constexpr std::string_view kRawExtensions = "raw pcm";
