@@ -72,6 +72,8 @@ bool Editor::Perform(const std::function<void()>& calls) {
 
 bool Editor::Edit(const std::function<void()>& calls) {
     const bool done = Perform([&] {
+        // What plays or is recorded: the control edits only while it is idle.
+        if (control_.Number("Status") != 0) control_.Call("Stop");
         calls();
         const qint32 error = control_.Number("LastErrorNum");
         if (error != 0 && !stopped_) throw std::runtime_error(binding::EditErrorText(error));

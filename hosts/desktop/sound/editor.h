@@ -42,7 +42,8 @@ public:
     // Runs calls, and reports by `Failed` what they throw. Nothing happens, and the result is
     // false, while an operation is running; a failure gives false too.
     bool Perform(const std::function<void()>& calls);
-    // The same for calls that change or write the sound: also an error that they leave in
+    // The same for calls that change, write or play the sound, after what plays or is recorded has
+    // been ended: also an error that they leave in
     // LastErrorNum is a failure, and so is to be stopped.
     bool Edit(const std::function<void()>& calls);
 

@@ -23,6 +23,20 @@ void CallView(Target target) {
     target.Sound.Perform([&] { target.Sound.Members().Call(Method); });
 }
 
+constexpr qint32 kOnce = 1;
+constexpr qint32 kToEnd = 2;
+constexpr qint32 kLooped = 3;
+
+template <qint32 Type>
+void CallPlay(Target target) {
+    target.Sound.Edit([&] { target.Sound.Members().Call("Play", Type); });
+}
+
+void Record(Target target) {
+    constexpr qint32 kReplacing = 1;
+    target.Sound.Edit([&] { target.Sound.Members().Call("Record", kReplacing); });
+}
+
 template <Place To>
 void Go(Target target) {
     target.Sound.Perform([&] { target.Steps.Go(To); });
@@ -58,6 +72,9 @@ void SelectNothing(Target target) {
 
 constexpr const char* kUndo = "Undo";
 constexpr const char* kRedo = "Redo";
+constexpr const char* kPause = "Pause";
+constexpr const char* kContinue = "Continue";
+constexpr const char* kStop = "Stop";
 constexpr const char* kZoomIn = "ZoomIn";
 constexpr const char* kZoomOut = "ZoomOut";
 constexpr const char* kZoomFull = "ZoomFull";
@@ -66,6 +83,7 @@ constexpr const char* kFile = "&File";
 constexpr const char* kEdit = "&Edit";
 constexpr const char* kView = "&View";
 constexpr const char* kGo = "&Go";
+constexpr const char* kSound = "&Sound";
 
 constexpr ActionRow kRows[] = {
     {kFile, "&New", "Ctrl+N", "New", Needs::Nothing, [](Target t) { t.File.New(); }},
@@ -99,6 +117,15 @@ constexpr ActionRow kRows[] = {
     {kView, "Wave&form", "Ctrl+1", "TypeView", Needs::Nothing, &ShowAs<0>},
     {kView, "Sp&ectrum", "Ctrl+2", "TypeView", Needs::Nothing, &ShowAs<1>},
     {kView, "E&xpanded", "Ctrl+3", "TypeView", Needs::Nothing, &ShowAs<2>},
+
+    {kSound, "&Play", "Space", "Play", Needs::Sound, &CallPlay<kOnce>},
+    {kSound, "Play to the &End", "Shift+Space", "Play", Needs::Sound, &CallPlay<kToEnd>},
+    {kSound, "Play in a &Loop", "Ctrl+L", "Play", Needs::Sound, &CallPlay<kLooped>},
+    {kSound, "P&ause", "F8", kPause, Needs::Sound, &CallView<kPause>},
+    {kSound, "&Continue", "Shift+F8", kContinue, Needs::Sound, &CallView<kContinue>},
+    {kSound, "&Stop", "Esc", kStop, Needs::Nothing, &CallView<kStop>},
+    {kSound, nullptr, "", "", Needs::Nothing, nullptr},
+    {kSound, "&Record", "Ctrl+R", "Record", Needs::Sound, &Record},
 
     {kGo, "&Back", "Left", "Position.StartSelect", Needs::Sound, &Go<Place::Back>},
     {kGo, "&Forward", "Right", "Position.StartSelect", Needs::Sound, &Go<Place::Forward>},
