@@ -112,7 +112,7 @@ TEST_F(Playing, ChoosesTheChannelsThatAreEdited) {
     automation::ComPtr<interfaces::IMavrin2Channel> channels;
     Control->get_Channels(channels.Put());
     const auto chosen = [&](SHORT left, SHORT right) {
-        for (const SHORT channel : {1, 2}) {
+        for (const SHORT channel : {SHORT{1}, SHORT{2}}) {
             channels->put_Num(channel);
             channels->put_Operation(channel == 1 ? left : right);
         }
@@ -204,7 +204,7 @@ TEST_F(Playing, AtAnotherSpeedCoversTheSoundOnce) {
     for (LONG frames = 1; frames <= 693; ++frames)
         Velto->PlayTo(frames);
     EXPECT_EQ(Current(), 10 + 990);
-    EXPECT_EQ(History().Current()->PlayPosition, editor::Bytes(2 * 1000));
+    EXPECT_EQ(History().Current()->PlayPosition, editor::Bytes(2000));
 }
 
 TEST_F(Playing, LimitsTheSpeed) {

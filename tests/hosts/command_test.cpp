@@ -2,7 +2,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <signal.h>
+
+#include <csignal>
 
 #include "tests/hosts/program.h"
 

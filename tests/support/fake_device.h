@@ -43,6 +43,7 @@ public:
 
     void Fire(auto event, const std::vector<LONG>& values = {}) {
         std::vector<VARIANT> arguments;
+        arguments.reserve(values.size());
         for (const LONG value : values)
             arguments.push_back(automation::Variant::Int32(value));
         automation::FireEvent(points_.At(0), static_cast<DISPID>(event), arguments);
