@@ -53,9 +53,11 @@ int Run(const CommandLine& line) {
     Editor editor;
     SoundDevices(editor.Control(), "DeviceOutput").Choose(line);
     editor.Open(file);
+    std::int64_t end = editor.Frames();
     if (part.IsGiven()) {
-        const auto [start, end] = part.In(editor, file);
-        editor.Select(start, end);
+        const auto range = part.In(editor, file);
+        editor.Select(range.Start, range.End);
+        end = range.End;
     }
     const binding::LateBound control{automation::ComPtr<IDispatch>(&editor.Control())};
     // All of it, from the first frame to the last one.
@@ -64,8 +66,12 @@ int Run(const CommandLine& line) {
     control.Put("PlaySpeedPercent", duration);
     TransportRun run(editor.Control(), "Playing");
     control.Call("Play", line.Has(kLoop) ? kLooped : kOnce);
-    run.Wait([](std::int32_t) { return false; });
+    const bool asked = run.Wait([](std::int32_t) { return false; });
     if (!run.Error().empty()) throw Failure(file, run.Error());
+    // At another speed the last frames may be missing.
+    const std::int64_t nearEnd = end - editor.Rate() / 10;
+    if (!asked && (line.Has(kLoop) || run.Reached() < nearEnd))
+        throw Failure(file, "the device has stopped before the end");
     return kSuccess;
 }
 

@@ -47,8 +47,10 @@ TransportRun::TransportRun(IDispatch& control, const char* work)
 
 void TransportRun::OnEvent(DISPID event, std::span<const VARIANT> arguments) {
     if (event != meter_ || arguments.size() < 2) return;
-    const std::int32_t position = control_.Part("Position").Number("CurrentPosition");
-    bar_.Show(std::string(work_) + " " + DurationText(position, rate_),
+    // The levels of the end come when the control is idle again.
+    if (control_.Number("Status") == 0) return;
+    reached_ = control_.Part("Position").Number("CurrentPosition");
+    bar_.Show(std::string(work_) + " " + DurationText(reached_, rate_),
               BarOf(std::max(NumberOf(arguments[0]), NumberOf(arguments[1]))));
 }
 

@@ -22,6 +22,8 @@ public:
     // Until the control is idle, `last` says so at a position in frames, or the user asks to stop,
     // which is then forgotten. Returns whether the user has asked.
     bool Wait(const std::function<bool(std::int32_t frames)>& last);
+    // Where it was when the device last said so, in frames.
+    std::int32_t Reached() const { return reached_; }
     // Why the control could not play, or store what was recorded; empty if it could.
     std::string Error() const;
 
@@ -31,6 +33,7 @@ private:
     binding::LateBound control_;
     const char* work_;
     std::int32_t rate_;
+    std::int32_t reached_ = 0;
     ProgressBar bar_;
     DISPID meter_ = DISPID_UNKNOWN;
     binding::EventConnection events_;
