@@ -160,7 +160,8 @@ TEST_F(ReadingTest, PlacesEverySpeakerOfASurroundFile) {
     Samples frames(std::size_t{6} * 8, 0);
     for (std::size_t i = 0; i < 6; ++i)
         frames[i * 6 + i] = kLevel;
-    const Samples expected = {kLevel, 0, 0, kLevel, 7071, 7071, 0, 0, 7071, 0, 0, 7071, 0, 0, 0, 0};
+    // Scaled down by 1 + 0.7071 + 0.7071.
+    const Samples expected = {4142, 0, 0, 4142, 2929, 2929, 0, 0, 2929, 0, 0, 2929, 0, 0, 0, 0};
     Make(In("map.wav"), SF_FORMAT_WAVEX | SF_FORMAT_PCM_16, 48000, 6, frames,
          {SF_CHANNEL_MAP_LEFT, SF_CHANNEL_MAP_RIGHT, SF_CHANNEL_MAP_CENTER, SF_CHANNEL_MAP_LFE,
           SF_CHANNEL_MAP_REAR_LEFT, SF_CHANNEL_MAP_REAR_RIGHT});
@@ -177,15 +178,15 @@ TEST_F(ReadingTest, PlacesEverySpeakerOfASurroundFile) {
          Samples{0, 0, 10'000, 0, 0, 0, 0, 10'000},
          {SF_CHANNEL_MAP_LEFT, SF_CHANNEL_MAP_RIGHT, SF_CHANNEL_MAP_CENTER,
           SF_CHANNEL_MAP_REAR_CENTER});
-    EXPECT_EQ(ReadAll(In("map.wav")), (Samples{7071, 7071, 5000, 5000}));
+    EXPECT_EQ(ReadAll(In("map.wav")), (Samples{3204, 3204, 2265, 2265}));
     // Another library, the same sum: 1000 … 6000 in the six channels.
     const Samples mixed = ReadAll(Data("surround.mka"));
     ASSERT_EQ(mixed.size(), 128U);
-    EXPECT_EQ(mixed[100], std::lround(1000 + 0.70710678 * (3000 + 5000)));
-    EXPECT_EQ(mixed[101], std::lround(2000 + 0.70710678 * (3000 + 6000)));
+    EXPECT_EQ(mixed[100], std::lround((1000 + 0.70710678 * (3000 + 5000)) / 2.41421356));
+    EXPECT_EQ(mixed[101], std::lround((2000 + 0.70710678 * (3000 + 6000)) / 2.41421356));
 }
 
-TEST_F(ReadingTest, LimitsASumThatIsTooLoud) {
+TEST_F(ReadingTest, MixesChannelsAtFullScaleToFullScale) {
     Samples frames(std::size_t{6} * 2, 32767);
     for (std::size_t i = 6; i < 12; ++i)
         frames[i] = -32768;

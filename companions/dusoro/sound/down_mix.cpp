@@ -1,5 +1,8 @@
 #include "companions/dusoro/sound/down_mix.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "companions/dusoro/sound/sample_rounding.h"
 
 namespace mavrin2::dusoro {
@@ -9,6 +12,11 @@ constexpr float kFull = 32768.0f;
 constexpr float kHalfPower = 32768.0f * 0.70710678f;
 // A single rear channel counts as a pair at 0.7071 each.
 constexpr float kQuarterPower = 32768.0f * 0.5f;
+
+// Sums of float differ from full scale by rounding alone.
+bool IsBeyond(float steps) {
+    return std::abs(steps) > kFull + 0.5f;
+}
 
 }  // namespace
 
@@ -68,11 +76,27 @@ DownMix::DownMix(std::span<const Speaker> speakers) {
                 break;
         }
     }
+    ScaleDown();
 }
 
-void DownMix::Apply(std::span<const float> in, std::int16_t* out) const {
+void DownMix::ScaleDown() {
+    Gains sum{0, 0};
+    for (const Gains& gains : gains_) {
+        sum.Left += gains.Left;
+        sum.Right += gains.Right;
+    }
+    const float most = std::max(sum.Left, sum.Right);
+    if (most <= kFull) return;
+    for (Gains& gains : gains_) {
+        gains.Left *= kFull / most;
+        gains.Right *= kFull / most;
+    }
+}
+
+std::size_t DownMix::Apply(std::span<const float> in, std::int16_t* out) const {
     const std::size_t channels = gains_.size();
     const std::size_t frames = in.size() / channels;
+    std::size_t limited = 0;
     for (std::size_t i = 0; i < frames; ++i) {
         float left = 0;
         float right = 0;
@@ -83,7 +107,10 @@ void DownMix::Apply(std::span<const float> in, std::int16_t* out) const {
         }
         out[2 * i] = RoundSteps(left);
         out[2 * i + 1] = RoundSteps(right);
+        limited +=
+            static_cast<std::size_t>(IsBeyond(left)) + static_cast<std::size_t>(IsBeyond(right));
     }
+    return limited;
 }
 
 }  // namespace mavrin2::dusoro

@@ -23,8 +23,8 @@ enum class Speaker : std::uint8_t {
 std::vector<Speaker> UsualSpeakers(std::size_t channels);
 
 // Several channels as two. Front left and right enter as they are, the centre and the surrounds
-// with 0.7071, the low-frequency channel not at all. The sums are not scaled down: a file whose
-// other channels are silent keeps its level, and what goes over full scale is limited.
+// with 0.7071, the low-frequency channel not at all. All of that is then scaled down so far that
+// channels at full scale cannot go beyond it together.
 class DownMix {
 public:
     explicit DownMix(std::span<const Speaker> speakers);
@@ -32,12 +32,15 @@ public:
     std::size_t Channels() const { return gains_.size(); }
 
     // `in`: interleaved, full scale 1, Channels() for each frame; `out`: two for each frame.
-    void Apply(std::span<const float> in, std::int16_t* out) const;
+    // Returns how many samples were beyond full scale and are limited.
+    std::size_t Apply(std::span<const float> in, std::int16_t* out) const;
 
 private:
     struct Gains {
         float Left, Right;
     };
+    void ScaleDown();
+
     std::vector<Gains> gains_;  // in steps of a 16-bit sample
 };
 
