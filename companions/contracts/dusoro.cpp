@@ -1,6 +1,7 @@
 #include "companions/contracts/dusoro.h"
 
 #include "automation/interface_builder.h"
+#include "companions/contracts/sound_inspector.h"
 
 namespace mavrin2 {
 namespace automation {
@@ -101,10 +102,13 @@ const automation::LibraryDescription& DusoroLibrary() {
         "KovDusoro 2.0 Type Library",
         {&automation::EnumerationOf<ErrorConstants>,
          &automation::EnumerationOf<FormatTypeConstants>},
-        {&automation::DescriptionOf<IDusoro2>, &automation::DescriptionOf<ILameSettings>},
+        {&automation::DescriptionOf<IDusoro2>, &automation::DescriptionOf<ILameSettings>,
+         &automation::DescriptionOf<ISoundInspector>},
         {{"KovDusoro2", CLSID_KovDusoro2, "Sound files", &automation::DescriptionOf<IDusoro2>},
          {"KovDusoroLame", CLSID_KovDusoroLame, "Settings of the MP3 encoder",
-          &automation::DescriptionOf<ILameSettings>}}};
+          &automation::DescriptionOf<ILameSettings>},
+         {"KovDusoroInspector", CLSID_KovDusoroInspector, "What a sound file has beside its sound",
+          &automation::DescriptionOf<ISoundInspector>}}};
     return library;
 }
 

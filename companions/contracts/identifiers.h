@@ -21,6 +21,8 @@ inline constexpr IID IID_IDusoro2 = ContractId(0x0102);
 inline constexpr GUID LIBID_KovDusoro2 = ContractId(0x0103);
 inline constexpr CLSID CLSID_KovDusoroLame = ContractId(0x0104);
 inline constexpr IID IID_ILameSettings = ContractId(0x0105);
+inline constexpr CLSID CLSID_KovDusoroInspector = ContractId(0x0106);
+inline constexpr IID IID_ISoundInspector = ContractId(0x0107);
 
 inline constexpr CLSID CLSID_KovVelto = ContractId(0x0201);
 inline constexpr IID IID_IVelto2 = ContractId(0x0202);

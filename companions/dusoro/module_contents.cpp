@@ -3,6 +3,7 @@
 #include "automation/module.h"
 #include "companions/dusoro/file_companion.h"
 #include "companions/dusoro/lame_settings_object.h"
+#include "companions/dusoro/sound_inspector_object.h"
 #include "platform/module_loader.h"
 #include "platform/module_path.h"
 #include "platform/ports.h"
@@ -17,13 +18,20 @@ std::filesystem::path BackendFolder() {
         .parent_path();
 }
 
+dusoro::SoundFiles MakeSoundFiles() {
+    return {platform::SystemPorts().Files,
+            platform::SystemReplacementFiles(),
+            {platform::SystemModuleLoader(), BackendFolder()}};
+}
+
 HRESULT CreateFileCompanion(IUnknown* outer, REFIID iid, void** object) {
-    return automation::Guarded([&] {
-        return dusoro::FileCompanion::Create(
-            outer, iid, object,
-            dusoro::SoundFiles(platform::SystemPorts().Files, platform::SystemReplacementFiles(),
-                               {platform::SystemModuleLoader(), BackendFolder()}));
-    });
+    return automation::Guarded(
+        [&] { return dusoro::FileCompanion::Create(outer, iid, object, MakeSoundFiles()); });
+}
+
+HRESULT CreateInspector(IUnknown* outer, REFIID iid, void** object) {
+    return automation::Guarded(
+        [&] { return dusoro::SoundInspectorObject::Create(outer, iid, object, MakeSoundFiles()); });
 }
 
 HRESULT CreateLameSettings(IUnknown* outer, REFIID iid, void** object) {
@@ -35,6 +43,8 @@ constexpr automation::ClassEntry kClasses[] = {
      "KovDusoro2.Dusoro2", "Apartment"},
     {contracts::CLSID_KovDusoroLame, CreateLameSettings, "KovDusoroLame Class", "KovDusoro2.Lame.1",
      "KovDusoro2.Lame", "both"},
+    {contracts::CLSID_KovDusoroInspector, CreateInspector, "KovDusoroInspector Class",
+     "KovDusoro2.Inspector.1", "KovDusoro2.Inspector", "Apartment"},
 };
 
 }  // namespace

@@ -72,5 +72,47 @@ INSTANTIATE_TEST_SUITE_P(Kinds, DamagedFilesTest,
                              return name;
                          });
 
+// What a host is told of a file in which something is wrong, and of a whole one.
+TEST_F(DamagedFilesTest, AreReportedByTheirReader) {
+    ASSERT_TRUE(Save(In("whole.flac"), {44100, 2}, Noise(60'000, 6000)));
+    ASSERT_TRUE(Save(In("whole.wav"), {44100, 2}, Noise(2000)));
+    Make(In("loud.wav"), SF_FORMAT_WAV | SF_FORMAT_FLOAT, 8000, 1,
+         std::vector<float>{0.5F, 1.0F, -1.5F, 2.0F});
+    const std::string flac = ReadBytes(In("whole.flac"));
+    const auto changed = [&](std::size_t at) {
+        std::string bytes = flac;
+        bytes[at] = static_cast<char>(bytes[at] ^ 0x55);
+        return bytes;
+    };
+    WriteBytes(In("broken.flac"), changed(flac.size() / 2));
+    WriteBytes(In("checksum.flac"), changed(30));  // in the description of the stream
+    WriteBytes(In("short.flac"), flac.substr(0, flac.size() / 2));
+    WriteBytes(In("trailer.flac"), flac + std::string("TAG") + std::string(125, ' '));
+    WriteBytes(In("short.wav"), ReadBytes(In("whole.wav")).substr(0, 44 + 2400));
+    struct {
+        const char* Name;
+        bool Damaged, ChecksumDiffers, Short;
+        std::int64_t Limited = 0;
+    } const cases[] = {
+        {"whole.flac", false, false, false},   {"broken.flac", true, true, false},
+        {"checksum.flac", false, true, false}, {"short.flac", false, true, true},
+        {"trailer.flac", false, false, false}, {"whole.wav", false, false, false},
+        {"short.wav", false, false, true},     {"loud.wav", false, false, false, 2},
+    };
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.Name);
+        auto opened = files_.Open(In(one.Name), FormatType::Default, {}, true);
+        ASSERT_TRUE(opened);
+        const SourceDescription source = opened.Result->Description();
+        const auto frames =
+            static_cast<std::int64_t>(ReadAll(*opened.Result).size()) / source.Delivered.Channels;
+        const SourceFaults faults = opened.Result->Faults();
+        EXPECT_EQ(faults.DamagedBlocks > 0, one.Damaged);
+        EXPECT_EQ(faults.ChecksumDiffers, one.ChecksumDiffers);
+        EXPECT_EQ(frames < source.StatedFrames, one.Short);
+        EXPECT_EQ(faults.LimitedSamples, one.Limited);
+    }
+}
+
 }  // namespace
 }  // namespace mavrin2::dusoro

@@ -22,6 +22,8 @@ struct ReadingHint {
     std::optional<OutputFormat> Headerless;
     // The name's extension in lower case; for the few kinds that their content does not identify.
     std::string Extension;
+    // Whether to look for faults that take time to find.
+    bool Check = false;
 };
 
 class Decoder {

@@ -17,6 +17,7 @@ public:
 
     const SourceDescription& Description() const override { return description_; }
     std::size_t Read(std::span<std::int16_t> samples) override;
+    SourceFaults Faults() const override { return source_->Faults(); }
 
 private:
     bool Refill();

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 #include "companions/dusoro/sound/sample_rounding.h"
 
@@ -26,6 +27,16 @@ void InterleaveStereo(const Sample* __restrict left, const Sample* __restrict ri
         out[2 * i] = ToSample(left[i]);
         out[2 * i + 1] = ToSample(right[i]);
     }
+}
+
+// How many of them are beyond full scale, which integers cannot be.
+template <class Sample>
+std::size_t CountBeyondFullScale(const Sample* samples, std::size_t count) {
+    std::size_t beyond = 0;
+    if constexpr (std::is_floating_point_v<Sample>)
+        for (std::size_t i = 0; i < count; ++i)
+            beyond += samples[i] > Sample(1) || samples[i] < Sample(-1) ? 1 : 0;
+    return beyond;
 }
 
 #ifdef __SSE2__

@@ -45,8 +45,8 @@ private:
 }  // namespace
 
 Outcome<std::unique_ptr<SoundReader>> SoundFiles::Open(const std::filesystem::path& path,
-                                                       FormatType type,
-                                                       const OutputFormat& chosen) const {
+                                                       FormatType type, const OutputFormat& chosen,
+                                                       bool check) const {
     const std::shared_ptr<platform::File> file = inputs_->OpenForReading(path);
     if (!file) return SoundError::FileAccess;
     std::array<std::byte, kHeadSize> head{};
@@ -56,7 +56,7 @@ Outcome<std::unique_ptr<SoundReader>> SoundFiles::Open(const std::filesystem::pa
 
     const auto plan = PlanReading(std::span(head).first(*got), path, type, chosen);
     if (!plan) return plan.Error;
-    const ReadingHint hint{plan.Result.Headerless, ExtensionOf(path)};
+    const ReadingHint hint{plan.Result.Headerless, ExtensionOf(path), check};
     // That one library knows the kind of file says more than that the others do not.
     SoundError error = SoundError::FormatFile;
     for (const DecoderKind kind : plan.Result.Candidates) {

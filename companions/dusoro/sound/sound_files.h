@@ -25,9 +25,10 @@ public:
           backends_(std::move(backends)) {}
 
     // A reader at the file's own rate, mono or stereo. `chosen` says how files without a header are
-    // to be read.
+    // to be read. With `check` the reader finds all the faults that it can tell.
     Outcome<std::unique_ptr<SoundReader>> Open(const std::filesystem::path& path, FormatType type,
-                                               const OutputFormat& chosen = {}) const;
+                                               const OutputFormat& chosen = {},
+                                               bool check = false) const;
 
     // A writer whose file takes the name, in place of an older one, when Finish succeeds; without
     // that nothing is left of it.

@@ -38,7 +38,7 @@ Outcome<std::unique_ptr<SoundReader>> FfmpegReader::Open(std::shared_ptr<platfor
     reader->input_ = AvInput::Open(std::move(file), hint.Extension);
     if (!reader->input_) return SoundError::FormatFile;
     if (const SoundError error = reader->OpenDecoder(); error != SoundError::None) return error;
-    if (const SoundError error = reader->Start(); error != SoundError::None) return error;
+    if (const SoundError error = reader->Start(hint.Check); error != SoundError::None) return error;
 
     reader->Measure(bytes);
     return std::unique_ptr<SoundReader>(std::move(reader));
@@ -50,7 +50,7 @@ void FfmpegReader::Measure(std::int64_t bytes) {
         empty ? StreamLength{0, true}
               : MeasureStream(*input_, *stream_, description_.SourceRate, skipped_, chained_);
     description_.Frames = PlausibleFrames(length.Frames, bytes);
-    if (length.Exact) left_ = description_.Frames;
+    if (length.Exact) left_ = description_.StatedFrames = description_.Frames;
 }
 
 SoundError FfmpegReader::OpenDecoder() {
@@ -85,7 +85,7 @@ SoundError FfmpegReader::OpenDecoder() {
 
 // Decodes the first frame: only that proves that the file can be read, and gives the rate and the
 // channels of codings whose headers understate them.
-SoundError FfmpegReader::Start() {
+SoundError FfmpegReader::Start(bool check) {
     const bool any = NextFrame();
     const std::int32_t rate = any ? frame_->sample_rate : stream_->codecpar->sample_rate;
     const std::int32_t channels =
@@ -101,7 +101,8 @@ SoundError FfmpegReader::Start() {
     description_.PlainPcm = coding.Pcm;
     description_.Text = coding.Text;
     description_.Format = coding.Format;
-    renderer_ = std::make_unique<FrameRenderer>(description_.Delivered.Channels);
+    description_.SourceChannels = channels;
+    renderer_ = std::make_unique<FrameRenderer>(description_.Delivered.Channels, check);
     return SoundError::None;
 }
 
@@ -134,7 +135,7 @@ bool FfmpegReader::NextFrame() {
             if (TakeFrame()) return true;
             continue;
         }
-        refused_ = refused_ || (result != AVERROR_EOF && result != AVERROR(EAGAIN));
+        if (result != AVERROR_EOF && result != AVERROR(EAGAIN)) Refuse();
         if (result == AVERROR_EOF || draining_) {
             av_frame_unref(frame_.get());
             return false;
@@ -150,7 +151,19 @@ bool FfmpegReader::NextFrame() {
 bool FfmpegReader::TakeFrame() {
     const bool fits =
         description_.SourceRate == 0 || frame_->sample_rate == description_.SourceRate;
-    return fits && frame_->nb_samples > 0 && frame_->ch_layout.nb_channels > 0;
+    if (!fits || frame_->nb_samples <= 0 || frame_->ch_layout.nb_channels <= 0) {
+        Refuse();
+        return false;
+    }
+    if ((frame_->flags & AV_FRAME_FLAG_CORRUPT) != 0 || frame_->decode_error_flags != 0) Refuse();
+    damaged_ += std::exchange(doubtful_, 0);
+    return true;
+}
+
+// What is not sound may follow the last of it, so a refusal counts only with sound after it.
+void FfmpegReader::Refuse() {
+    refused_ = true;
+    ++doubtful_;
 }
 
 // Gives the decoder the next packet; one that it refuses is left out. False at the end of the file.
@@ -158,12 +171,15 @@ bool FfmpegReader::FeedDecoder() {
     int errors = 0;
     while (true) {
         const int result = av_read_frame(&input_->Context(), packet_.get());
-        if (result == AVERROR_INVALIDDATA && ++errors < kMostErrorsInARow) continue;
+        if (result == AVERROR_INVALIDDATA) {
+            Refuse();
+            if (++errors < kMostErrorsInARow) continue;
+        }
         if (result < 0) return false;
         const bool ours = packet_->stream_index == stream_->index;
         if (ours && !std::exchange(begun_, true)) skipped_ = SkipOf(*packet_);
         if (ours && endsByLength_) ForgetPadding(*packet_);
-        if (ours && avcodec_send_packet(decoder_.get(), packet_.get()) < 0) refused_ = true;
+        if (ours && avcodec_send_packet(decoder_.get(), packet_.get()) < 0) Refuse();
         av_packet_unref(packet_.get());
         if (ours) return true;
     }

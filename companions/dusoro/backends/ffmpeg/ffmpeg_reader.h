@@ -17,15 +17,19 @@ public:
 
     const SourceDescription& Description() const override { return description_; }
     std::size_t Read(std::span<std::int16_t> samples) override;
+    SourceFaults Faults() const override {
+        return {damaged_, renderer_ ? renderer_->Limited() : 0, false};
+    }
 
 private:
     FfmpegReader() = default;
     SoundError OpenDecoder();
-    SoundError Start();
+    SoundError Start(bool check);
     void Measure(std::int64_t bytes);
     bool NextFrame();
     bool FeedDecoder();
     bool TakeFrame();
+    void Refuse();
 
     std::unique_ptr<AvInput> input_;
     AVStream* stream_ = nullptr;
@@ -42,6 +46,8 @@ private:
     bool begun_ = false;         // the first packet has been read
     bool draining_ = false;      // the last packet has been read
     bool refused_ = false;       // a packet could not be decoded
+    std::int64_t doubtful_ = 0;  // packets refused since the last frame
+    std::int64_t damaged_ = 0;   // packets refused with sound after them
 };
 
 }  // namespace mavrin2::dusoro

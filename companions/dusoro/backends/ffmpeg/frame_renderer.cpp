@@ -107,6 +107,12 @@ void FrameRenderer::RenderAs(const AVFrame& frame, bool planar, std::size_t firs
 
     const Channel<Sample> left(frame, planar, 0, first);
     const Channel<Sample> right(frame, planar, own == 2 ? 1 : 0, first);
+    if (check_) {
+        const std::size_t beside = planar ? 1 : static_cast<std::size_t>(own);
+        limited_ += static_cast<std::int64_t>(CountBeyondFullScale(left.First, count * beside));
+        if (planar && own == 2)
+            limited_ += static_cast<std::int64_t>(CountBeyondFullScale(right.First, count));
+    }
     if (own == channels_ && (own == 1 || !planar)) {
         ConvertSamples(left.First, out, count * static_cast<std::size_t>(own));
     } else if (own == 2 && channels_ == 2) {
@@ -131,9 +137,12 @@ void FrameRenderer::Mix(const AVFrame& frame, bool planar, std::size_t first, st
         for (std::size_t i = 0; i < count; ++i)
             gathered_[i * channels + c] = ToFloat(channel[i]);
     }
-    if (channels_ == 2) return downMix.Apply(gathered_, out);
+    if (channels_ == 2) {
+        limited_ += static_cast<std::int64_t>(downMix.Apply(gathered_, out));
+        return;
+    }
     mixed_.resize(count * 2);
-    downMix.Apply(gathered_, mixed_.data());
+    limited_ += static_cast<std::int64_t>(downMix.Apply(gathered_, mixed_.data()));
     for (std::size_t i = 0; i < count; ++i)
         out[i] = MeanOf(mixed_[2 * i], mixed_[2 * i + 1]);
 }

@@ -12,7 +12,8 @@ namespace mavrin2::dusoro {
 // Turns decoded frames, whatever their samples and channels, into 16-bit mono or stereo.
 class FrameRenderer {
 public:
-    explicit FrameRenderer(std::int32_t channels) : channels_(channels) {}
+    // `check`: whether to count samples that are limited.
+    FrameRenderer(std::int32_t channels, bool check) : channels_(channels), check_(check) {}
     FrameRenderer(const FrameRenderer&) = delete;
     FrameRenderer& operator=(const FrameRenderer&) = delete;
     ~FrameRenderer() { av_channel_layout_uninit(&layout_); }
@@ -20,6 +21,8 @@ public:
     // `count` sample frames of `frame` from `first` on. False for samples of a type that no decoder
     // decodes to.
     bool Render(const AVFrame& frame, std::size_t first, std::size_t count, std::int16_t* out);
+    // Samples beyond full scale so far.
+    std::int64_t Limited() const { return limited_; }
 
 private:
     template <class Sample>
@@ -31,6 +34,8 @@ private:
     const DownMix& DownMixFor(const AVFrame& frame);
 
     std::int32_t channels_;
+    bool check_;
+    std::int64_t limited_ = 0;
     AVChannelLayout layout_{};  // of downMix_
     std::optional<DownMix> downMix_;
     std::vector<float> gathered_;

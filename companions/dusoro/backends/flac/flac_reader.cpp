@@ -1,6 +1,7 @@
 #include "companions/dusoro/backends/flac/flac_reader.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "companions/dusoro/sound/format_text.h"
 #include "companions/dusoro/sound/plausible_length.h"
@@ -8,12 +9,14 @@
 
 namespace mavrin2::dusoro {
 
-Outcome<std::unique_ptr<SoundReader>> FlacReader::Open(std::shared_ptr<platform::File> file) {
+Outcome<std::unique_ptr<SoundReader>> FlacReader::Open(std::shared_ptr<platform::File> file,
+                                                       bool check) {
     std::unique_ptr<FlacReader> reader(new FlacReader);
     const std::int64_t bytes = file->Length().value_or(0);
     reader->file_ = std::move(file);
     reader->decoder_.reset(FLAC__stream_decoder_new());
     if (!reader->decoder_) return SoundError::Memory;
+    if (check) FLAC__stream_decoder_set_md5_checking(reader->decoder_.get(), 1);
     if (!reader->Start()) return SoundError::FormatFile;
     reader->Describe(bytes);
     // A description without any sound after it is a damaged file, unless it says so itself.
@@ -38,12 +41,14 @@ void FlacReader::Describe(std::int64_t fileBytes) {
     const auto bits = static_cast<std::int32_t>(info_->bits_per_sample);
     description_.SourceRate = rate;
     description_.Delivered = {rate, std::min(channels, 2)};
+    description_.SourceChannels = channels;
     description_.BitsPerSample = bits;
     description_.Text = TextWithBits("FLAC", rate, bits, channels);
     description_.Format = OutputFormat{Coding::Flac, description_.Delivered, bits};
     // An encoder that could not go back to its header leaves 0 there. Music shrinks to some 60 %.
     const std::int64_t guess = fileBytes * 8 / (std::int64_t{bits} * channels) * 5 / 3;
     const auto told = static_cast<std::int64_t>(info_->total_samples);
+    description_.StatedFrames = told;
     description_.Frames = PlausibleFrames(told > 0 ? told : guess, fileBytes);
     if (channels > 2) downMix_.emplace(UsualSpeakers(static_cast<std::size_t>(channels)));
 }
@@ -64,14 +69,23 @@ std::size_t FlacReader::Read(std::span<std::int16_t> samples) {
 
 // False at the end of the stream. Damage in between is skipped by the library.
 bool FlacReader::DecodeFrame() {
-    return FLAC__stream_decoder_process_single(decoder_.get()) &&
-           FLAC__stream_decoder_get_state(decoder_.get()) < FLAC__STREAM_DECODER_END_OF_STREAM;
+    if (ended_) return false;
+    ended_ = !FLAC__stream_decoder_process_single(decoder_.get()) ||
+             FLAC__stream_decoder_get_state(decoder_.get()) >= FLAC__STREAM_DECODER_END_OF_STREAM;
+    // Compares the checksums, where that was asked for.
+    if (ended_) faults_.ChecksumDiffers = !FLAC__stream_decoder_finish(decoder_.get());
+    return !ended_;
 }
 
 void FlacReader::Take(const FLAC__Frame& frame, const FLAC__int32* const* channels) {
     const FLAC__FrameHeader& header = frame.header;
     // A damaged header that looks whole.
-    if (header.channels != info_->channels || header.bits_per_sample < 4) return;
+    if (header.channels != info_->channels || header.bits_per_sample < 4) {
+        ++doubtful_;
+        return;
+    }
+    // What is not sound may follow the last of it, so an error counts only with sound after it.
+    faults_.DamagedBlocks += std::exchange(doubtful_, 0);
     const std::size_t frames = header.blocksize;
     const std::size_t direct = std::min(frames, room_.size() / OutChannels());
     Render(header, channels, 0, direct, room_.data());
@@ -111,7 +125,7 @@ void FlacReader::Mix(const FLAC__FrameHeader& header, const FLAC__int32* const* 
     for (unsigned c = 0; c < header.channels; ++c)
         for (std::size_t i = 0; i < count; ++i)
             gathered_[i * header.channels + c] = ToFloat(channels[c][first + i] << shift);
-    downMix_->Apply(gathered_, out);
+    faults_.LimitedSamples += static_cast<std::int64_t>(downMix_->Apply(gathered_, out));
 }
 
 FLAC__StreamDecoderReadStatus FlacReader::OnRead(const FLAC__StreamDecoder*, FLAC__byte* target,

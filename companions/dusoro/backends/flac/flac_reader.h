@@ -14,10 +14,12 @@ namespace mavrin2::dusoro {
 
 class FlacReader final : public SoundReader {
 public:
-    static Outcome<std::unique_ptr<SoundReader>> Open(std::shared_ptr<platform::File> file);
+    static Outcome<std::unique_ptr<SoundReader>> Open(std::shared_ptr<platform::File> file,
+                                                      bool check);
 
     const SourceDescription& Description() const override { return description_; }
     std::size_t Read(std::span<std::int16_t> samples) override;
+    SourceFaults Faults() const override { return faults_; }
 
 private:
     struct Delete {
@@ -46,7 +48,9 @@ private:
                                                   const FLAC__int32* const channels[], void* self);
     static void OnMetadata(const FLAC__StreamDecoder*, const FLAC__StreamMetadata* metadata,
                            void* self);
-    static void OnError(const FLAC__StreamDecoder*, FLAC__StreamDecoderErrorStatus, void*) {}
+    static void OnError(const FLAC__StreamDecoder*, FLAC__StreamDecoderErrorStatus, void* self) {
+        ++static_cast<FlacReader*>(self)->doubtful_;
+    }
 
     std::shared_ptr<platform::File> file_;
     std::int64_t position_ = 0;
@@ -54,6 +58,9 @@ private:
     std::optional<FLAC__StreamMetadata_StreamInfo> info_;
     SourceDescription description_;
     std::optional<DownMix> downMix_;
+    SourceFaults faults_;
+    bool ended_ = false;
+    std::int64_t doubtful_ = 0;  // errors since the last frame
     std::vector<float> gathered_;
 
     // A decoded frame fills what is left of the caller's buffer; the rest waits.

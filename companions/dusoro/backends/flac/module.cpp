@@ -6,8 +6,8 @@ namespace {
 class FlacDecoder final : public Decoder {
 public:
     Outcome<std::unique_ptr<SoundReader>> Open(const std::shared_ptr<platform::File>& file,
-                                               const ReadingHint&) const override {
-        return FlacReader::Open(file);
+                                               const ReadingHint& hint) const override {
+        return FlacReader::Open(file, hint.Check);
     }
 };
 

@@ -5,6 +5,7 @@
 
 #include "companions/dusoro/backends/sndfile/headerless.h"
 #include "companions/dusoro/backends/sndfile/sndfile_formats.h"
+#include "companions/dusoro/backends/sndfile/stated_length.h"
 #include "companions/dusoro/sound/format_text.h"
 #include "companions/dusoro/sound/plausible_length.h"
 #include "companions/dusoro/sound/sample_blocks.h"
@@ -70,6 +71,7 @@ Outcome<std::unique_ptr<SoundReader>> SndfileReader::Open(std::shared_ptr<platfo
     std::unique_ptr<SndfileReader> reader(new SndfileReader);
     reader->file_ = std::move(file);
     reader->stream_.File = reader->file_.get();
+    reader->check_ = hint.Check;
     SF_INFO info{};
     if (hint.Headerless) reader->OpenHeaderless(*hint.Headerless, info);
     reader->handle_.reset(reader->stream_.Open(SFM_READ, info));
@@ -117,6 +119,7 @@ void SndfileReader::Describe(const SF_INFO& info) {
     const SndfileSubtype& subtype = *FindSubtype(info.format);
     description_.SourceRate = info.samplerate;
     description_.Delivered = {info.samplerate, std::min(info.channels, 2)};
+    description_.SourceChannels = info.channels;
     description_.Frames = PlausibleFrames(info.frames, file_->Length().value_or(0));
     description_.BitsPerSample = subtype.Coding == SndfileCoding::Lossy ? 16 : subtype.Bits;
     description_.PlainPcm = subtype.Coding == SndfileCoding::Integer;
@@ -130,6 +133,7 @@ void SndfileReader::Describe(const SF_INFO& info) {
     if (!headed_ && subtype.Coding == SndfileCoding::Lossy &&
         (major == SF_FORMAT_WAV || major == SF_FORMAT_WAVEX))
         LimitToFrameCount();
+    if (!headed_) description_.StatedFrames = StatedFrames(*file_, description_.Frames);
 
     if (info.channels > 2) {
         downMix_.emplace(Speakers(info.channels));
@@ -215,6 +219,8 @@ std::size_t SndfileReader::ReadConverted(sf_count_t (*read)(SNDFILE*, Sample*, s
         if (got <= 0) break;
         const auto values = static_cast<std::size_t>(got) * channels;
         ConvertSamples(block.data(), out + done * channels, values);
+        if (check_)
+            limited_ += static_cast<std::int64_t>(CountBeyondFullScale(block.data(), values));
         done += static_cast<std::size_t>(got);
     }
     return done;
@@ -231,7 +237,8 @@ std::size_t SndfileReader::ReadMixed(std::int16_t* out, std::size_t frames) {
             sf_readf_float(handle_.get(), floats_.data(), static_cast<sf_count_t>(asked));
         if (got <= 0) break;
         const auto count = static_cast<std::size_t>(got);
-        downMix_->Apply(std::span(floats_).first(count * channels), out + 2 * done);
+        limited_ += static_cast<std::int64_t>(
+            downMix_->Apply(std::span(floats_).first(count * channels), out + 2 * done));
         done += count;
     }
     return done;

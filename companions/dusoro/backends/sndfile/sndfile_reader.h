@@ -17,6 +17,7 @@ public:
 
     const SourceDescription& Description() const override { return description_; }
     std::size_t Read(std::span<std::int16_t> samples) override;
+    SourceFaults Faults() const override { return {0, limited_, false}; }
 
 private:
     // What libsndfile is asked for: the type that holds the file's samples without loss.
@@ -40,6 +41,8 @@ private:
     SndfileHandle handle_;
     SourceDescription description_;
     std::int64_t left_ = std::numeric_limits<std::int64_t>::max();  // frames to be delivered
+    bool check_ = false;
+    std::int64_t limited_ = 0;
     Native native_ = Native::Short;
     std::optional<DownMix> downMix_;
     std::vector<std::int16_t> pairs_;
