@@ -74,11 +74,19 @@ Variant Invoke(IDispatch& object, const Invocation& call) {
     throw CallError(status, where + ": " + StatusText(status));
 }
 
-std::int32_t LateBound::Number(std::string_view property) const {
+Variant LateBound::ReadAs(VARTYPE type, std::string_view property) const {
     Variant value = Invoke(property, DISPATCH_PROPERTYGET);
-    if (const HRESULT status = VariantChangeType(&value, &value, 0, VT_I4); FAILED(status))
+    if (const HRESULT status = VariantChangeType(&value, &value, 0, type); FAILED(status))
         throw CallError(status, std::string(property) + ": " + StatusText(status));
-    return value.lVal;
+    return value;
+}
+
+std::int32_t LateBound::Number(std::string_view property) const {
+    return ReadAs(VT_I4, property).lVal;
+}
+
+double LateBound::Real(std::string_view property) const {
+    return ReadAs(VT_R8, property).dblVal;
 }
 
 std::string LateBound::Text(std::string_view property) const {

@@ -44,6 +44,7 @@ public:
         Invoke(property, DISPATCH_PROPERTYPUT, value);
     }
     std::int32_t Number(std::string_view property) const;
+    double Real(std::string_view property) const;
     std::string Text(std::string_view property) const;
     // A property whose value is an object.
     LateBound Part(std::string_view property) const;
@@ -68,6 +69,7 @@ private:
         automation::Variant values[sizeof...(arguments) + 1] = {ToVariant(arguments)...};
         return InvokeByName(name, flags, {values, sizeof...(arguments)});
     }
+    automation::Variant ReadAs(VARTYPE type, std::string_view property) const;
     automation::Variant InvokeByName(std::string_view name, WORD flags,
                                      std::span<automation::Variant> arguments) const;
 

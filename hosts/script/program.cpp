@@ -8,17 +8,20 @@
 #include "hosts/binding/find_components.h"
 #include "hosts/script/commands/command.h"
 #include "hosts/script/commands/command_line.h"
+#include "hosts/script/commands/printable.h"
 #include "platform/interrupt.h"
 
 namespace mavrin2::script {
 namespace {
 
+constexpr const char* kVersion = "mavrin2 " MAVRIN2_VERSION;
+
 constexpr const char* kHelp =
     R"(Usage: mavrin2 COMMAND ...
 
   run SCRIPT.lua [ARGUMENT...]                   run a script that drives the sound editor
-  info FILE...                                   show format, length, sample rate and channels
-  convert IN OUT [OPTION...]                     convert a sound file, or part of it
+  info FILE... [--exact] [--json]                show format, length, tags, damage
+  convert IN... OUT [OPTION...]                  convert sound files, or parts of them
   join OUT IN...                                 write sound files one after another
   mix OUT IN[@GAIN%]...                          mix sound files
   process IN OUT OPERATION...                    run operations on a sound file, or part of it
@@ -31,7 +34,8 @@ constexpr const char* kHelp =
   devices                                        list the devices for playing and recording
   picture IN OUT.png [OPTION...]                 draw a sound file
 
-  --help       show this text; `mavrin2 COMMAND --help` explains a command
+  help COMMAND explain a command, as `mavrin2 COMMAND --help` does
+  --help       show this text
   --version    show the version
 
 Exit codes: 0 success, 1 failure, 2 usage error.
@@ -57,6 +61,10 @@ int Fail(int code, const std::string& message) {
 int RunCommand(const Command& command, std::span<const std::string> arguments) {
     try {
         const CommandLine line(arguments, command.Options, command.LeadingOptions, command.Flags);
+        if (line.AsksForVersion()) {
+            std::puts(kVersion);
+            return kSuccess;
+        }
         if (line.AsksForHelp()) {
             std::fputs(command.Help, stdout);
             if (!command.MoreHelp) return kSuccess;
@@ -85,12 +93,20 @@ int Dispatch(std::span<const std::string> arguments) {
         return kWrongUse;
     }
     const std::string& first = arguments.front();
-    if (first == "--help" || first == "-h") {
+    if (first == "--help" || first == "-h" || (first == "help" && arguments.size() == 1)) {
         std::fputs(kHelp, stdout);
         return kSuccess;
     }
+    if (first == "help" && arguments.size() > 1) {
+        if (const Command* command = Find(arguments[1])) {
+            const std::string help[] = {"--help"};
+            return RunCommand(*command, help);
+        }
+        return Fail(kWrongUse,
+                    "unknown command '" + Printable(arguments[1]) + "'\nTry 'mavrin2 --help'.");
+    }
     if (first == "--version") {
-        std::puts("mavrin2 " MAVRIN2_VERSION);
+        std::puts(kVersion);
         return kSuccess;
     }
     if (const Command* command = Find(first)) return RunCommand(*command, arguments.subspan(1));

@@ -36,6 +36,20 @@ TEST_F(Commands, ExplainTheirUseAndRefuseUnclearCommandLines) {
     } const cases[] = {
         {{"--help"}, 0, "Usage: mavrin2 COMMAND", ""},
         {{"--version"}, 0, "mavrin2 2.", ""},
+        {{"info", "--version"}, 0, "mavrin2 2.", ""},
+        {{"help", "info"}, 0, "Usage: mavrin2 info", ""},
+        {{"help", "me\t"}, 2, "", "unknown command 'me\\t'"},
+        {{"convert", "tone.wav", "x.wav", "--delete", "1"},
+         2,
+         "",
+         "'1' for --delete; try 1:30-2:15"},
+        {{"convert", "tone.wav", "x.wav", "--gain=41"}, 2, "", "'41' for --gain; try -6 (decibels"},
+        {{"convert", "tone.wav", "x.wav", "--quality=3"}, 2, "", "is for mp3, ogg, oga, not for"},
+        {{"convert", "tone.wav", "tone.wav", "-o", "."}, 2, "", "two files would be written to"},
+        {{"convert", "tone.wav", "x.vox", "--channels=2"},
+         1,
+         "",
+         "x.vox: VOX ADPCM does not have 8000 Hz stereo; the nearest is 8000 Hz mono\n"},
         {{"run", "--help"}, 0, "Usage: mavrin2 run", ""},
         {{"info", "--help", "--", "x"}, 0, "Usage: mavrin2 info", ""},
         {{"convert", "-h"}, 0, "Usage: mavrin2 convert", ""},
@@ -133,12 +147,14 @@ TEST_F(Commands, InfoDescribesEveryFileThatCanBeRead) {
               "Length    0:00:01.500 (12000 frames)\n"
               "Rate      8000 Hz\n"
               "Channels  1\n"
+              "Bit rate  128 kbit/s\n"
               "\n"
               "File      short.wav\n"
               "Format    PCM 44100 Hz; 16 bit; stereo\n"
               "Length    0:00:00.000 (4 frames)\n"
               "Rate      44100 Hz\n"
-              "Channels  2\n");
+              "Channels  2\n"
+              "Bit rate  5292 kbit/s\n");
     EXPECT_EQ(program.Err, "mavrin2: missing.wav: No such file or directory\n");
 
     auto full = host_.In();
@@ -146,6 +162,56 @@ TEST_F(Commands, InfoDescribesEveryFileThatCanBeRead) {
     Program unwritten({"info", "tone.wav"}, full);
     EXPECT_EQ(unwritten.Finish(), 1);
     EXPECT_EQ(unwritten.Err, "mavrin2: standard output: No space left on device\n");
+}
+
+TEST_F(Commands, SayWhatGetsLostAndRefuseItWithStrict) {
+    host_.WriteWave("six.wav", 8000, 6, 100);
+    host_.Write("cut.wav", host_.Read("tone.wav")->substr(0, 44 + 2000));
+    const char* const mixed = "six.wav: 6 channels mixed down to 2\n";
+    const char* const cut =
+        "cut.wav: damaged: has 1000 of the 12000 frames that its header states\n";
+    for (const auto& [line, loss] :
+         {std::pair<Arguments, const char*>{{"convert", "six.wav", "out.wav"}, mixed},
+          {{"process", "cut.wav", "out.wav", "Reverse"}, cut},
+          {{"join", "out.wav", "tone.wav", "cut.wav"}, cut},
+          {{"mix", "out.wav", "six.wav", "six.wav"}, mixed},
+          {{"convert", "short.wav", "out.opus"}, "to which it was converted\n"}}) {
+        SCOPED_TRACE(testing::PrintToString(line));
+        Arguments strict = line;
+        strict.emplace_back("--strict");
+        for (const std::string name : {"out.wav", "out.opus"})
+            std::filesystem::remove(host_.Path(name));
+        Program refused(strict, host_.In());
+        EXPECT_EQ(refused.Finish(), 1);
+        EXPECT_THAT(refused.Err, HasSubstr(loss));
+        EXPECT_THAT(refused.Err, HasSubstr(": not written, because of --strict\n"));
+        EXPECT_FALSE(host_.Read("out.wav") || host_.Read("out.opus"));
+        Program said(line, host_.In());
+        EXPECT_EQ(said.Finish(), 0);
+        EXPECT_THAT(said.Err, testing::EndsWith(loss));
+        EXPECT_TRUE(host_.Read("out.wav") || host_.Read("out.opus"));
+    }
+    Program info({"info", "--json", "--exact", "six.wav", "cut.wav"}, host_.In());
+    EXPECT_EQ(info.Finish(), 0);
+    EXPECT_THAT(info.Out, HasSubstr("\"losses\": [\"6 channels mixed down to 2\"]},\n{\"file\""));
+    EXPECT_THAT(info.Out, HasSubstr("\"losses\": [\"damaged: has 1000 of"));
+}
+
+TEST_F(Commands, ConvertSeveralFilesAtOnce) {
+    std::filesystem::create_directory(host_.Path("out"));
+    Program several({"convert", "tone.wav", "text.wav", "short.wav", "-o", "out", "--to", "flac"},
+                    host_.In());
+    EXPECT_EQ(several.Finish(), 1);
+    EXPECT_THAT(several.Out, HasSubstr("tone.wav -> out/tone.flac\n"));
+    EXPECT_THAT(several.Err, HasSubstr("text.wav: not a sound file; it looks like text\n"));
+    EXPECT_THAT(several.Err, testing::EndsWith("mavrin2: 2 of 3 files were converted\n"));
+    EXPECT_TRUE(host_.Read("out/short.flac") && !host_.Read("out/text.flac"));
+    Program again({"convert", "tone.wav", "short.wav", "-o", "out", "--quiet"}, host_.In());
+    EXPECT_EQ(again.Finish(), 0);
+    EXPECT_EQ(again.Out + again.Err, "");
+    Program kept({"convert", "tone.wav", "out/tone.flac", "--no-clobber"}, host_.In());
+    EXPECT_EQ(kept.Finish(), 1);
+    EXPECT_EQ(kept.Err, "mavrin2: out/tone.flac: exists already\n");
 }
 
 TEST_F(Commands, ConvertWritesTheWholeSoundOrAPartOfIt) {
@@ -218,6 +284,20 @@ TEST_F(Commands, ConvertJoinAndMixWholeSounds) {
     EXPECT_EQ(mixed[80], 80 + 40 + 20);
     EXPECT_EQ(mixed[11000], 5500);
 
+    // Ranges are those of the file, in any order.
+    const auto edited =
+        written({"convert", "tone.wav", "out.wav", "--delete=1500f-3000f", "--silence=4000f-4001f",
+                 "--delete=1000f-2000f", "--start=500f", "--end=5000f", "--gain=-6.0206"});
+    ASSERT_EQ(edited.size(), 2500U);
+    EXPECT_EQ(edited[0], 250);
+    EXPECT_EQ(edited[500], 1500);
+    EXPECT_EQ(edited[1500], 0);
+    const auto faded =
+        written({"convert", "tone.wav", "out.wav", "--fade=0,1", "--end=1", "--normalize=100"});
+    EXPECT_EQ(faded.at(0), 0);
+    EXPECT_NEAR(faded.at(4000), 8192, 8);
+    EXPECT_LT(faded.at(7990), 50);
+
     const Arguments to16{"--rate", "16000", "--start", "0.5", "--end", "1"};
     Arguments line{"convert", "tone.wav", "out.wav"};
     line.insert(line.end(), to16.begin(), to16.end());
@@ -275,7 +355,7 @@ TEST_F(Commands, DestroyNothingWhenTheyFail) {
         {{"convert", "missing.wav", "old.mp3"}, "missing.wav: No such file or directory"},
         {{"convert", "folder.wav", "old.mp3"}, "folder.wav: Is a directory"},
         {{"convert", "/dev/null", "old.mp3"}, "/dev/null: not a regular file"},
-        {{"convert", "text.wav", "old.mp3"}, "text.wav: FormatFile error."},
+        {{"convert", "text.wav", "old.mp3"}, "text.wav: not a sound file; it looks like text"},
         {{"convert", "tone.wav", "nowhere/x.wav"}, "nowhere/x.wav: No such file or directory"},
         {{"convert", "tone.wav", "old.mp3/x.wav"}, "old.mp3/x.wav: Not a directory"},
         {{"convert", "tone.wav", "folder.wav"}, "folder.wav: Is a directory"},
@@ -299,8 +379,8 @@ TEST_F(Commands, DestroyNothingWhenTheyFail) {
         {{"convert", "short.wav", "old.mp3"},
          "short.wav: cannot write its working copy in the temporary folder ",
          40},
-        {{"convert", "short.wav", "old.mp3"}, "old.mp3: File Access error.", 300},
-        {{"convert", "short.wav", "new.mp3"}, "new.mp3: File Access error.", 300},
+        {{"convert", "short.wav", "old.mp3"}, "old.mp3: cannot be written", 300},
+        {{"convert", "short.wav", "new.mp3"}, "new.mp3: cannot be written", 300},
     };
     for (const auto& one : cases) {
         SCOPED_TRACE(testing::PrintToString(one.Line));

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "hosts/script/commands/printable.h"
+
 namespace mavrin2::script {
 
 class CommandLine;
@@ -18,7 +20,7 @@ struct Failure : std::runtime_error {
     using std::runtime_error::runtime_error;
 
     Failure(const std::string& subject, const std::string& reason)
-        : std::runtime_error(subject + ": " + reason) {}
+        : std::runtime_error(Printable(subject) + ": " + reason) {}
 };
 
 // A command line that cannot be understood.

@@ -19,6 +19,8 @@ CommandLine::CommandLine(std::span<const std::string> arguments,
             onlyOperands = true;
         } else if (*argument == "--help" || *argument == "-h") {
             help_ = true;
+        } else if (*argument == "--version") {
+            version_ = true;
         } else if (std::ranges::find(flags, *argument) != flags.end()) {
             values_[*argument];
         } else {
@@ -27,18 +29,23 @@ CommandLine::CommandLine(std::span<const std::string> arguments,
             if (std::ranges::find(options, name) == options.end())
                 throw UsageError("unknown option '" + name + "'");
             if (sign < argument->size())
-                values_[name] = argument->substr(sign + 1);
+                values_[name].push_back(argument->substr(sign + 1));
             else if (++argument == arguments.end())
                 throw UsageError(name + " needs a value");
             else
-                values_[name] = *argument;
+                values_[name].push_back(*argument);
         }
     }
 }
 
 std::optional<std::string> CommandLine::Value(std::string_view option) const {
     const auto found = values_.find(option);
-    return found == values_.end() ? std::nullopt : std::optional(found->second);
+    return found == values_.end() ? std::nullopt : std::optional(found->second.back());
+}
+
+std::vector<std::string> CommandLine::Values(std::string_view option) const {
+    const auto found = values_.find(option);
+    return found == values_.end() ? std::vector<std::string>() : found->second;
 }
 
 }  // namespace mavrin2::script

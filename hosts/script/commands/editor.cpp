@@ -16,14 +16,20 @@
 namespace mavrin2::script {
 namespace {
 
-// What the editor's methods fail with when a file cannot be opened, read or written.
+// What the editor's methods fail with when a file cannot be opened, read or written, and when it is
+// in no known format.
 constexpr std::uint32_t kFileAccess = 0x80040309;
+constexpr std::uint32_t kFormatFile = 0x80040303;
+
+bool Is(const binding::CallError& error, std::uint32_t status) {
+    return static_cast<std::uint32_t>(error.Status()) == status;
+}
 
 }  // namespace
 
-Editor::Editor()
+Editor::Editor(bool progress)
     : editor_(binding::CreateObject(binding::kEditorProgId)),
-      bar_(platform::TerminalWidth(stderr) ? stderr : nullptr),
+      bar_(progress && platform::TerminalWidth(stderr) ? stderr : nullptr),
       events_(editor_.Object(), [this](DISPID event, std::span<const VARIANT> arguments) {
           OnEvent(event, arguments);
       }) {
@@ -82,10 +88,17 @@ void Editor::OpenDocument(const std::string& file) {
         try {
             editor_.Call("Open", file);
         } catch (const binding::CallError& error) {
+            if (Is(error, kFormatFile)) {
+                const std::string appearance = AppearanceOf(file);
+                throw binding::CallError(error.Status(), appearance.empty()
+                                                             ? "not a sound file in a known format"
+                                                             : "not a sound file; " + appearance);
+            }
             // The file itself can be read, so it is its working copy that cannot be written.
-            if (static_cast<std::uint32_t>(error.Status()) != kFileAccess) throw;
+            if (!Is(error, kFileAccess)) throw;
             throw binding::CallError(
-                error.Status(), "cannot write its working copy in the temporary folder " + folder);
+                error.Status(), "cannot write its working copy in the temporary folder " + folder +
+                                    SpaceHint(folder));
         }
     });
 }
@@ -127,19 +140,20 @@ void Editor::Edit(const char* work, const std::string& name, auto&& operation) {
         throw Failure(name, binding::EditErrorText(error));
 }
 
+void Editor::Delete(std::int64_t start, std::int64_t end) {
+    if (start >= end) return;
+    Select(start, end);
+    Edit("Cutting", "the sound", [&] { editor_.Call("DeleteSelect"); });
+}
+
 void Editor::KeepSelection() {
     const binding::LateBound position = editor_.Part("Position");
     const std::int32_t start = position.Number("StartSelect");
     const std::int32_t end = position.Number("EndSelect");
     // Deleting sound would move them to its place.
     DeleteMarkersOutside(start, end);
-    const auto remove = [&](std::int32_t from, std::int32_t to) {
-        if (from >= to) return;
-        Select(from, to);
-        Edit("Cutting", "the sound", [&] { editor_.Call("DeleteSelect"); });
-    };
-    remove(end, Frames());
-    remove(0, start);
+    Delete(end, Frames());
+    Delete(0, start);
 }
 
 void Editor::Append(const std::string& file) {
@@ -196,7 +210,15 @@ void Editor::ShowChannel(std::int32_t channel, bool visible) const {
 }
 
 void Editor::Save(const std::filesystem::path& file, const std::string& name, bool selection) {
-    Run("Writing", name, [&] { editor_.Call("Save", file.string(), selection); });
+    Run("Writing", name, [&] {
+        try {
+            editor_.Call("Save", file.string(), selection);
+        } catch (const binding::CallError& error) {
+            if (!Is(error, kFileAccess)) throw;
+            throw binding::CallError(error.Status(),
+                                     "cannot be written" + SpaceHint(file.parent_path().string()));
+        }
+    });
 }
 
 void Editor::LeaveOutExtraInfo() {

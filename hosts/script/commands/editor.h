@@ -17,7 +17,8 @@ namespace mavrin2::script {
 // throw Interruption when the user asks to stop. All members throw Failure or CallError.
 class Editor {
 public:
-    Editor();
+    // `progress`: whether it shows.
+    explicit Editor(bool progress = true);
     Editor(const Editor&) = delete;
     Editor& operator=(const Editor&) = delete;
 
@@ -34,6 +35,8 @@ public:
     // Selects frames from `start` to before `end`.
     void Select(std::int64_t start, std::int64_t end) const;
 
+    // Deletes frames from `start` to before `end`.
+    void Delete(std::int64_t start, std::int64_t end);
     // Deletes all but the selection.
     void KeepSelection();
     // Adds a sound file at the end, in the rate and channels of the document.
@@ -54,6 +57,8 @@ public:
     }
     // MP3 with options as LAME's own program has them.
     void ChooseMp3(const std::string& options) const;
+    // Whether the ends of what an operation makes are blended in with what was there.
+    void BlendEnds(bool blended) const { editor_.Part("Transform").Put("SmoothEnabled", blended); }
     // Runs one on frames `start` to before `end`, which are then selected; InsertSilence inserts at
     // `start`. Returns the number of frames that the document gained.
     std::int32_t Process(const Operations& operations, OperationCall& call, std::int64_t start,

@@ -15,12 +15,14 @@ first one, or to those given. An existing file OUT is replaced when the new one 
 
   --rate HERTZ      sample rate, 1000 to 192000
   --channels COUNT  1 or 2
+  --strict          fail, and write nothing, where anything of the files would be lost
 
-The result has at most 2 GiB of 16-bit samples.
+The result has at most 2 GiB of 16-bit samples: 3 h 22 min 54 s of 44.1 kHz stereo.
 Exit codes: 0 success, 1 failure, 2 usage error.
 )";
 
 constexpr std::string_view kOptions[] = {kRate, kChannels};
+constexpr std::string_view kFlags[] = {kStrict};
 
 int Run(const CommandLine& line) {
     if (line.Operands().size() < 2) throw UsageError("join needs OUT and at least one file");
@@ -29,16 +31,17 @@ int Run(const CommandLine& line) {
     SoundOutput output(line.Operands()[0], inputs);
 
     Editor editor;
-    editor.Open(inputs.front());
+    Losses losses(line);
+    losses.Open(editor, inputs.front());
     format.ApplyTo(editor);
     for (const std::string& in : inputs.subspan(1))
-        editor.Append(in);
-    output.Write(editor, false);
+        losses.Append(editor, in);
+    output.Write(editor, false, losses);
     return kSuccess;
 }
 
 }  // namespace
 
-const Command kJoinCommand{"join", kHelp, kOptions, false, &Run};
+const Command kJoinCommand{"join", kHelp, kOptions, false, &Run, kFlags};
 
 }  // namespace mavrin2::script

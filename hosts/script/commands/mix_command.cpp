@@ -22,12 +22,14 @@ new one is complete.
   IN@GAIN%          the level of a file in percent, 0 to 1000: music.mp3@30%; 100 if not given
   --rate HERTZ      sample rate, 1000 to 192000
   --channels COUNT  1 or 2
+  --strict          fail, and write nothing, where anything of the files would be lost
 
 Samples beyond full scale are limited to it.
 Exit codes: 0 success, 1 failure, 2 usage error.
 )";
 
 constexpr std::string_view kOptions[] = {kRate, kChannels};
+constexpr std::string_view kFlags[] = {kStrict};
 
 struct Input {
     std::string File;
@@ -62,8 +64,9 @@ int Run(const CommandLine& line) {
 
     // The longest file becomes the document, since mixing stops at the end of the document.
     Editor editor;
+    Losses losses(line);
     for (Input& input : inputs) {
-        editor.Open(input.File);
+        losses.Open(editor, input.File);
         input.Seconds = static_cast<double>(editor.Frames()) / editor.Rate();
         format.CompleteFrom(editor);
     }
@@ -74,12 +77,12 @@ int Run(const CommandLine& line) {
     if (longest->Percent != 100) editor.Mix(longest->Percent, longest->File, 0);
     for (auto input = inputs.begin(); input != inputs.end(); ++input)
         if (input != longest) editor.Mix(100, input->File, input->Percent);
-    output.Write(editor, false);
+    output.Write(editor, false, losses);
     return kSuccess;
 }
 
 }  // namespace
 
-const Command kMixCommand{"mix", kHelp, kOptions, false, &Run};
+const Command kMixCommand{"mix", kHelp, kOptions, false, &Run, kFlags};
 
 }  // namespace mavrin2::script

@@ -22,6 +22,7 @@ existing file OUT is replaced when the new one is complete.
 
   --start TIME  where the part starts; the beginning if not given
   --end TIME    where the part ends; the end if not given
+  --strict      fail, and write nothing, where anything of IN would be lost
 
 OPERATION is a name, with `=` and its values separated by commas if it has any: Reverse, Normalize=95,0,
 LowPassFilter=4000,2. The numbers of an array have colons between them: Envelope=0:100:50.
@@ -37,6 +38,7 @@ Lists the operations of `mavrin2 process` with their values, and what the values
 )";
 
 constexpr std::string_view kOptions[] = {kStart, kEnd};
+constexpr std::string_view kFlags[] = {kStrict};
 
 int Process(const CommandLine& line) {
     if (line.Operands().size() < 3)
@@ -50,12 +52,13 @@ int Process(const CommandLine& line) {
         calls.push_back(operations.Parse(text));
     SoundOutput output(line.Operands()[1], {&in, 1});
 
-    editor.Open(in);
+    Losses losses(line);
+    losses.Open(editor, in);
     TimeRange::Frames range{0, editor.Frames()};
     if (part.IsGiven()) range = part.In(editor, in);
     for (OperationCall& call : calls)
         range.End += editor.Process(operations, call, range.Start, range.End);
-    output.Write(editor, false);
+    output.Write(editor, false, losses);
     return kSuccess;
 }
 
@@ -69,7 +72,7 @@ int List(const CommandLine& line) {
 
 }  // namespace
 
-const Command kProcessCommand{"process", kProcessHelp, kOptions, false, &Process};
+const Command kProcessCommand{"process", kProcessHelp, kOptions, false, &Process, kFlags};
 const Command kOperationsCommand{"operations", kOperationsHelp, {}, false, &List};
 
 }  // namespace mavrin2::script

@@ -56,7 +56,8 @@ int Run(const CommandLine& line) {
     const bool part = editor.Frames() > frames;
     const std::string failure = run.Error();
     if (part) editor.Select(0, frames);
-    output.Write(editor, part);
+    Losses losses(line);
+    output.Write(editor, part, losses);
     if (!failure.empty()) throw Failure(out, "recorded in part only: " + failure);
     return kSuccess;
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstdio>
 #include <filesystem>
 #include <system_error>
 
@@ -45,6 +44,18 @@ std::string FormatName(const std::string& description) {
     return description.substr(0, description.find_last_of(' ', description.find(" Hz") - 1));
 }
 
+// 44100 of it; 0 where it has none.
+std::int32_t RateIn(const std::string& description) {
+    const std::size_t end = description.find(" Hz");
+    if (end == std::string::npos) return 0;
+    const std::size_t start = description.find_last_of(' ', end - 1) + 1;
+    std::int32_t rate = 0;
+    std::from_chars(description.data() + start, description.data() + end, rate);
+    return rate;
+}
+
+}  // namespace
+
 std::optional<std::int32_t> NumberOf(const CommandLine& line, std::string_view option,
                                      std::int32_t least, std::int32_t most, const char* expected) {
     const auto text = line.Value(option);
@@ -57,8 +68,6 @@ std::optional<std::int32_t> NumberOf(const CommandLine& line, std::string_view o
                          expected);
     return value;
 }
-
-}  // namespace
 
 SampleFormat::SampleFormat(const CommandLine& line)
     : rate_(NumberOf(line, kRate, 1000, 192000, "44100 (1000 to 192000)")),
@@ -87,18 +96,37 @@ void SoundOutput::Expect(const std::string& format) {
     expected_ = FormatName(format);
 }
 
-void SoundOutput::Write(Editor& editor, bool selection) {
+// The document's description of its format is, after Save, that of the file.
+void SoundOutput::CompareWith(const Editor& editor, Losses& losses) const {
+    const std::string format = editor.Format();
+    const std::int32_t rate = RateIn(format);
+    const std::int32_t channels = format.ends_with("; mono") ? 1 : editor.Channels();
+    if (mismatch_ == Mismatch::Accept || rate < 1 ||
+        (rate == editor.Rate() && channels == editor.Channels()))
+        return;
+    const auto described = [](std::int32_t hertz, std::int32_t count) {
+        return std::to_string(hertz) + " Hz " + (count == 1 ? "mono" : "stereo");
+    };
+    const std::string text = FormatName(format) + " does not have " +
+                             described(editor.Rate(), editor.Channels()) + "; the nearest is " +
+                             described(rate, channels);
+    if (mismatch_ == Mismatch::Refuse) throw Failure(name_, text);
+    losses.Say(name_, text + ", to which it was converted");
+}
+
+void SoundOutput::Write(Editor& editor, bool selection, Losses& losses) {
+    losses.Refuse(name_);
     editor.Save(file_.Path(), name_, selection);
     if (expected_ && FormatName(editor.Format()) != *expected_)
         throw Failure(name_, "files of this kind are not written as " + *expected_ +
                                  "; try another extension");
+    CompareWith(editor, losses);
     std::string missing;
     for (const std::string& one : editor.MissingIn(file_.Path(), selection))
         missing += (missing.empty() ? "" : ", ") + one;
     if (!missing.empty())
-        std::fprintf(stderr,
-                     "mavrin2: %s: written without %s; files of this kind do not have them\n",
-                     name_.c_str(), missing.c_str());
+        losses.Say(name_, "written without " + missing + "; files of this kind do not have them");
+    losses.Refuse(name_);
     file_.Commit();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -7,12 +8,18 @@
 
 #include "hosts/script/commands/command_line.h"
 #include "hosts/script/commands/editor.h"
+#include "hosts/script/commands/losses.h"
 #include "hosts/script/commands/output_file.h"
 
 namespace mavrin2::script {
 
 inline constexpr std::string_view kRate = "--rate";
 inline constexpr std::string_view kChannels = "--channels";
+
+// The number that an option gives. Throws UsageError, which names what is `expected`, for anything
+// that is not between `least` and `most`.
+std::optional<std::int32_t> NumberOf(const CommandLine& line, std::string_view option,
+                                     std::int32_t least, std::int32_t most, const char* expected);
 
 // The sample rate and channel count that a command line asks for, if any.
 class SampleFormat {
@@ -22,6 +29,7 @@ public:
 
     // Converts the document, and drops its selection. What is not given stays as it is.
     void ApplyTo(Editor& editor) const;
+    bool IsGiven() const { return rate_ || channels_; }
     // Whether that would change the document.
     bool Changes(const Editor& editor) const;
 
@@ -50,11 +58,20 @@ public:
     // Failure, and keeps an older file, where the name cannot have it.
     void Expect(const std::string& format);
 
-    // Writes the document, or its selection, and replaces an older file of that name.
-    void Write(Editor& editor, bool selection);
+    // What happens where the file cannot have the rate or the channels of the document: it is
+    // written with the nearest that it has, which is said, or it is not written.
+    enum class Mismatch : std::uint8_t { Say, Refuse, Accept };
+    void On(Mismatch mismatch) { mismatch_ = mismatch; }
+
+    // Writes the document, or its selection, and replaces an older file of that name. Throws
+    // Failure also where the losses forbid it.
+    void Write(Editor& editor, bool selection, Losses& losses);
 
 private:
+    void CompareWith(const Editor& editor, Losses& losses) const;
+
     std::string name_;
+    Mismatch mismatch_ = Mismatch::Say;
     OutputFile file_;
     std::optional<std::string> expected_;  // the name of a format
 };

@@ -1,0 +1,86 @@
+#include "hosts/script/commands/losses.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cstdio>
+#include <thread>
+
+#include "hosts/script/commands/cd_drives.h"
+#include "hosts/script/commands/command.h"
+
+namespace mavrin2::script {
+namespace {
+
+// Checks a sound file beside the editor, which reads it at the same time: what the editor's own
+// decoder finds stays between it and the control.
+class BackgroundCheck {
+public:
+    explicit BackgroundCheck(const std::string& file) : thread_([this, file] { Run(file); }) {}
+    BackgroundCheck(const BackgroundCheck&) = delete;
+    BackgroundCheck& operator=(const BackgroundCheck&) = delete;
+    ~BackgroundCheck() {
+        cancelled_ = true;
+        if (thread_.joinable()) thread_.join();
+    }
+
+    // Nothing if the companion cannot say.
+    std::optional<SoundFacts> Await() {
+        thread_.join();
+        return std::move(facts_);
+    }
+
+private:
+    void Run(const std::string& file) {
+        try {
+            SoundInspection inspection(file);
+            inspection.Decode([this] { return cancelled_.load(); });
+            facts_ = inspection.Facts();
+        } catch (...) {  // the editor's own failure is the one to report
+        }
+    }
+
+    std::atomic<bool> cancelled_ = false;
+    std::optional<SoundFacts> facts_;
+    std::thread thread_;
+};
+
+}  // namespace
+
+void Losses::Open(Editor& editor, const std::string& file) {
+    const auto facts = Read(file, [&] { editor.Open(file); });
+    if (!facts || !facts->Decoded) return;
+    const double wanted =
+        std::min(facts->DecodedFrames, static_cast<double>(facts->DocumentFrames()));
+    if (editor.Frames() < wanted - 1)
+        Say(file, "only " + std::to_string(editor.Frames()) + " of " +
+                      std::to_string(static_cast<std::int64_t>(wanted)) + " frames could be read");
+}
+
+void Losses::Append(Editor& editor, const std::string& file) {
+    Read(file, [&] { editor.Append(file); });
+}
+
+std::optional<SoundFacts> Losses::Read(const std::string& file, const std::function<void()>& read) {
+    if (IsCdTrack(file)) {
+        read();
+        return std::nullopt;
+    }
+    BackgroundCheck check(file);
+    read();
+    auto facts = check.Await();
+    if (facts)
+        for (const std::string& loss : LossesOf(*facts))
+            Say(file, loss);
+    return facts;
+}
+
+void Losses::Say(const std::string& file, const std::string& loss) {
+    const std::string line = Printable(file) + ": " + loss;
+    if (said_.insert(line).second) std::fprintf(stderr, "mavrin2: %s\n", line.c_str());
+}
+
+void Losses::Refuse(const std::string& output) const {
+    if (strict_ && !said_.empty()) throw Failure(output, "not written, because of --strict");
+}
+
+}  // namespace mavrin2::script

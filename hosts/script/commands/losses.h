@@ -1,0 +1,42 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "hosts/script/commands/command_line.h"
+#include "hosts/script/commands/editor.h"
+#include "hosts/script/commands/sound_facts.h"
+
+namespace mavrin2::script {
+
+inline constexpr std::string_view kStrict = "--strict";
+
+// What the result of a command lacks of its sources. Each loss is a line on standard error.
+class Losses {
+public:
+    // From --strict, with which no output is kept that lacks anything.
+    explicit Losses(const CommandLine& line) : strict_(line.Has(kStrict)) {}
+
+    // Opens a sound file in the editor, or adds it to the document, and finds what gets lost on the
+    // way. Throws what the editor throws.
+    void Open(Editor& editor, const std::string& file);
+    void Append(Editor& editor, const std::string& file);
+
+    // Each text is said once of a file.
+    void Say(const std::string& file, const std::string& loss);
+
+    // Throws Failure if an output of that name is not to be kept.
+    void Refuse(const std::string& output) const;
+
+private:
+    // `read` is done beside the check. The facts are empty where there is nothing to ask.
+    std::optional<SoundFacts> Read(const std::string& file, const std::function<void()>& read);
+
+    bool strict_;
+    std::set<std::string> said_;
+};
+
+}  // namespace mavrin2::script
