@@ -9,6 +9,7 @@
 #include "hosts/script/commands/command.h"
 #include "hosts/script/commands/command_line.h"
 #include "hosts/script/commands/printable.h"
+#include "hosts/script/self_description.h"
 #include "platform/interrupt.h"
 
 namespace mavrin2::script {
@@ -35,6 +36,8 @@ constexpr const char* kHelp =
   picture IN OUT.png [OPTION...]                 draw a sound file
 
   help COMMAND explain a command, as `mavrin2 COMMAND --help` does
+  help man     the manual page
+  completion SHELL  what completes commands and options in bash, zsh or fish
   --help       show this text
   --version    show the version
 
@@ -97,7 +100,17 @@ int Dispatch(std::span<const std::string> arguments) {
         std::fputs(kHelp, stdout);
         return kSuccess;
     }
+    if (first == "completion") {
+        const auto text = CompletionFor(arguments.size() == 2 ? arguments[1] : "", kCommands);
+        if (!text) return Fail(kWrongUse, "completion needs a shell: bash, zsh or fish");
+        std::fputs(text->c_str(), stdout);
+        return kSuccess;
+    }
     if (first == "help" && arguments.size() > 1) {
+        if (arguments[1] == "man") {
+            std::fputs(ManualPage(kVersion, kHelp, kCommands).c_str(), stdout);
+            return kSuccess;
+        }
         if (const Command* command = Find(arguments[1])) {
             const std::string help[] = {"--help"};
             return RunCommand(*command, help);
