@@ -2,7 +2,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <signal.h>
+
+#include <csignal>
 
 #include "tests/hosts/program.h"
 
@@ -85,13 +86,24 @@ TEST_F(Scripts, GoOnAfterAHandlerThatFails) {
                   "  t:Fire(2, '')\n"
                   "end)()\n"
                   "print('end')"),
-              0);
+              1);
     EXPECT_EQ(Out(), "done\ndone\nend\n");
     EXPECT_THAT(Err(),
                 StartsWith("mavrin2: error in the handler of Progress: script.lua:4: oh\nstack"));
     EXPECT_THAT(Err(),
                 HasSubstr("mavrin2: error in the handler of Progress: No. (0x80004005)\nstack"));
     EXPECT_THAT(Err(), HasSubstr("mavrin2: error in the handler of Done: attempt to yield"));
+
+    // Two events in one call.
+    EXPECT_EQ(Run("local t = mavrin2.create('MavrinTest.Thing')\n"
+                  "mavrin2.connect(t, {Progress = function(percent) error(percent) end})\n"
+                  "t:FireLater(1, '')\n"
+                  "t:FireLater(2, '')\n"
+                  "mavrin2.pump(100)\n"),
+              1);
+    EXPECT_THAT(Err(), HasSubstr("Progress: 1\n"));
+    EXPECT_THAT(Err(), testing::Not(HasSubstr("Progress: 2\n")));
+    EXPECT_EQ(Program({"run", "--keep-going", "script.lua"}, host_.In()).Finish(), 0);
 }
 
 TEST_F(Scripts, ReleaseEverythingHoweverTheyEnd) {
@@ -114,8 +126,8 @@ TEST_F(Scripts, MakeACollageOfThreeFormats) {
     for (const auto& line : std::vector<std::vector<std::string>>{
              {"convert", MAVRIN2_TEST_SOUND, "second.mp3", "--rate", "22050", "--channels", "1"},
              {"convert", MAVRIN2_TEST_SOUND, "third.ogg", "--start", "1"},
-             {"run", MAVRIN2_EXAMPLES "/collage.lua", MAVRIN2_TEST_SOUND, "second.mp3", "third.ogg",
-              "out.wav"}}) {
+             {"run", std::string(MAVRIN2_EXAMPLES) + "/collage.lua", MAVRIN2_TEST_SOUND,
+              "second.mp3", "third.ogg", "out.wav"}}) {
         program_.emplace(line, host_.In());
         EXPECT_EQ(program_->Finish(), 0) << Err();
     }

@@ -12,7 +12,7 @@ namespace mavrin2::script {
 namespace {
 
 constexpr const char* kHelp =
-    R"(Usage: mavrin2 run SCRIPT.lua [ARGUMENT...]
+    R"(Usage: mavrin2 run [--keep-going] SCRIPT.lua [ARGUMENT...]
 
 Runs a Lua 5.4 script with Lua's standard library, the arguments in `arg` and these functions:
 
@@ -27,9 +27,13 @@ Runs a Lua 5.4 script with Lua's standard library, the arguments in `arg` and th
   mavrin2.window(object, width, height)   show a control in a window without a screen; the result has
       resize(width, height), pixel(x, y), save("FILE.png") and close()
 
-A failing call raises a table {status =, description =}.
+A failing call raises a table {status =, description =}. An error in a handler is printed once for each
+call, which continues; the script has failed then, unless --keep-going is given.
 Exit codes: 0 success, 1 the script failed, 2 usage error.
 )";
+
+constexpr std::string_view kKeepGoing = "--keep-going";
+constexpr std::string_view kFlags[] = {kKeepGoing};
 
 // Runs the script; its name and arguments are passed as a light userdata.
 int RunScript(lua_State* lua) {
@@ -60,7 +64,8 @@ int Run(const CommandLine& line) {
     const InterruptibleLua interruptible(lua);
     lua_pushcfunction(lua, &RunScript);
     lua_pushlightuserdata(lua, const_cast<std::vector<std::string>*>(&line.Operands()));
-    if (lua_pcall(lua, 1, 0, 0) == LUA_OK) return kSuccess;
+    if (lua_pcall(lua, 1, 0, 0) == LUA_OK)
+        return host.HandlersFailed() && !line.Has(kKeepGoing) ? kFailure : kSuccess;
     const char* message = lua_tostring(lua, -1);
     std::fflush(stdout);
     // Without a reader the output ends early, which is no failure of the script.
@@ -71,6 +76,6 @@ int Run(const CommandLine& line) {
 
 }  // namespace
 
-const Command kRunCommand{"run", kHelp, {}, true, &Run};
+const Command kRunCommand{"run", kHelp, {}, true, &Run, kFlags};
 
 }  // namespace mavrin2::script

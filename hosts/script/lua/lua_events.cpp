@@ -45,6 +45,7 @@ int Deliver(lua_State* lua) {
         PushVariant(lua, argument);
     const int count = static_cast<int>(delivery.Arguments.size());
     if (lua_pcall(lua, count, 0, -count - 2) == LUA_OK) return 0;
+    if (!LuaHost::Of(lua).NoteFailure(delivery.Connection, delivery.Event)) return 0;
     const binding::DescribedMember* event = connection->Events().Find(delivery.Event, INVOKE_FUNC);
     Report(("error in the handler of " + (event ? event->Name : "an event")).c_str(),
            lua_tostring(lua, -1));

@@ -2,6 +2,8 @@
 
 #include <lua.hpp>
 #include <memory>
+#include <set>
+#include <utility>
 #include <vector>
 
 #include "hosts/script/lua/object_values.h"
@@ -39,6 +41,14 @@ public:
     // Paints what is invalid in each. Throws CallError when a control cannot draw.
     void PaintWindows();
 
+    // Notes that a handler has failed. True if that is to be reported: the first time that it did
+    // since the script called what fires the event.
+    bool NoteFailure(lua_Integer connection, DISPID event) {
+        handlersFailed_ = true;
+        return reported_.emplace(connection, event).second;
+    }
+    bool HandlersFailed() const { return handlersFailed_; }
+
     // A number for a new connection.
     lua_Integer NewNumber() { return ++lastNumber_; }
 
@@ -47,10 +57,14 @@ public:
     public:
         explicit Entry(lua_State* lua) : host_(Of(lua)), before_(host_.current_) {
             host_.current_ = lua;
+            if (host_.depth_++ == 0) host_.reported_.clear();
         }
         Entry(const Entry&) = delete;
         Entry& operator=(const Entry&) = delete;
-        ~Entry() { host_.current_ = before_; }
+        ~Entry() {
+            host_.current_ = before_;
+            --host_.depth_;
+        }
 
     private:
         LuaHost& host_;
@@ -63,6 +77,9 @@ private:
     ObjectValues objects_;
     std::vector<std::shared_ptr<HostWindow>> windows_;
     lua_Integer lastNumber_ = 0;
+    int depth_ = 0;  // of C++ functions that call scripts that call C++ functions
+    std::set<std::pair<lua_Integer, DISPID>> reported_;  // since the outermost of them began
+    bool handlersFailed_ = false;
     lua_State* main_;
     lua_State* current_;
 };
