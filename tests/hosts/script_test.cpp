@@ -60,6 +60,14 @@ TEST_F(Scripts, TellWhyAndWhereTheyFailed) {
     EXPECT_EQ(Out(), "begun\n");
     EXPECT_THAT(Err(), StartsWith("mavrin2: File Access error. (0x80040309)\nstack traceback:\n"));
     EXPECT_THAT(Err(), HasSubstr("script.lua:3: in main chunk"));
+    EXPECT_EQ(Run("local editor = mavrin2.create()\n"
+                  "local _, saved = pcall(function() editor:New(8000, 1)\n"
+                  "  editor:Save('none/a.wav', false) end)\n"
+                  "print(saved.file, saved.reason)\n"
+                  "editor:Open('script.lua')"),
+              1);
+    EXPECT_EQ(Out(), "none/a.wav\tNo such file or directory\n");
+    EXPECT_THAT(Err(), StartsWith("mavrin2: FormatFile error. (0x80040303): script.lua\nstack"));
 
     EXPECT_EQ(Run("local t = nil\nt.x = 1"), 1);
     EXPECT_THAT(Err(), StartsWith("mavrin2: script.lua:2: attempt to index a nil value"));

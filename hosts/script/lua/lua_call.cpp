@@ -2,10 +2,13 @@
 
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "automation/text.h"
 #include "automation/variant.h"
 #include "hosts/binding/late_binding.h"
+#include "hosts/script/lua/file_error.h"
 #include "hosts/script/lua/lua_object.h"
 #include "hosts/script/lua/lua_value.h"
 
@@ -39,6 +42,15 @@ public:
     }
 
     std::span<VARIANT> Passed() { return passed_; }
+
+    // The file that the call is about; empty without one.
+    std::string File() const {
+        for (std::size_t i = 0; i < values_.size(); ++i)
+            if (values_[i].vt == VT_BSTR &&
+                automation::AsciiLower(member_.Parameters[i].Name).starts_with("file"))
+                return automation::ToUtf8(automation::Bstr::View(values_[i].bstrVal));
+        return {};
+    }
 
     int PushResults() {
         int count = 0;
@@ -103,9 +115,16 @@ private:
 };
 
 Variant Call(IDispatch& object, const binding::DescribedMember& member, Arguments& arguments) {
-    // Kinds of members and kinds of calls have the same values.
-    return binding::Invoke(
-        object, {member.Name, member.Id, static_cast<WORD>(member.Kind), arguments.Passed()});
+    try {
+        // Kinds of members and kinds of calls have the same values.
+        return binding::Invoke(
+            object, {member.Name, member.Id, static_cast<WORD>(member.Kind), arguments.Passed()});
+    } catch (const binding::CallError& error) {
+        std::string file = arguments.File();
+        if (file.empty()) throw;
+        std::string reason = SystemReason(file, member.Name.starts_with("Save"));
+        throw FileError(error, std::move(file), std::move(reason));
+    }
 }
 
 // The member that writes the property: by reference if an object is given and the property allows

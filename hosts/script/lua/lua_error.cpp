@@ -14,6 +14,14 @@ int ErrorToString(lua_State* lua) {
     const char* description = luaL_tolstring(lua, -2, nullptr);
     const auto status = static_cast<HRESULT>(lua_tointeger(lua, -2));
     lua_pushfstring(lua, "%s (%s)", description, binding::StatusNumber(status).c_str());
+    for (const char* field : {"file", "reason"})
+        if (lua_getfield(lua, 1, field) == LUA_TSTRING) {
+            lua_pushfstring(lua, "%s: %s", lua_tostring(lua, -2), lua_tostring(lua, -1));
+            lua_replace(lua, -3);
+            lua_pop(lua, 1);
+        } else {
+            lua_pop(lua, 1);
+        }
     return 1;
 }
 
@@ -31,6 +39,15 @@ void PushError(lua_State* lua, HRESULT status, const char* description) {
         lua_setfield(lua, -2, "__tostring");
     }
     lua_setmetatable(lua, -2);
+}
+
+void PushError(lua_State* lua, const FileError& error) {
+    PushError(lua, error.Status(), error.what());
+    lua_pushlstring(lua, error.File().data(), error.File().size());
+    lua_setfield(lua, -2, "file");
+    if (error.Reason().empty()) return;
+    lua_pushstring(lua, error.Reason().c_str());
+    lua_setfield(lua, -2, "reason");
 }
 
 void PushMessage(lua_State* lua, const char* message) {

@@ -7,12 +7,15 @@
 #include "automation/guarded.h"
 #include "hosts/binding/call_error.h"
 #include "hosts/binding/late_binding.h"
+#include "hosts/script/lua/file_error.h"
 #include "hosts/script/lua/lua_host.h"
 
 namespace mavrin2::script {
 
 // Pushes what a failing call raises: {status =, description =}, which prints as a sentence.
 void PushError(lua_State* lua, HRESULT status, const char* description);
+// The same with the file, and with the system's reason where there is one.
+void PushError(lua_State* lua, const FileError& error);
 
 // Pushes a message that begins with the line of the script that runs.
 void PushMessage(lua_State* lua, const char* message);
@@ -29,6 +32,8 @@ int Protected(lua_State* lua) {
         return Body(lua);
     } catch (const binding::CallError& error) {
         PushError(lua, error.Status(), error.what());
+    } catch (const FileError& error) {
+        PushError(lua, error);
     } catch (const automation::StatusError& error) {
         PushError(lua, error.Status, binding::StatusText(error.Status).c_str());
     } catch (const std::bad_alloc&) {

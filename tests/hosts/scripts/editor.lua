@@ -41,7 +41,8 @@ assert(not saved and failure.status == 0x80040309)
 assert(failure.description == "File Access error.")
 assert(editor.LastErrorNum == mavrin2.const.FILEACCESS)
 local text <const> = tostring(failure)
-assert(text == "File Access error. (0x80040309)", text)
+assert(text == "File Access error. (0x80040309): " .. results .. "/none/x.flac: No such file or directory",
+  text)
 
 -- The piece is a sound again, for a second editor beside the first one.
 do
