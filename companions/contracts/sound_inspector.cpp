@@ -28,6 +28,7 @@ const InterfaceDescription& DescriptionOf<contracts::ISoundInspector>() {
                                          "Samples beyond full scale in what has been decoded")
             .GetBoolean<&I::get_ChecksumDiffers>(
                 12, "ChecksumDiffers", "Whether the checksum of the whole sound is another one")
+            .GetBoolean<&I::get_EndMissing>(13, "EndMissing", "Whether the file is cut")
             .Build();
     return description;
 }

@@ -38,6 +38,8 @@ struct ISoundInspector : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE get_DamagedBlocks(LONG* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_LimitedSamples(DOUBLE* Value) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_ChecksumDiffers(VARIANT_BOOL* Value) = 0;
+    // Whether the file is cut, known after the last frame that is there.
+    virtual HRESULT STDMETHODCALLTYPE get_EndMissing(VARIANT_BOOL* Value) = 0;
 };
 
 }  // namespace mavrin2::contracts

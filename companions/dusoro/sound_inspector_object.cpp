@@ -103,4 +103,8 @@ STDMETHODIMP SoundInspectorObject::get_ChecksumDiffers(VARIANT_BOOL* Value) {
     return Give(Value, Faults().ChecksumDiffers);
 }
 
+STDMETHODIMP SoundInspectorObject::get_EndMissing(VARIANT_BOOL* Value) {
+    return Give(Value, Faults().EndMissing);
+}
+
 }  // namespace mavrin2::dusoro

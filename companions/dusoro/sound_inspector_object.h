@@ -29,6 +29,7 @@ public:
     STDMETHODIMP get_DamagedBlocks(LONG* Value) override;
     STDMETHODIMP get_LimitedSamples(DOUBLE* Value) override;
     STDMETHODIMP get_ChecksumDiffers(VARIANT_BOOL* Value) override;
+    STDMETHODIMP get_EndMissing(VARIANT_BOOL* Value) override;
 
 private:
     SourceDescription Description() const {

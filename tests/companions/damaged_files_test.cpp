@@ -88,16 +88,21 @@ TEST_F(DamagedFilesTest, AreReportedByTheirReader) {
     WriteBytes(In("checksum.flac"), changed(30));  // in the description of the stream
     WriteBytes(In("short.flac"), flac.substr(0, flac.size() / 2));
     WriteBytes(In("trailer.flac"), flac + std::string("TAG") + std::string(125, ' '));
+    ASSERT_TRUE(Save(In("whole.ogg"), {44100, 2}, Noise(60'000, 6000)));
+    const std::string ogg = ReadBytes(In("whole.ogg"));
+    WriteBytes(In("cut.ogg"), ogg.substr(0, ogg.size() / 2));
     WriteBytes(In("short.wav"), ReadBytes(In("whole.wav")).substr(0, 44 + 2400));
     struct {
         const char* Name;
         bool Damaged, ChecksumDiffers, Short;
+        bool EndMissing = false;
         std::int64_t Limited = 0;
     } const cases[] = {
         {"whole.flac", false, false, false},   {"broken.flac", true, true, false},
         {"checksum.flac", false, true, false}, {"short.flac", false, true, true},
         {"trailer.flac", false, false, false}, {"whole.wav", false, false, false},
-        {"short.wav", false, false, true},     {"loud.wav", false, false, false, 2},
+        {"short.wav", false, false, true},     {"loud.wav", false, false, false, false, 2},
+        {"whole.ogg", false, false, false},    {"cut.ogg", false, false, false, true},
     };
     for (const auto& one : cases) {
         SCOPED_TRACE(one.Name);
@@ -111,6 +116,7 @@ TEST_F(DamagedFilesTest, AreReportedByTheirReader) {
         EXPECT_EQ(faults.ChecksumDiffers, one.ChecksumDiffers);
         EXPECT_EQ(frames < source.StatedFrames, one.Short);
         EXPECT_EQ(faults.LimitedSamples, one.Limited);
+        EXPECT_EQ(faults.EndMissing, one.EndMissing);
     }
 }
 

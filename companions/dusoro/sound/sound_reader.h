@@ -29,6 +29,7 @@ struct SourceFaults {
     std::int64_t DamagedBlocks = 0;   // parts that the decoder refused, or whose checksum is wrong
     std::int64_t LimitedSamples = 0;  // of what was delivered, beyond full scale in the file
     bool ChecksumDiffers = false;     // that of the whole sound; known at its end
+    bool EndMissing = false;          // the file is cut; known at the end of what is there
 };
 
 // A sound that is being read from its beginning to its end.

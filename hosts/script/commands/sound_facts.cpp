@@ -28,6 +28,8 @@ std::string DamageOf(const SoundFacts& facts) {
     if (present < facts.StatedFrames)
         add("has " + Whole(present) + " of the " + Whole(facts.StatedFrames) +
             " frames that its header states");
+    else if (facts.EndMissing)
+        add("the end of the file is missing");
     if (facts.ChecksumDiffers && text.empty()) add("the sound does not match its checksum");
     return text;
 }
@@ -91,6 +93,7 @@ SoundFacts SoundInspection::Facts() const {
     facts.LimitedSamples = inspector_.Real("LimitedSamples");
     facts.DamagedBlocks = inspector_.Number("DamagedBlocks");
     facts.ChecksumDiffers = inspector_.Number("ChecksumDiffers") != 0;
+    facts.EndMissing = inspector_.Number("EndMissing") != 0;
     return facts;
 }
 

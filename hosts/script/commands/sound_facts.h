@@ -25,6 +25,7 @@ struct SoundFacts {
     double LimitedSamples = 0;
     std::int32_t DamagedBlocks = 0;
     bool ChecksumDiffers = false;
+    bool EndMissing = false;
 
     std::int32_t DocumentChannels() const { return Channels > 2 ? 2 : Channels; }
     // The most frames of it that a document holds.

@@ -37,7 +37,8 @@ Outcome<std::unique_ptr<SoundReader>> FfmpegReader::Open(std::shared_ptr<platfor
     const std::int64_t bytes = file->Length().value_or(0);
     reader->input_ = AvInput::Open(std::move(file), hint.Extension);
     if (!reader->input_) return SoundError::FormatFile;
-    if (const SoundError error = reader->OpenDecoder(); error != SoundError::None) return error;
+    if (const SoundError error = reader->OpenDecoder(hint.Check); error != SoundError::None)
+        return error;
     if (const SoundError error = reader->Start(hint.Check); error != SoundError::None) return error;
 
     reader->Measure(bytes);
@@ -53,7 +54,7 @@ void FfmpegReader::Measure(std::int64_t bytes) {
     if (length.Exact) left_ = description_.StatedFrames = description_.Frames;
 }
 
-SoundError FfmpegReader::OpenDecoder() {
+SoundError FfmpegReader::OpenDecoder(bool check) {
     AVFormatContext& context = input_->Context();
     if (input_->IsDemuxer("ogg")) {
         chained_ = IsChainedOgg(input_->File());
@@ -77,6 +78,7 @@ SoundError FfmpegReader::OpenDecoder() {
     decoder_->pkt_timebase = stream_->time_base;
     // Threads pay only where a processor idles, and for few codings even there.
     decoder_->thread_count = 1;
+    if (check) decoder_->err_recognition |= AV_EF_CRCCHECK;
     if (avcodec_parameters_to_context(decoder_.get(), stream_->codecpar) < 0 ||
         avcodec_open2(decoder_.get(), codec, nullptr) < 0)
         return SoundError::FormatNotSupported;
@@ -114,7 +116,10 @@ std::size_t FfmpegReader::Read(std::span<std::int16_t> samples) {
     while (done < wanted) {
         const auto present = static_cast<std::size_t>(frame_->nb_samples);
         if (rendered_ >= present) {
-            if (!NextFrame()) break;
+            if (!NextFrame()) {
+                LookForEnd();
+                break;
+            }
             continue;
         }
         const std::size_t count = std::min(wanted - done, present - rendered_);
@@ -122,8 +127,24 @@ std::size_t FfmpegReader::Read(std::span<std::int16_t> samples) {
             done += count;
         rendered_ += count;
     }
+    delivered_ += static_cast<std::int64_t>(done);
+    if (left_ == static_cast<std::int64_t>(done)) LookForEnd();
     left_ -= static_cast<std::int64_t>(done);
     return done;
+}
+
+// After the last frame: whether more was to come.
+void FfmpegReader::LookForEnd() {
+    if (input_->IsDemuxer("ogg")) {
+        cut_ = !chained_ && !EndsAsOgg(input_->File());
+        return;
+    }
+    const AVFormatContext& context = input_->Context();
+    if (context.duration_estimation_method != AVFMT_DURATION_FROM_STREAM || context.duration <= 0)
+        return;
+    // A header's duration is that of the whole file, in rough steps.
+    const std::int64_t stated = av_rescale(context.duration, description_.SourceRate, AV_TIME_BASE);
+    cut_ = delivered_ < stated - stated / 20 - description_.SourceRate / 5;
 }
 
 // Replaces frame_ by the next one with sound in it. False at the end.

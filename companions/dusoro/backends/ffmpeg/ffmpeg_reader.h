@@ -18,18 +18,19 @@ public:
     const SourceDescription& Description() const override { return description_; }
     std::size_t Read(std::span<std::int16_t> samples) override;
     SourceFaults Faults() const override {
-        return {damaged_, renderer_ ? renderer_->Limited() : 0, false};
+        return {damaged_, renderer_ ? renderer_->Limited() : 0, false, cut_};
     }
 
 private:
     FfmpegReader() = default;
-    SoundError OpenDecoder();
+    SoundError OpenDecoder(bool check);
     SoundError Start(bool check);
     void Measure(std::int64_t bytes);
     bool NextFrame();
     bool FeedDecoder();
     bool TakeFrame();
     void Refuse();
+    void LookForEnd();
 
     std::unique_ptr<AvInput> input_;
     AVStream* stream_ = nullptr;
@@ -41,13 +42,15 @@ private:
     std::size_t rendered_ = 0;  // sample frames of frame_
     std::int64_t skipped_ = 0;  // sample frames that the decoder drops at the beginning
     std::int64_t left_ = std::numeric_limits<std::int64_t>::max();  // sample frames to deliver
-    bool chained_ = false;       // an Ogg file of consecutive streams
-    bool endsByLength_ = false;  // what the demuxer says about padding is not passed on
-    bool begun_ = false;         // the first packet has been read
-    bool draining_ = false;      // the last packet has been read
-    bool refused_ = false;       // a packet could not be decoded
-    std::int64_t doubtful_ = 0;  // packets refused since the last frame
-    std::int64_t damaged_ = 0;   // packets refused with sound after them
+    bool chained_ = false;        // an Ogg file of consecutive streams
+    bool endsByLength_ = false;   // what the demuxer says about padding is not passed on
+    bool begun_ = false;          // the first packet has been read
+    bool draining_ = false;       // the last packet has been read
+    bool refused_ = false;        // a packet could not be decoded
+    std::int64_t doubtful_ = 0;   // packets refused since the last frame
+    std::int64_t delivered_ = 0;  // sample frames
+    bool cut_ = false;            // the file's end is missing
+    std::int64_t damaged_ = 0;    // packets refused with sound after them
 };
 
 }  // namespace mavrin2::dusoro

@@ -9,4 +9,7 @@ namespace mavrin2::dusoro {
 // to the first that is not where it should be.
 bool IsChainedOgg(platform::File& file);
 
+// Whether the last page of an Ogg file is marked as that of its stream.
+bool EndsAsOgg(platform::File& file);
+
 }  // namespace mavrin2::dusoro
