@@ -10,16 +10,20 @@ constexpr Words kEverywhere = kCommon;
 
 std::string Names(std::span<const Command* const> commands) {
     std::string names = "help completion";
-    for (const Command* command : commands)
-        names += std::string(" ") + command->Name;
+    for (const Command* command : commands) {
+        names += ' ';
+        names += command->Name;
+    }
     return names;
 }
 
 std::string OptionsOf(const Command& command) {
     std::string options;
     for (const auto& some : {command.Options, command.Flags, kEverywhere})
-        for (const std::string_view option : some)
-            options += (options.empty() ? "" : " ") + std::string(option);
+        for (const std::string_view option : some) {
+            if (!options.empty()) options += ' ';
+            options += option;
+        }
     return options;
 }
 
@@ -68,12 +72,14 @@ std::string ForFish(std::span<const Command* const> commands) {
     std::string text =
         "complete -c mavrin2 -n __fish_use_subcommand -f -a '" + Names(commands) + "'\n";
     for (const Command* command : commands) {
-        const auto add = [&](std::string_view option, const char* value) {
-            const std::string name = option.starts_with("--")
-                                         ? " -l " + std::string(option.substr(2))
-                                         : " -s " + std::string(option.substr(1));
-            text += std::string("complete -c mavrin2 -n '__fish_seen_subcommand_from ") +
-                    command->Name + "'" + name + value + "\n";
+        const auto add = [&](std::string_view option, std::string_view value) {
+            const bool isLong = option.starts_with("--");
+            text += "complete -c mavrin2 -n '__fish_seen_subcommand_from ";
+            text += command->Name;
+            text += isLong ? "' -l " : "' -s ";
+            text += option.substr(isLong ? 2 : 1);
+            text += value;
+            text += '\n';
         };
         for (const std::string_view option : command->Options)
             add(option, " -r");
