@@ -119,7 +119,7 @@ std::optional<std::string> CompletionFor(std::string_view shell,
 
 std::string ManualPage(std::string_view version, std::string_view overview,
                        std::span<const Command* const> commands) {
-    std::string page = ".TH MAVRIN2 1 \"\" \"" + std::string(version) +
+    std::string page = R"(.TH MAVRIN2 1 "" ")" + std::string(version) +
                        "\"\n.SH NAME\nmavrin2 \\- edit and convert sound files\n"
                        ".SH DESCRIPTION\n" +
                        Verbatim(overview);
