@@ -7,10 +7,9 @@ namespace mavrin2::tests {
 
 // The servers that the companions of this build use.
 inline devices::ServerAccess Servers() {
-    return {[] {
-                return devices::LoadSoundServer(*platform::SystemModuleLoader(), LIBRARY_FOLDER);
-            },
-            platform::SystemClock()};
+    return {
+        [] { return devices::LoadSoundServer(*platform::SystemModuleLoader(), LIBRARY_FOLDER); },
+        platform::SystemClock()};
 }
 
 }  // namespace mavrin2::tests
