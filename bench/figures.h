@@ -9,7 +9,7 @@ namespace mavrin2::bench {
 using Folder = std::filesystem::path;
 
 // Each prints its lines of the table.
-// Starts a sound server of its own.
+// Starts a private sound server.
 void PrintDeviceFigures();
 void PrintEditFigures(const Folder& data);
 // `scripts` holds those that `mavrin2 run` measures.

@@ -5,7 +5,7 @@
 
 namespace mavrin2::contracts {
 
-// The settings with which the file companion encodes MP3, an object of its own that
+// The settings with which the file companion encodes MP3: a separate object, which
 // SetFormatMP3Ex takes. Values mean what the fields of LameSettings say and are read as they were
 // written, in the fields' widths.
 struct ILameSettings : public IDispatch {

@@ -33,7 +33,7 @@ struct IRimbalCapture : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE StopDevice() = 0;
     // For the next start: Hz, limited to 100 … 768000, and 1 or 2 channels.
     virtual HRESULT STDMETHODCALLTYPE SetFormat(LONG sampleRate, LONG channels) = 0;
-    // The next block of interleaved 16-bit frames, an array without elements when there is none.
+    // The next block of interleaved 16-bit frames, or an array without elements.
     // The array becomes the caller's.
     virtual HRESULT STDMETHODCALLTYPE ReadBlock(SAFEARRAY** samples) = 0;
     // The `count` frames captured last, fewer where fewer were captured; two seconds are kept. The

@@ -6,7 +6,7 @@
 namespace mavrin2::contracts {
 
 // What a file companion can say about a sound file beside its sound, for hosts that show it or warn
-// of what gets lost. A class of its own, KovDusoro2.Inspector, which the control does not use:
+// of what gets lost. It is a separate class, KovDusoro2.Inspector, which the control does not use:
 // another maker's companion need not have it.
 //
 // The sound need not be decoded for the properties that describe it. Reading it to its end finds

@@ -30,7 +30,7 @@ public:
     void SetBufferFrames(std::int32_t frames) {
         Call(&contracts::IRimbal2::SetBufferFrames, LONG{frames});
     }
-    // The next block, without samples when there is none.
+    // The next block; without samples if nothing is waiting.
     SamplesBlock ReadBlock() {
         SamplesBlock block;
         Call(&contracts::IRimbal2::ReadBlock, block.Put());

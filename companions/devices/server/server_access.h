@@ -13,7 +13,7 @@ inline Deadline Patience() {
     return std::chrono::steady_clock::now() + std::chrono::milliseconds(900);
 }
 
-// The server that a companion uses: the sound server, or the null server while there is none.
+// The server that a companion uses: the sound server or, while none runs, the null server.
 class ServerAccess {
 public:
     // Null if the sound library is missing.

@@ -44,7 +44,7 @@ public:
     // not be written.
     virtual Outcome<std::unique_ptr<SoundWriter>> Create(platform::File& file,
                                                          const OutputPlan& plan) const = 0;
-    // Whether the library has exactly this format, which is one of its own.
+    // Whether the library supports exactly this format.
     virtual bool Has(const OutputFormat&) const { return true; }
 };
 
