@@ -11,6 +11,7 @@
 #include "hosts/script/commands/printable.h"
 #include "hosts/script/self_description.h"
 #include "platform/interrupt.h"
+#include "platform/standard_streams.h"
 
 namespace mavrin2::script {
 namespace {
@@ -41,6 +42,8 @@ constexpr const char* kHelp =
   --help       show this text
   --version    show the version
 
+FILE, IN and SCRIPT.lua may be -, standard input, and OUT -, standard output, whose format --format
+names: `mavrin2 convert - - --format flac`; except in tags and markers.
 Exit codes: 0 success, 1 failure, 2 usage error.
 )";
 
@@ -130,6 +133,7 @@ int Dispatch(std::span<const std::string> arguments) {
 }  // namespace
 
 int RunProgram(std::span<const std::string> arguments) {
+    platform::KeepPlacesOfStandardStreams();
     const int code = Dispatch(arguments);
     // Where standard output is a file on a full disk, the failure shows only here.
     if (std::fflush(stdout) != 0 || std::ferror(stdout))

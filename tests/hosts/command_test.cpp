@@ -200,6 +200,70 @@ TEST_F(Commands, SayWhatGetsLostAndRefuseItWithStrict) {
     EXPECT_THAT(info.Out, HasSubstr("\"losses\": [\"damaged: has 1000 of"));
 }
 
+TEST_F(Commands, ReadStandardInputAndWriteStandardOutput) {
+    auto piped = host_.In();
+    piped.Input = host_.Path("tone.wav");
+    const auto before = host_.Files();
+    for (const auto& line : {Arguments{"convert", "-", "-", "--format", "wav"},
+                             {"convert", "-", "-", "--format=PCM=8000,1,16"},
+                             {"join", "-", "-", "--format=.WAV"},
+                             {"mix", "-", "-@100%", "--format=wav"}}) {
+        SCOPED_TRACE(testing::PrintToString(line));
+        Program program(line, piped);
+        EXPECT_EQ(program.Finish(), 0);
+        EXPECT_EQ(program.Err, "");
+        EXPECT_EQ(program.Out, host_.Read("tone.wav"));
+    }
+    Program info({"info", "-"}, piped);
+    EXPECT_EQ(info.Finish(), 0);
+    EXPECT_THAT(info.Out, HasSubstr("(12000 frames)"));
+    host_.Write("script", "#!/usr/bin/mavrin2\nio.write(arg[0], arg[1], debug.traceback())");
+    piped.Input = host_.Path("script");
+    Program script({"run", "-", "x"}, piped);
+    EXPECT_EQ(script.Finish(), 0);
+    EXPECT_THAT(script.Out, testing::AllOf(StartsWith("-x"), HasSubstr("stdin:2:")));
+
+    struct {
+        Arguments Line;
+        int Code;
+        const char* Err;
+    } const refused[] = {
+        {{"convert", "tone.wav", "-"}, 2, "standard output needs --format; try wav"},
+        {{"join", "-", "tone.wav", "--format=mp9"}, 2, "standard output: unknown format 'mp9'"},
+        {{"join", "x.wav", "tone.wav", "--format=wav"}, 2, "the extension of x.wav chooses"},
+        {{"join", "x.wav", "-", "-"}, 2, "standard input, -, can be given only once"},
+        {{"convert", "-", "-o", "."}, 2, "standard input, -, has no name for -o FOLDER"},
+        {{"info", "-"}, 1, "mavrin2: standard input: not a sound file; it looks like text\n"},
+    };
+    for (const auto& one : refused) {
+        Program program(one.Line, piped);
+        EXPECT_EQ(program.Finish(), one.Code);
+        EXPECT_THAT(program.Err, HasSubstr(one.Err));
+    }
+    host_.WriteWave("long.wav", 44100, 2, 44100 * 10);
+    std::filesystem::remove(host_.Path("script"));
+    auto shell = host_.In();
+    shell.Path = "/bin/sh";
+    const auto run = [&](const std::string& text) {
+        Program program(
+            {"-c", "program() { \"" MAVRIN2_PROGRAM "\" \"$@\"; echo \" $?\" >&2; }\n" + text},
+            shell);
+        program.Finish();
+        return program.Err;
+    };
+    EXPECT_EQ(run("program convert long.wav - --format wav | true"),
+              "mavrin2: standard output: Broken pipe\n 1\n");
+    EXPECT_EQ(run("program convert tone.wav - --format wav > /dev/full"),
+              "mavrin2: standard output: No space left on device\n 1\n");
+    EXPECT_EQ(run("program info - <&-"), "mavrin2: standard input: Bad file descriptor\n 1\n");
+    EXPECT_EQ(run("program convert tone.wav new.wav <&- >&-; cmp tone.wav new.wav"), " 0\n")
+        << "what is printed does not go into the file";
+    std::filesystem::remove(host_.Path("new.wav"));
+    std::filesystem::remove(host_.Path("long.wav"));
+    std::vector<std::string> after = host_.Files();
+    EXPECT_EQ(after, before);
+}
+
 TEST_F(Commands, ConvertSeveralFilesAtOnce) {
     std::filesystem::create_directory(host_.Path("out"));
     Program several({"convert", "tone.wav", "text.wav", "short.wav", "-o", "out", "--to", "flac"},

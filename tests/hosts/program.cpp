@@ -25,7 +25,7 @@ void Require(bool so, const char* what) {
 
 [[noreturn]] void Become(const std::vector<std::string>& arguments,
                          const Program::Settings& settings, int out, int err) {
-    ::dup2(::open("/dev/null", O_RDONLY | O_CLOEXEC), STDIN_FILENO);
+    ::dup2(::open(settings.Input.c_str(), O_RDONLY | O_CLOEXEC), STDIN_FILENO);
     if (!settings.Output.empty()) out = ::open(settings.Output.c_str(), O_WRONLY | O_CLOEXEC);
     ::dup2(out, STDOUT_FILENO);
     ::dup2(err, STDERR_FILENO);

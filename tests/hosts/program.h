@@ -19,9 +19,10 @@ public:
     struct Settings {
         std::filesystem::path Folder = {};                                   // its current one
         std::map<std::string, std::optional<std::string>> Environment = {};  // what differs
-        bool Terminal = false;          // whether its standard error is one
-        std::string Output = {};        // a file for its standard output
-        std::int64_t LongestFile = -1;  // bytes that it can write to one file; any number if -1
+        bool Terminal = false;            // whether its standard error is one
+        std::string Input = "/dev/null";  // a file for its standard input
+        std::string Output = {};          // a file for its standard output
+        std::int64_t LongestFile = -1;    // bytes that it can write to one file; any number if -1
         std::filesystem::path Path = MAVRIN2_PROGRAM;
     };
 

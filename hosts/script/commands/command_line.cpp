@@ -5,14 +5,21 @@
 #include "hosts/script/commands/command.h"
 
 namespace mavrin2::script {
+namespace {
+
+// A lone dash, for `mix` with a level: -@30%.
+bool IsStandardStream(const std::string& argument) {
+    return argument == kStandardStream || argument.starts_with("-@");
+}
+
+}  // namespace
 
 CommandLine::CommandLine(std::span<const std::string> arguments,
                          std::span<const std::string_view> options, bool leading,
                          std::span<const std::string_view> flags) {
     bool onlyOperands = false;
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
-        // A lone dash is an operand.
-        if (onlyOperands || !argument->starts_with('-') || *argument == "-") {
+        if (onlyOperands || !argument->starts_with('-') || IsStandardStream(*argument)) {
             operands_.push_back(*argument);
             onlyOperands = onlyOperands || leading;
         } else if (*argument == "--") {

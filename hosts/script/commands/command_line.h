@@ -9,6 +9,9 @@
 
 namespace mavrin2::script {
 
+// The operand for standard input and, where a command writes a file, standard output.
+inline constexpr std::string_view kStandardStream = "-";
+
 // The arguments after a command's name.
 class CommandLine {
 public:

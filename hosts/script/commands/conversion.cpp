@@ -21,7 +21,8 @@ std::string OutputIn(const std::filesystem::path& folder, const std::string& in,
 
 bool Conversion::OutputExists() const {
     std::error_code error;
-    return std::filesystem::exists(std::filesystem::symlink_status(Out, error));
+    return Out != kStandardStream &&
+           std::filesystem::exists(std::filesystem::symlink_status(Out, error));
 }
 
 std::vector<Conversion> ConversionsOf(const CommandLine& line) {
@@ -40,6 +41,7 @@ std::vector<Conversion> ConversionsOf(const CommandLine& line) {
     std::vector<Conversion> conversions;
     std::set<std::string> outputs;
     for (const std::string& in : operands) {
+        if (in == kStandardStream) throw UsageError("standard input, -, has no name for -o FOLDER");
         if (!extension && IsCdTrack(in)) throw UsageError(in + ": a track needs --to EXTENSION");
         conversions.push_back({in, OutputIn(*folder, in, extension.value_or(""))});
         if (!outputs.insert(conversions.back().Out).second)

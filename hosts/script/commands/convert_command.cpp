@@ -22,9 +22,10 @@ constexpr const char* kHelp =
 
 Converts sound files, or tracks of CDs (`mavrin2 cd` lists them), to sound files. The extension of OUT
 chooses the format: .wav, .aiff, .flac, .ogg (Vorbis), .opus, .mp3, .vox, .wma, .mp2, .au, .g721, .g723
-or .g726. An existing file OUT is replaced when the new one is complete. The editor works on 16-bit
-samples of one or two channels, at most 2 GiB of them: 3 h 22 min 54 s of 44.1 kHz stereo. What of IN
-gets lost is said on standard error. Tags and markers of IN go to OUT.
+or .g726. An existing file OUT is replaced when the new one is complete. IN may be -, standard input,
+and OUT -, standard output, whose format --format names. The editor works on 16-bit samples of one or
+two channels, at most 2 GiB of them: 3 h 22 min 54 s of 44.1 kHz stereo. What of IN gets lost is said on
+standard error. Tags and markers of IN go to OUT.
 
 Where and what to write:
   -o FOLDER            each IN is written there under its name, several at a time
@@ -48,7 +49,8 @@ The sound, in this order; a range is FROM-TO, and all times are those of IN:
 The format:
   --bitrate KBIT       bit rate in kbit/s, for .mp3, .mp2 and .ogg
   --quality VALUE      of a variable bit rate: 0 (best) to 9 for .mp3, 0 to 10 (best) for .ogg
-  --format FORMAT      format of OUT, with its values: OggVorbis=44100,2,160
+  --format FORMAT      format of OUT, with its values: OggVorbis=44100,2,160; for standard output an
+                       extension too: flac
   --lame OPTIONS       MP3 with options as the program lame has them: "--vbr-new -v 2"
 
 TIME is 90 or 1.5 (seconds), 1:30.25 (minutes), 1:02:03 (hours) or 66150f (sample frames of IN).
@@ -80,13 +82,15 @@ void Convert(const CommandLine& line, const Conversion& conversion, bool progres
     if (line.Has(kNoClobber) && conversion.OutputExists())
         throw Failure(conversion.Out, "exists already");
     // First, so that a bad output name is reported before the input is read.
-    SoundOutput output(conversion.Out, {&conversion.In, 1}, line.Value(kFormat).has_value());
+    const OutputTarget target(conversion.Out, line, true);
+    SoundOutput output(target, {&conversion.In, 1});
     Editor editor(progress);
-    FormatChoice choice(line, editor, conversion.Out);
+    FormatChoice choice(line, editor, target);
     if (line.Has(kBare)) editor.LeaveOutExtraInfo();
     Losses losses(line);
-    losses.Open(editor, conversion.In);
-    bool selection = edits.ApplyTo(editor, conversion.In);
+    const InputFile in(conversion.In);
+    losses.Open(editor, in);
+    bool selection = edits.ApplyTo(editor, in.Name());
     if (format.Changes(editor)) {
         // Converting drops the selection, and costs more than to leave the rest out first.
         if (selection) editor.KeepSelection();

@@ -8,7 +8,6 @@
 #include "hosts/binding/edit_error.h"
 #include "hosts/script/commands/cd_drives.h"
 #include "hosts/script/commands/command.h"
-#include "hosts/script/commands/input_file.h"
 #include "hosts/script/commands/stored_info.h"
 #include "platform/interrupt.h"
 #include "platform/terminal.h"
@@ -62,9 +61,9 @@ void Editor::Run(const char* work, const std::string& name, auto&& operation) {
     if (platform::Interrupted()) throw Interruption();
 }
 
-void Editor::Open(const std::string& file) {
-    if (IsCdTrack(file)) return OpenTrack(file);
-    CheckReadable(file);
+void Editor::Open(const InputFile& file) {
+    if (IsCdTrack(file.Path())) return OpenTrack(file.Path());
+    CheckReadable(file.Path());
     OpenDocument(file);
 }
 
@@ -81,15 +80,15 @@ void Editor::OpenTrack(const std::string& file) {
                                 " of " + std::to_string(track.Frames));
 }
 
-void Editor::OpenDocument(const std::string& file) {
+void Editor::OpenDocument(const InputFile& file) {
     const std::string folder = editor_.Text("TempDirectory");
     if (folder.empty()) throw Failure("no temporary folder: TMPDIR and /tmp cannot be written to");
-    Run("Reading", file, [&] {
+    Run("Reading", file.Name(), [&] {
         try {
-            editor_.Call("Open", file);
+            editor_.Call("Open", file.Path());
         } catch (const binding::CallError& error) {
             if (Is(error, kFormatFile)) {
-                const std::string appearance = AppearanceOf(file);
+                const std::string appearance = AppearanceOf(file.Path());
                 throw binding::CallError(error.Status(), appearance.empty()
                                                              ? "not a sound file in a known format"
                                                              : "not a sound file; " + appearance);
@@ -156,19 +155,20 @@ void Editor::KeepSelection() {
     Delete(0, start);
 }
 
-void Editor::Append(const std::string& file) {
-    CheckReadable(file);
+void Editor::Append(const InputFile& file) {
+    CheckReadable(file.Path());
     Select(Frames(), Frames());
-    Edit("Joining", file, [&] { editor_.Call("PasteFromFile", file); });
+    Edit("Joining", file.Name(), [&] { editor_.Call("PasteFromFile", file.Path()); });
     constexpr std::int64_t kFull = 0x7FFFFFFF - 64;  // less the header of the work file
     if (std::int64_t{Frames()} * Channels() * 2 >= kFull)
-        throw Failure(file, "the result is longer than 2 GiB of 16-bit samples");
+        throw Failure(file.Name(), "the result is longer than 2 GiB of 16-bit samples");
 }
 
-void Editor::Mix(double documentLevel, const std::string& file, double level) {
-    CheckReadable(file);
+void Editor::Mix(double documentLevel, const InputFile& file, double level) {
+    CheckReadable(file.Path());
     Select(0, 0);
-    Edit("Mixing", file, [&] { editor_.Call("MixFromFile", documentLevel, file, level); });
+    Edit("Mixing", file.Name(),
+         [&] { editor_.Call("MixFromFile", documentLevel, file.Path(), level); });
 }
 
 void Editor::Convert(std::int32_t rate, std::int32_t channels) {

@@ -8,6 +8,7 @@
 
 #include "hosts/binding/event_connection.h"
 #include "hosts/binding/late_binding.h"
+#include "hosts/script/commands/input_file.h"
 #include "hosts/script/commands/operations.h"
 #include "hosts/script/commands/progress_bar.h"
 
@@ -23,7 +24,7 @@ public:
     Editor& operator=(const Editor&) = delete;
 
     // Opens a sound file or a track of a CD as the document.
-    void Open(const std::string& file);
+    void Open(const InputFile& file);
     // An empty document of that rate (hertz) with 1 or 2 channels.
     void New(std::int32_t rate, std::int32_t channels);
 
@@ -40,10 +41,10 @@ public:
     // Deletes all but the selection.
     void KeepSelection();
     // Adds a sound file at the end, in the rate and channels of the document.
-    void Append(const std::string& file);
+    void Append(const InputFile& file);
     // Mixes a sound file into the document from its beginning, as long as both go on. The levels
     // are in percent; that of the document applies to the mixed part only.
-    void Mix(double documentLevel, const std::string& file, double level);
+    void Mix(double documentLevel, const InputFile& file, double level);
     // Converts the document to that rate (hertz) and 1 or 2 channels. No selection is left.
     void Convert(std::int32_t rate, std::int32_t channels);
 
@@ -91,7 +92,7 @@ private:
     Place SelectMarker(const binding::LateBound& markers, std::int32_t number) const;
     bool HasMarkersIn(std::int32_t start, std::int32_t end) const;
     void DeleteMarkersOutside(std::int32_t start, std::int32_t end) const;
-    void OpenDocument(const std::string& file);
+    void OpenDocument(const InputFile& file);
     void Run(const char* work, const std::string& name, auto&& operation);
     // Runs an edit, which reports its failure by a number. `name` is what cannot be read if it is
     // that.

@@ -19,7 +19,7 @@ namespace mavrin2::script {
 namespace {
 
 // By way of the editor, for what the companion's inspector does not know.
-SoundFacts FactsOfDocument(const std::string& file) {
+SoundFacts FactsOfDocument(const InputFile& file) {
     Editor editor;
     editor.Open(file);
     SoundFacts facts;
@@ -42,8 +42,8 @@ std::optional<SoundFacts> Inspect(const std::string& file, bool exact) {
     }
 }
 
-void AddStoredInfo(FileReport& report) {
-    const StoredInfo stored(report.File);
+void AddStoredInfo(FileReport& report, const std::string& file) {
+    const StoredInfo stored(file);
     for (const Tag& tag : Tags())
         if (std::string text = stored.Text(tag);
             tag.Describes == Tag::Subject::Sound && !text.empty())
@@ -70,22 +70,23 @@ std::string Whole(double value) {
 
 }  // namespace
 
-FileReport ReportOf(const std::string& file, bool exact) {
+FileReport ReportOf(const std::string& operand, bool exact) {
+    const InputFile file(operand);
     FileReport report;
-    report.File = file;
-    const bool track = IsCdTrack(file);
-    if (!track) CheckReadable(file);
+    report.File = operand;
+    const bool track = IsCdTrack(operand);
+    if (!track) CheckReadable(file.Path());
     std::optional<SoundFacts> facts;
-    if (!track) facts = Inspect(file, exact);
+    if (!track) facts = Inspect(file.Path(), exact);
     // Where the inspector does not know the file, the control says why.
     report.Sound = facts ? std::move(*facts) : FactsOfDocument(file);
     report.ExactLength = report.Sound.Decoded || report.Sound.StatedFrames > 0;
     if (report.Sound.Rate > 0) report.Seconds = report.Frames() / report.Sound.Rate;
     if (track) return report;
     std::error_code error;
-    const auto bytes = static_cast<double>(std::filesystem::file_size(file, error));
+    const auto bytes = static_cast<double>(std::filesystem::file_size(file.Path(), error));
     if (!error && report.Seconds > 0) report.BitRate = bytes * 8 / report.Seconds;
-    AddStoredInfo(report);
+    AddStoredInfo(report, file.Path());
     return report;
 }
 

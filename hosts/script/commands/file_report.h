@@ -24,7 +24,7 @@ struct FileReport {
 
 // Throws Failure. `exact` decodes the sound, which takes time and finds damage; otherwise the
 // length is that of the header.
-FileReport ReportOf(const std::string& file, bool exact);
+FileReport ReportOf(const std::string& operand, bool exact);
 
 // Lines with a name and a value each.
 std::string AsText(const FileReport& report);

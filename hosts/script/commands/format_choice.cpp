@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <filesystem>
 #include <span>
 
-#include "automation/text.h"
 #include "hosts/script/commands/command.h"
 
 namespace mavrin2::script {
@@ -25,14 +23,13 @@ std::optional<std::int32_t> NumberFor(const CommandLine& line, std::string_view 
 
 }  // namespace
 
-FormatChoice::FormatChoice(const CommandLine& line, const Editor& editor, const std::string& out)
-    : formats_(editor.OutputFormats()),
-      extension_(automation::AsciiLower(std::filesystem::path(out).extension().string())),
-      lame_(line.Value(kLame)) {
+FormatChoice::FormatChoice(const CommandLine& line, const Editor& editor,
+                           const OutputTarget& target)
+    : formats_(editor.OutputFormats()), extension_(target.Extension()), lame_(line.Value(kLame)) {
     constexpr std::string_view kWithBitrate[] = {".mp3", ".mp2", ".ogg", ".oga"};
     constexpr std::string_view kWithQuality[] = {".mp3", ".ogg", ".oga"};
     constexpr std::int32_t kMostBitrate = 640;
-    if (const auto text = line.Value(kFormat)) call_ = formats_.Parse(*text);
+    if (const auto& text = target.Format()) call_ = formats_.Parse(*text);
     bitrate_ = NumberFor(line, kBitrate, kMostBitrate, extension_, kWithBitrate);
     quality_ = NumberFor(line, kQuality, extension_ == ".mp3" ? 9 : 10, extension_, kWithQuality);
     const int choices = (lame_ ? 1 : 0) + (call_ ? 1 : 0) + (bitrate_ ? 1 : 0) + (quality_ ? 1 : 0);

@@ -12,7 +12,6 @@
 
 namespace mavrin2::script {
 
-inline constexpr std::string_view kFormat = "--format";
 inline constexpr std::string_view kLame = "--lame";
 inline constexpr std::string_view kBitrate = "--bitrate";
 inline constexpr std::string_view kQuality = "--quality";
@@ -21,7 +20,7 @@ inline constexpr std::string_view kQuality = "--quality";
 class FormatChoice {
 public:
     // From --format, --lame, --bitrate and --quality. Throws UsageError.
-    FormatChoice(const CommandLine& line, const Editor& editor, const std::string& out);
+    FormatChoice(const CommandLine& line, const Editor& editor, const OutputTarget& target);
 
     // For the document as it is now.
     void ApplyTo(const Editor& editor, SoundOutput& output);

@@ -3,6 +3,7 @@
 #include "hosts/script/commands/command.h"
 #include "hosts/script/commands/command_line.h"
 #include "hosts/script/commands/file_report.h"
+#include "hosts/script/commands/input_file.h"
 
 namespace mavrin2::script {
 namespace {
@@ -13,6 +14,7 @@ constexpr const char* kHelp =
 Shows of each sound file its format, length (hours:minutes:seconds and sample frames), sample rate in
 hertz, number of channels, average bit rate, tags and number of markers, and what a document made of it
 would lack ("As document"): the editor has 16-bit samples of one or two channels, at most 2 GiB of them.
+FILE may be -, standard input.
 
   --exact  decode the sound: the length is counted, and damage is found
   --json   an array with an object for each file; markers with position and length in frames
@@ -27,6 +29,7 @@ constexpr std::string_view kFlags[] = {kExact, kJson};
 
 int Run(const CommandLine& line) {
     if (line.Operands().empty()) throw UsageError("info needs at least one file");
+    CheckStandardInput(line.Operands());
     const bool json = line.Has(kJson);
     int code = kSuccess;
     const char* before = json ? "[\n" : "";

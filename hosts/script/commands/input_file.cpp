@@ -7,12 +7,16 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <memory>
 #include <string_view>
 #include <system_error>
 
 #include "hosts/script/commands/cd_drives.h"
 #include "hosts/script/commands/command.h"
+#include "hosts/script/commands/command_line.h"
+#include "platform/ports.h"
+#include "platform/standard_streams.h"
 
 namespace mavrin2::script {
 
@@ -38,6 +42,19 @@ constexpr Kind kKinds[] = {{"\x89PNG", "a PNG picture"},
                            {"MThd", "MIDI, which has notes but no sound"},
                            {"SQLite", "a database"}};
 
+constexpr const char* kStandardInput = "standard input";
+
+// Passes standard input on in blocks.
+void ReadAll(const std::function<void(std::span<const std::byte>)>& take) {
+    constexpr std::size_t kBlock = std::size_t{1} << 20;
+    std::vector<std::byte> block(kBlock);
+    std::error_code error;
+    while (const std::size_t count = platform::ReadStandardInput(block, error))
+        take(std::span(block).first(count));
+    if (error == std::errc::operation_canceled) throw Interruption();
+    if (error) throw Failure(kStandardInput, error.message());
+}
+
 bool IsText(std::string_view bytes) {
     return std::ranges::all_of(bytes, [](char c) {
         const auto byte = static_cast<unsigned char>(c);
@@ -46,6 +63,57 @@ bool IsText(std::string_view bytes) {
 }
 
 }  // namespace
+
+InputFile::InputFile(const std::string& operand) : name_(operand), path_(operand) {
+    if (operand == kStandardStream) CopyStandardInput();
+}
+
+void InputFile::CopyStandardInput() {
+    const std::string folder = TemporaryFolder();
+    name_ = kStandardInput;
+    const auto failure = [&] {
+        return Failure(name_,
+                       "cannot be copied to the temporary folder " + folder + SpaceHint(folder));
+    };
+    std::error_code error;
+    copy_ = platform::SystemReplacementFiles()->Stage(folder + "input", error);
+    if (!copy_) throw failure();
+    path_ = copy_->Path().string();
+    const auto file = platform::SystemPorts().Files->Create(path_);
+    if (!file) throw failure();
+    std::int64_t length = 0;
+    ReadAll([&](std::span<const std::byte> block) {
+        if (!file->Write(length, block)) throw failure();
+        length += static_cast<std::int64_t>(block.size());
+    });
+}
+
+void CheckStandardInput(std::span<const std::string> operands) {
+    if (std::ranges::count(operands, kStandardStream) > 1)
+        throw UsageError("standard input, -, can be given only once");
+}
+
+std::vector<InputFile> InputFilesOf(std::span<const std::string> operands) {
+    CheckStandardInput(operands);
+    std::vector<InputFile> files;
+    for (const std::string& operand : operands)
+        files.emplace_back(operand);
+    return files;
+}
+
+std::string TextOfStandardInput() {
+    std::string text;
+    ReadAll([&](std::span<const std::byte> block) {
+        text.append(reinterpret_cast<const char*>(block.data()), block.size());
+    });
+    return text;
+}
+
+std::string TemporaryFolder() {
+    std::string folder = platform::SystemPorts().Files->TemporaryFolder().string();
+    if (folder.empty()) throw Failure("no temporary folder: TMPDIR and /tmp cannot be written to");
+    return folder;
+}
 
 std::string AppearanceOf(const std::string& file) {
     std::array<char, 512> bytes{};

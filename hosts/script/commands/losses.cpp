@@ -46,31 +46,32 @@ private:
 
 }  // namespace
 
-void Losses::Open(Editor& editor, const std::string& file) {
+void Losses::Open(Editor& editor, const InputFile& file) {
     const auto facts = Read(file, [&] { editor.Open(file); });
     if (!facts || !facts->Decoded) return;
     const double wanted =
         std::min(facts->DecodedFrames, static_cast<double>(facts->DocumentFrames()));
     if (editor.Frames() < wanted - 1)
-        Say(file, "only " + std::to_string(editor.Frames()) + " of " +
-                      std::to_string(static_cast<std::int64_t>(wanted)) + " frames could be read");
+        Say(file.Name(), "only " + std::to_string(editor.Frames()) + " of " +
+                             std::to_string(static_cast<std::int64_t>(wanted)) +
+                             " frames could be read");
 }
 
-void Losses::Append(Editor& editor, const std::string& file) {
+void Losses::Append(Editor& editor, const InputFile& file) {
     Read(file, [&] { editor.Append(file); });
 }
 
-std::optional<SoundFacts> Losses::Read(const std::string& file, const std::function<void()>& read) {
-    if (IsCdTrack(file)) {
+std::optional<SoundFacts> Losses::Read(const InputFile& file, const std::function<void()>& read) {
+    if (IsCdTrack(file.Path())) {
         read();
         return std::nullopt;
     }
-    BackgroundCheck check(file);
+    BackgroundCheck check(file.Path());
     read();
     auto facts = check.Await();
     if (facts)
         for (const std::string& loss : LossesOf(*facts))
-            Say(file, loss);
+            Say(file.Name(), loss);
     return facts;
 }
 

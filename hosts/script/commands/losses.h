@@ -22,8 +22,8 @@ public:
 
     // Opens a sound file in the editor, or adds it to the document, and finds what gets lost on the
     // way. Throws what the editor throws.
-    void Open(Editor& editor, const std::string& file);
-    void Append(Editor& editor, const std::string& file);
+    void Open(Editor& editor, const InputFile& file);
+    void Append(Editor& editor, const InputFile& file);
 
     // Each text is said once of a file.
     void Say(const std::string& file, const std::string& loss);
@@ -33,7 +33,7 @@ public:
 
 private:
     // `read` is done beside the check. The facts are empty where there is nothing to ask.
-    std::optional<SoundFacts> Read(const std::string& file, const std::function<void()>& read);
+    std::optional<SoundFacts> Read(const InputFile& file, const std::function<void()>& read);
 
     bool strict_;
     std::set<std::string> said_;

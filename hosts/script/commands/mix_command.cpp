@@ -17,28 +17,34 @@ constexpr const char* kHelp =
 Mixes the sound files IN, which all start together, to sound file OUT. The extension of OUT chooses the
 format (`mavrin2 convert --help` lists them). The result is as long as the longest file and has the
 sample rate and channels of the first one, or those given. An existing file OUT is replaced when the
-new one is complete.
+new one is complete. An IN may be -, standard input (-@30%), and OUT -, standard output.
 
   IN@GAIN%          the level of a file in percent, 0 to 1000: music.mp3@30%; 100 if not given
   --rate HERTZ      sample rate, 1000 to 192000
   --channels COUNT  1 or 2
+  --format FORMAT   the format of standard output, as an extension: flac
   --strict          fail, and write nothing, where anything of the files would be lost
 
 Samples beyond full scale are limited to it.
 Exit codes: 0 success, 1 failure, 2 usage error.
 )";
 
-constexpr std::string_view kOptions[] = {kRate, kChannels};
+constexpr std::string_view kOptions[] = {kRate, kChannels, kFormat};
 constexpr std::string_view kFlags[] = {kStrict};
 
-struct Input {
+struct Level {
     std::string File;
     double Percent = 100;
+};
+
+struct Input {
+    InputFile File;
+    double Percent;
     double Seconds = 0;
 };
 
 // An operand `FILE` or `FILE@GAIN%`.
-Input InputOf(const std::string& operand) {
+Level LevelOf(const std::string& operand) {
     constexpr double kMost = 1000;
     const std::size_t at = operand.rfind('@');
     if (at == std::string::npos || !operand.ends_with('%')) return {operand};
@@ -53,14 +59,18 @@ Input InputOf(const std::string& operand) {
 
 int Run(const CommandLine& line) {
     if (line.Operands().size() < 2) throw UsageError("mix needs OUT and at least one file");
-    std::vector<Input> inputs;
-    std::vector<std::string> files;
+    std::vector<double> levels;
+    std::vector<std::string> names;
     for (const std::string& operand : std::span(line.Operands()).subspan(1)) {
-        inputs.push_back(InputOf(operand));
-        files.push_back(inputs.back().File);
+        const Level level = LevelOf(operand);
+        levels.push_back(level.Percent);
+        names.push_back(level.File);
     }
     SampleFormat format(line);
-    SoundOutput output(line.Operands()[0], files);
+    SoundOutput output(OutputTarget(line.Operands()[0], line), names);
+    std::vector<Input> inputs;
+    for (InputFile& file : InputFilesOf(names))
+        inputs.push_back({std::move(file), levels[inputs.size()]});
 
     // The longest file becomes the document, since mixing stops at the end of the document.
     Editor editor;

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <string>
 
 #include "platform/replacement_file.h"
 
@@ -12,15 +13,22 @@ namespace mavrin2::script {
 class OutputFile {
 public:
     explicit OutputFile(const std::filesystem::path& target);
+    // Standard output. `extension` is the one that Path() has: ".wav".
+    static OutputFile OnStandardOutput(const std::string& extension);
 
     // Where to write: a file of that name in a private folder; initially missing.
     const std::filesystem::path& Path() const { return staged_->Path(); }
 
-    // An older file at the target is untouched if this fails.
+    // An older file at the target is untouched if this fails. Standard output may have a part then.
+    // Throws Interruption too.
     void Commit();
 
 private:
-    std::filesystem::path target_;
+    OutputFile(std::string name, const std::filesystem::path& target);
+    void CopyToStandardOutput() const;
+
+    std::string name_;  // as messages call it
+    bool standardOutput_ = false;
     std::unique_ptr<platform::StagedFile> staged_;
 };
 

@@ -13,8 +13,8 @@ namespace {
 constexpr const char* kHelp =
     R"(Usage: mavrin2 play FILE [OPTION...]
 
-Plays sound file FILE, or the track of a CD, to its end or until Ctrl-C. On a terminal the level is
-shown. Without a sound server it plays in real time, and nothing is heard.
+Plays sound file FILE, the track of a CD or -, standard input, to its end or until Ctrl-C. On a terminal
+the level is shown. Without a sound server it plays in real time, and nothing is heard.
 
   --start TIME      where to start; the beginning if not given
   --end TIME        where to end; the end if not given
@@ -47,15 +47,15 @@ int Run(const CommandLine& line) {
     constexpr std::int32_t kOnce = 1;
     constexpr std::int32_t kLooped = 3;
     if (line.Operands().size() != 1) throw UsageError("play needs one file");
-    const std::string& file = line.Operands()[0];
     const TimeRange part(line);
     const double duration = DurationOf(line);
     Editor editor;
     SoundDevices(editor.Control(), "DeviceOutput").Choose(line);
+    const InputFile file(line.Operands()[0]);
     editor.Open(file);
     std::int64_t end = editor.Frames();
     if (part.IsGiven()) {
-        const auto range = part.In(editor, file);
+        const auto range = part.In(editor, file.Name());
         editor.Select(range.Start, range.End);
         end = range.End;
     }
@@ -67,11 +67,11 @@ int Run(const CommandLine& line) {
     TransportRun run(editor.Control(), "Playing");
     control.Call("Play", line.Has(kLoop) ? kLooped : kOnce);
     const bool asked = run.Wait([](std::int32_t) { return false; });
-    if (!run.Error().empty()) throw Failure(file, run.Error());
+    if (!run.Error().empty()) throw Failure(file.Name(), run.Error());
     // At another speed the last frames may be missing.
     const std::int64_t nearEnd = end - editor.Rate() / 10;
     if (!asked && (line.Has(kLoop) || run.Reached() < nearEnd))
-        throw Failure(file, "the device has stopped before the end");
+        throw Failure(file.Name(), "the device has stopped before the end");
     return kSuccess;
 }
 

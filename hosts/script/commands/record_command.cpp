@@ -13,12 +13,13 @@ constexpr const char* kHelp =
     R"(Usage: mavrin2 record OUT [OPTION...]
 
 Records into sound file OUT until Ctrl-C, or for some time. The extension of OUT chooses the format,
-as for `mavrin2 convert`. On a terminal the level is shown. Without a sound server silence is
-recorded.
+as for `mavrin2 convert`. OUT may be -, standard output, which is written when the recording has ended.
+On a terminal the level is shown. Without a sound server silence is recorded.
 
   --length TIME     how long; until Ctrl-C if not given
   --rate HERTZ      sample rate, 1000 to 192000; 44100 if not given
   --channels COUNT  1 or 2; 2 if not given
+  --format FORMAT   the format of standard output, as an extension: flac
   --device DEVICE   number or name of a device (`mavrin2 devices` lists them)
 
 TIME is 1.5 (seconds), 1:30.25 (minutes and seconds) or 66150f (sample frames).
@@ -26,7 +27,7 @@ Exit codes: 0 success, 1 failure, 2 usage error.
 )";
 
 constexpr std::string_view kLength = "--length";
-constexpr std::string_view kOptions[] = {kLength, kRate, kChannels, kDevice};
+constexpr std::string_view kOptions[] = {kLength, kRate, kChannels, kDevice, kFormat};
 
 std::optional<TimePoint> LengthOf(const CommandLine& line) {
     const auto text = line.Value(kLength);
@@ -37,10 +38,11 @@ std::optional<TimePoint> LengthOf(const CommandLine& line) {
 int Run(const CommandLine& line) {
     constexpr std::int32_t kReplacing = 1;
     if (line.Operands().size() != 1) throw UsageError("record needs one file");
-    const std::string& out = line.Operands()[0];
+    const OutputTarget target(line.Operands()[0], line);
+    const std::string out = target.Name();
     const auto length = LengthOf(line);
     const SampleFormat format(line);
-    SoundOutput output(out, {});
+    SoundOutput output(target, {});
     Editor editor;
     SoundDevices(editor.Control(), "DeviceInput").Choose(line);
     editor.New(format.RateOr(44100), format.ChannelsOr(2));

@@ -1,8 +1,14 @@
+#include <algorithm>
 #include <cstdio>
 #include <lua.hpp>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "hosts/script/commands/command.h"
 #include "hosts/script/commands/command_line.h"
+#include "hosts/script/commands/input_file.h"
 #include "hosts/script/lua/lua_error.h"
 #include "hosts/script/lua/lua_host.h"
 #include "hosts/script/lua/lua_interrupt.h"
@@ -14,7 +20,8 @@ namespace {
 constexpr const char* kHelp =
     R"(Usage: mavrin2 run [--keep-going] SCRIPT.lua [ARGUMENT...]
 
-Runs a Lua 5.4 script with Lua's standard library, the arguments in `arg` and these functions:
+Runs a Lua 5.4 script, or standard input if that is -, with Lua's standard library, the arguments in
+`arg` and these functions:
 
   mavrin2.create([progid])       create a sound editor, or another component
   object.Name, object.Name = v   read, write a property
@@ -35,9 +42,23 @@ Exit codes: 0 success, 1 the script failed, 2 usage error.
 constexpr std::string_view kKeepGoing = "--keep-going";
 constexpr std::string_view kFlags[] = {kKeepGoing};
 
-// Runs the script; its name and arguments are passed as a light userdata.
+struct Script {
+    std::vector<std::string> Arguments;  // its name, then what it gets
+    std::optional<std::string> Text;     // not if it is a file
+};
+
+int Load(lua_State* lua, const Script& script) {
+    if (!script.Text) return luaL_loadfile(lua, script.Arguments.front().c_str());
+    std::string_view text = *script.Text;
+    // As from a file, without a first line for the shell.
+    if (text.starts_with('#')) text.remove_prefix(std::min(text.find('\n'), text.size()));
+    return luaL_loadbuffer(lua, text.data(), text.size(), "=stdin");
+}
+
+// Runs the script, which is passed as a light userdata.
 int RunScript(lua_State* lua) {
-    const auto& arguments = *static_cast<const std::vector<std::string>*>(lua_touserdata(lua, 1));
+    const auto& script = *static_cast<const Script*>(lua_touserdata(lua, 1));
+    const auto& arguments = script.Arguments;
     lua_settop(lua, 0);
     lua_createtable(lua, static_cast<int>(arguments.size()) - 1, 1);
     for (std::size_t i = 0; i < arguments.size(); ++i) {
@@ -47,7 +68,7 @@ int RunScript(lua_State* lua) {
     lua_setglobal(lua, "arg");
 
     lua_pushcfunction(lua, &WithTraceback);
-    if (luaL_loadfile(lua, arguments.front().c_str()) != LUA_OK) return lua_error(lua);
+    if (Load(lua, script) != LUA_OK) return lua_error(lua);
     const int count = static_cast<int>(arguments.size()) - 1;
     luaL_checkstack(lua, count, "too many arguments");
     for (int i = 1; i <= count; ++i)
@@ -59,11 +80,13 @@ int RunScript(lua_State* lua) {
 
 int Run(const CommandLine& line) {
     if (line.Operands().empty()) throw UsageError("run needs a script");
+    Script script{line.Operands(), {}};
+    if (script.Arguments.front() == kStandardStream) script.Text = TextOfStandardInput();
     LuaHost host;
     lua_State* lua = host.Main();
     const InterruptibleLua interruptible(lua);
     lua_pushcfunction(lua, &RunScript);
-    lua_pushlightuserdata(lua, const_cast<std::vector<std::string>*>(&line.Operands()));
+    lua_pushlightuserdata(lua, &script);
     if (lua_pcall(lua, 1, 0, 0) == LUA_OK)
         return host.HandlersFailed() && !line.Has(kKeepGoing) ? kFailure : kSuccess;
     const char* message = lua_tostring(lua, -1);

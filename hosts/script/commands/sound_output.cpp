@@ -17,26 +17,24 @@ constexpr std::string_view kExtensions[] = {".wav",  ".aif",  ".aiff", ".flac", 
                                             ".opus", ".mp3",  ".vox",  ".wma",  ".mp2", ".au",
                                             ".snd",  ".g721", ".g723", ".g726"};
 
-void CheckExtension(const std::string& file) {
-    constexpr const char* kTry = "; try wav, aiff, flac, ogg, opus, mp3, vox";
-    const std::string extension =
-        automation::AsciiLower(std::filesystem::path(file).extension().string());
+constexpr const char* kTry = "; try wav, aiff, flac, ogg, opus, mp3, vox";
+
+void CheckExtension(const std::string& file, const std::string& extension) {
     if (extension.size() < 2)
         throw UsageError(file + ": no extension that chooses a format" + kTry);
     if (std::ranges::find(kExtensions, extension) == std::end(kExtensions))
         throw UsageError(file + ": unknown format '" + extension.substr(1) + "'" + kTry);
 }
 
-// The same name, for a member initializer.
-const std::string& Checked(const std::string& out, std::span<const std::string> inputs,
-                           bool anyExtension) {
-    if (!anyExtension) CheckExtension(out);
+OutputFile OpenOutput(const OutputTarget& target, std::span<const std::string> inputs) {
+    if (target.IsStandardOutput()) return OutputFile::OnStandardOutput(target.Extension());
     for (const std::string& in : inputs) {
         std::error_code error;
-        if (std::filesystem::equivalent(in, out, error) && !error)
-            throw Failure(out, "input and output are the same file");
+        if (in != kStandardStream && std::filesystem::equivalent(in, target.Operand(), error) &&
+            !error)
+            throw Failure(target.Operand(), "input and output are the same file");
     }
-    return out;
+    return OutputFile(target.Operand());
 }
 
 // "Ogg Vorbis" of "Ogg Vorbis 44100 Hz; stereo".
@@ -88,9 +86,35 @@ void SampleFormat::CompleteFrom(const Editor& editor) {
     channels_ = channels_.value_or(editor.Channels());
 }
 
-SoundOutput::SoundOutput(const std::string& name, std::span<const std::string> inputs,
-                         bool anyExtension)
-    : name_(name), file_(Checked(name, inputs, anyExtension)) {}
+OutputTarget::OutputTarget(const std::string& operand, const CommandLine& line, bool manyFormats)
+    : operand_(operand) {
+    if (IsStandardOutput()) {
+        ChooseExtension(line, manyFormats);
+        return;
+    }
+    extension_ = automation::AsciiLower(std::filesystem::path(operand).extension().string());
+    if (manyFormats) format_ = line.Value(kFormat);
+    if (!manyFormats && line.Value(kFormat))
+        throw UsageError("--format is for standard output, -; the extension of " + operand +
+                         " chooses the format");
+    if (!format_) CheckExtension(operand, extension_);
+}
+
+void OutputTarget::ChooseExtension(const CommandLine& line, bool manyFormats) {
+    const auto format = line.Value(kFormat);
+    if (!format) throw UsageError(std::string("standard output needs --format") + kTry);
+    const std::string extension =
+        automation::AsciiLower((format->starts_with('.') ? "" : ".") + *format);
+    if (manyFormats && std::ranges::find(kExtensions, extension) == std::end(kExtensions)) {
+        format_ = format;
+        return;
+    }
+    CheckExtension("standard output", extension);
+    extension_ = extension;
+}
+
+SoundOutput::SoundOutput(const OutputTarget& target, std::span<const std::string> inputs)
+    : name_(target.Name()), file_(OpenOutput(target, inputs)) {}
 
 void SoundOutput::Expect(const std::string& format) {
     expected_ = FormatName(format);

@@ -15,6 +15,7 @@ namespace mavrin2::script {
 
 inline constexpr std::string_view kRate = "--rate";
 inline constexpr std::string_view kChannels = "--channels";
+inline constexpr std::string_view kFormat = "--format";
 
 // The number that an option gives. Throws UsageError, which names what is `expected`, for anything
 // that is not between `least` and `most`.
@@ -45,14 +46,35 @@ private:
     std::optional<std::int32_t> channels_;  // 1 or 2
 };
 
+// What a command line says of its output.
+class OutputTarget {
+public:
+    // `operand` is the name of a file or `-`, for which --format gives an extension. With
+    // `manyFormats` --format may also be a format with its values, for either. Throws UsageError.
+    OutputTarget(const std::string& operand, const CommandLine& line, bool manyFormats = false);
+
+    bool IsStandardOutput() const { return operand_ == kStandardStream; }
+    const std::string& Operand() const { return operand_; }
+    // As messages call it.
+    std::string Name() const { return IsStandardOutput() ? "standard output" : operand_; }
+    // Chooses the format: ".flac", in lower case. Any, or empty, where --format chooses it.
+    const std::string& Extension() const { return extension_; }
+    // The value of --format, if it is a format with its values.
+    const std::optional<std::string>& Format() const { return format_; }
+
+private:
+    void ChooseExtension(const CommandLine& line, bool manyFormats);
+
+    std::string operand_;
+    std::string extension_;
+    std::optional<std::string> format_;
+};
+
 // A sound file that a command writes.
 class SoundOutput {
 public:
-    // Throws UsageError if the name's extension chooses no format, and Failure if the file cannot
-    // be written or is one of the inputs.
-    // `anyExtension` is for names whose format is chosen otherwise.
-    SoundOutput(const std::string& name, std::span<const std::string> inputs,
-                bool anyExtension = false);
+    // Throws Failure if the file cannot be written or is one of the inputs.
+    SoundOutput(const OutputTarget& target, std::span<const std::string> inputs);
 
     // The file is to have a format that is described like this one, at any rate. Write throws
     // Failure, and keeps an older file, where the name cannot have it.
