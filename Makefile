@@ -12,7 +12,7 @@ packages := packaging/install-debian-packages
 cpp_files = git ls-files -z '*.cpp' '*.h'
 
 .PHONY: help deps build run test desktop desktop-test bench pictures windows test-windows bench-windows \
-        install install-desktop format check format-check words-check arrows-check sizes-check tidy clean
+        install install-desktop package package-desktop test-packages format check format-check words-check arrows-check sizes-check tidy clean
 
 help:                ## this list
 	@sed -n 's/^\([a-z-]*\):.*## /\1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -73,6 +73,17 @@ install: build       ## install below PREFIX (/usr/local), inside DESTDIR
 
 install-desktop: desktop ## the same with mavrin2-editor
 	DESTDIR="$(DESTDIR)" cmake --install build/release --prefix "$(abspath $(PREFIX))"
+
+package: build       ## Debian packages of program, components and headers, in build/packages
+	@$(packages) packaging/debian-packaging-packages.txt
+	packaging/build-packages
+
+package-desktop: desktop ## the same with mavrin2-editor
+	@$(packages) packaging/debian-packaging-packages.txt
+	packaging/build-packages
+
+test-packages:       ## install, use and remove the packages in a bare Debian 12
+	packaging/test-packages
 
 format: deps         ## put every source file into the project's format
 	$(cpp_files) | xargs -0r clang-format -i

@@ -11,6 +11,7 @@
 
 #include "platform/component_registry.h"
 #include "platform/linux/automation/registry_file.h"
+#include "platform/module_path.h"
 #include "platform/ole_text.h"
 
 namespace mavrin2::platform {
@@ -39,6 +40,13 @@ std::filesystem::path UserFile() {
     return folder / "mavrin2" / "components";
 }
 
+// The registry of the installation that this runtime belongs to, where any host finds its
+// components; empty where the runtime's folder is unknown.
+std::filesystem::path InstalledFile() {
+    const auto runtime = PathOfModule(reinterpret_cast<const void*>(&InstalledFile));
+    return runtime.empty() ? runtime : runtime.parent_path() / "mavrin2-components";
+}
+
 // In the order in which they are asked; the first is the one that is written.
 std::vector<RegistryFile> Files() {
     std::filesystem::path only = FromEnvironment("MAVRIN2_REGISTRY");
@@ -50,6 +58,8 @@ std::vector<RegistryFile> Files() {
     } else {
         files.emplace_back(UserFile());
         files.emplace_back(SystemFile);
+        if (const auto installed = InstalledFile(); !installed.empty())
+            files.emplace_back(installed);
     }
     return files;
 }
