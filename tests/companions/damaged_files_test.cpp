@@ -79,30 +79,51 @@ TEST_F(DamagedFilesTest, AreReportedByTheirReader) {
     Make(In("loud.wav"), SF_FORMAT_WAV | SF_FORMAT_FLOAT, 8000, 1,
          std::vector<float>{0.5F, 1.0F, -1.5F, 2.0F});
     const std::string flac = ReadBytes(In("whole.flac"));
-    const auto changed = [&](std::size_t at) {
-        std::string bytes = flac;
+    const auto changed = [](std::string bytes, std::size_t at) {
         bytes[at] = static_cast<char>(bytes[at] ^ 0x55);
         return bytes;
     };
-    WriteBytes(In("broken.flac"), changed(flac.size() / 2));
-    WriteBytes(In("checksum.flac"), changed(30));  // in the description of the stream
+    WriteBytes(In("broken.flac"), changed(flac, flac.size() / 2));
+    WriteBytes(In("checksum.flac"), changed(flac, 30));  // in the description of the stream
     WriteBytes(In("short.flac"), flac.substr(0, flac.size() / 2));
     WriteBytes(In("trailer.flac"), flac + std::string("TAG") + std::string(125, ' '));
     ASSERT_TRUE(Save(In("whole.ogg"), {44100, 2}, Noise(60'000, 6000)));
     const std::string ogg = ReadBytes(In("whole.ogg"));
     WriteBytes(In("cut.ogg"), ogg.substr(0, ogg.size() / 2));
+    WriteBytes(In("broken.ogg"), changed(ogg, ogg.size() / 2));
     WriteBytes(In("short.wav"), ReadBytes(In("whole.wav")).substr(0, 44 + 2400));
+    Make(In("whole.caf"), SF_FORMAT_CAF | SF_FORMAT_PCM_16, 8000, 1, std::vector<float>(1000));
+    const std::string caf = ReadBytes(In("whole.caf"));
+    WriteBytes(In("short.caf"), caf.substr(0, caf.size() - 1));
+    ASSERT_TRUE(Save(In("whole.mp3"), {44100, 2}, Noise(60'000, 6000)));
+    const std::string mp3 = ReadBytes(In("whole.mp3"));
+    WriteBytes(In("changed.mp3"), changed(mp3, mp3.size() / 2));
+    WriteBytes(In("level.mp3"), changed(mp3, mp3.size() / 2) + "APETAGEX\xD0\7MP3GAIN_UNDO");
+    // Without the first frame, which has the tag with length and checksum.
+    const std::string bare = mp3.substr(mp3.find("\xFF\xFB", 4));
+    WriteBytes(In("bare.mp3"), bare + std::string(1000, '\0'));
+    WriteBytes(In("cut.mp3"), bare.substr(0, bare.size() - 50));
+    WriteBytes(In("gap.mp3"), bare.substr(0, bare.size() / 2) + bare.substr(bare.size() / 2 + 100));
+    const std::string aac = ReadBytes(Data("tone.aac"));
+    WriteBytes(In("whole.aac"), aac);
+    WriteBytes(In("cut.aac"), aac.substr(0, aac.size() - 9));
     struct {
         const char* Name;
         bool Damaged, ChecksumDiffers, Short;
         bool EndMissing = false;
         std::int64_t Limited = 0;
     } const cases[] = {
-        {"whole.flac", false, false, false},   {"broken.flac", true, true, false},
-        {"checksum.flac", false, true, false}, {"short.flac", false, true, true},
-        {"trailer.flac", false, false, false}, {"whole.wav", false, false, false},
-        {"short.wav", false, false, true},     {"loud.wav", false, false, false, false, 2},
-        {"whole.ogg", false, false, false},    {"cut.ogg", false, false, false, true},
+        {"whole.flac", false, false, false},    {"broken.flac", true, true, false},
+        {"checksum.flac", false, true, false},  {"short.flac", false, true, true},
+        {"trailer.flac", false, false, false},  {"whole.wav", false, false, false},
+        {"short.wav", false, false, true},      {"loud.wav", false, false, false, false, 2},
+        {"whole.ogg", false, false, false},     {"cut.ogg", false, false, false, true},
+        {"broken.ogg", true, false, true},      {"whole.caf", false, false, false},
+        {"short.caf", false, false, true},      {"whole.mp3", false, false, false},
+        {"changed.mp3", false, true, false},    {"level.mp3", false, false, false},
+        {"bare.mp3", false, false, false},      {"cut.mp3", false, false, false, true},
+        {"gap.mp3", true, false, false},        {"whole.aac", false, false, false},
+        {"cut.aac", false, false, false, true},
     };
     for (const auto& one : cases) {
         SCOPED_TRACE(one.Name);

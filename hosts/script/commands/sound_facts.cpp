@@ -22,8 +22,8 @@ std::string DamageOf(const SoundFacts& facts) {
     std::string text;
     const auto add = [&](const std::string& part) { text += (text.empty() ? "" : ", ") + part; };
     if (facts.DamagedBlocks > 0)
-        add(std::to_string(facts.DamagedBlocks) + (facts.DamagedBlocks == 1 ? " part" : " parts") +
-            " could not be decoded");
+        add(std::to_string(facts.DamagedBlocks) +
+            (facts.DamagedBlocks == 1 ? " part is" : " parts are") + " broken");
     const double present = facts.Decoded ? facts.DecodedFrames : facts.Frames;
     if (present < facts.StatedFrames)
         add("has " + Whole(present) + " of the " + Whole(facts.StatedFrames) +
@@ -63,8 +63,9 @@ SoundInspection::SoundInspection(const std::string& file)
 }
 
 void SoundInspection::Decode(const std::function<bool()>& cancelled) {
-    // Of plain samples that fit the document there is nothing to find.
-    if (inspector_.Number("PlainPcm") != 0 && inspector_.Number("BitsPerSample") <= kDocumentBits) {
+    // Of plain samples that fit the document, with a length, there is nothing to find.
+    if (inspector_.Number("PlainPcm") != 0 && inspector_.Number("BitsPerSample") <= kDocumentBits &&
+        inspector_.Real("StatedFrames") > 0) {
         frames_ = inspector_.Real("Frames");
         decoded_ = true;
         return;

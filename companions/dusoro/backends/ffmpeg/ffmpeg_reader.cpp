@@ -1,8 +1,10 @@
 #include "companions/dusoro/backends/ffmpeg/ffmpeg_reader.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "companions/dusoro/backends/ffmpeg/codec_text.h"
+#include "companions/dusoro/backends/ffmpeg/frame_check.h"
 #include "companions/dusoro/backends/ffmpeg/ogg_pages.h"
 #include "companions/dusoro/backends/ffmpeg/stream_length.h"
 #include "companions/dusoro/sound/plausible_length.h"
@@ -12,6 +14,9 @@ namespace {
 
 // Demuxers that stumble over damage have usually passed it at the next call.
 constexpr int kMostErrorsInARow = 64;
+
+// Checksums inside packets are compared, and what does not fit the coding is refused.
+constexpr int kStrict = AV_EF_CRCCHECK | AV_EF_EXPLODE;
 
 // Number of sample frames that the decoder is to drop from a packet's beginning.
 std::int64_t SkipOf(const AVPacket& packet) {
@@ -37,9 +42,9 @@ Outcome<std::unique_ptr<SoundReader>> FfmpegReader::Open(std::shared_ptr<platfor
     const std::int64_t bytes = file->Length().value_or(0);
     reader->input_ = AvInput::Open(std::move(file), hint.Extension);
     if (!reader->input_) return SoundError::FormatFile;
-    if (const SoundError error = reader->OpenDecoder(hint.Check); error != SoundError::None)
-        return error;
-    if (const SoundError error = reader->Start(hint.Check); error != SoundError::None) return error;
+    reader->check_ = hint.Check;
+    if (const SoundError error = reader->OpenDecoder(); error != SoundError::None) return error;
+    if (const SoundError error = reader->Start(); error != SoundError::None) return error;
 
     reader->Measure(bytes);
     return std::unique_ptr<SoundReader>(std::move(reader));
@@ -54,7 +59,7 @@ void FfmpegReader::Measure(std::int64_t bytes) {
     if (length.Exact) left_ = description_.StatedFrames = description_.Frames;
 }
 
-SoundError FfmpegReader::OpenDecoder(bool check) {
+SoundError FfmpegReader::OpenDecoder() {
     AVFormatContext& context = input_->Context();
     if (input_->IsDemuxer("ogg")) {
         chained_ = IsChainedOgg(input_->File());
@@ -78,7 +83,10 @@ SoundError FfmpegReader::OpenDecoder(bool check) {
     decoder_->pkt_timebase = stream_->time_base;
     // Threads pay only where a processor idles, and for few codings even there.
     decoder_->thread_count = 1;
-    if (check) decoder_->err_recognition |= AV_EF_CRCCHECK;
+    if (check_) {
+        decoder_->err_recognition = kStrict;
+        checksum_ = FlacChecksum::Of(*stream_->codecpar);
+    }
     if (avcodec_parameters_to_context(decoder_.get(), stream_->codecpar) < 0 ||
         avcodec_open2(decoder_.get(), codec, nullptr) < 0)
         return SoundError::FormatNotSupported;
@@ -87,7 +95,7 @@ SoundError FfmpegReader::OpenDecoder(bool check) {
 
 // Decodes the first frame: only that proves that the file can be read, and gives the rate and the
 // channels of codings whose headers understate them.
-SoundError FfmpegReader::Start(bool check) {
+SoundError FfmpegReader::Start() {
     const bool any = NextFrame();
     const std::int32_t rate = any ? frame_->sample_rate : stream_->codecpar->sample_rate;
     const std::int32_t channels =
@@ -104,7 +112,7 @@ SoundError FfmpegReader::Start(bool check) {
     description_.Text = coding.Text;
     description_.Format = coding.Format;
     description_.SourceChannels = channels;
-    renderer_ = std::make_unique<FrameRenderer>(description_.Delivered.Channels, check);
+    renderer_ = std::make_unique<FrameRenderer>(description_.Delivered.Channels, check_);
     return SoundError::None;
 }
 
@@ -116,10 +124,7 @@ std::size_t FfmpegReader::Read(std::span<std::int16_t> samples) {
     while (done < wanted) {
         const auto present = static_cast<std::size_t>(frame_->nb_samples);
         if (rendered_ >= present) {
-            if (!NextFrame()) {
-                LookForEnd();
-                break;
-            }
+            if (!NextFrame()) break;
             continue;
         }
         const std::size_t count = std::min(wanted - done, present - rendered_);
@@ -128,23 +133,35 @@ std::size_t FfmpegReader::Read(std::span<std::int16_t> samples) {
         rendered_ += count;
     }
     delivered_ += static_cast<std::int64_t>(done);
-    if (left_ == static_cast<std::int64_t>(done)) LookForEnd();
+    const bool all = left_ == static_cast<std::int64_t>(done);
     left_ -= static_cast<std::int64_t>(done);
+    if (all || done < wanted) CheckEnd();
     return done;
 }
 
-// After the last frame: whether more was to come.
-void FfmpegReader::LookForEnd() {
-    if (input_->IsDemuxer("ogg")) {
-        cut_ = !chained_ && !EndsAsOgg(input_->File());
-        return;
-    }
+// After the last frame that is delivered.
+void FfmpegReader::CheckEnd() {
+    if (!check_ || std::exchange(ended_, true)) return;
+    SourceFaults file;
+    if (input_->IsDemuxer("ogg")) file = CheckOgg(input_->File());
+    if (input_->IsDemuxer("mp3")) file = CheckMpeg(input_->File());
+    if (input_->IsDemuxer("aac")) file = CheckAdts(input_->File());
+    faults_.DamagedBlocks += file.DamagedBlocks;
+    faults_.EndMissing = file.EndMissing || partial_ || EndsEarly();
+    faults_.ChecksumDiffers =
+        file.ChecksumDiffers || (checksum_ && skipped_ == 0 && checksum_->Differs());
+}
+
+// Whether the header told of more. Its duration is that of the whole file, in rough steps.
+bool FfmpegReader::EndsEarly() const {
     const AVFormatContext& context = input_->Context();
-    if (context.duration_estimation_method != AVFMT_DURATION_FROM_STREAM || context.duration <= 0)
-        return;
-    // A header's duration is that of the whole file, in rough steps.
+    if (input_->IsDemuxer("ogg") ||
+        context.duration_estimation_method != AVFMT_DURATION_FROM_STREAM || context.duration <= 0)
+        return false;
     const std::int64_t stated = av_rescale(context.duration, description_.SourceRate, AV_TIME_BASE);
-    cut_ = delivered_ < stated - stated / 20 - description_.SourceRate / 5;
+    // In a film the sound may end before the picture.
+    const std::int64_t tolerance = context.nb_streams > 1 ? stated / 20 : 0;
+    return delivered_ < stated - tolerance - description_.SourceRate / 5;
 }
 
 // Replaces frame_ by the next one with sound in it. False at the end.
@@ -177,7 +194,8 @@ bool FfmpegReader::TakeFrame() {
         return false;
     }
     if ((frame_->flags & AV_FRAME_FLAG_CORRUPT) != 0 || frame_->decode_error_flags != 0) Refuse();
-    damaged_ += std::exchange(doubtful_, 0);
+    faults_.DamagedBlocks += std::exchange(doubtful_, 0);
+    if (checksum_) checksum_->Add(*frame_);
     return true;
 }
 
@@ -200,10 +218,21 @@ bool FfmpegReader::FeedDecoder() {
         const bool ours = packet_->stream_index == stream_->index;
         if (ours && !std::exchange(begun_, true)) skipped_ = SkipOf(*packet_);
         if (ours && endsByLength_) ForgetPadding(*packet_);
-        if (ours && avcodec_send_packet(decoder_.get(), packet_.get()) < 0) Refuse();
+        if (ours) SendPacket();
         av_packet_unref(packet_.get());
         if (ours) return true;
     }
+}
+
+// A packet in which the check has found damage is decoded all the same, as it is without one.
+void FfmpegReader::SendPacket() {
+    if (std::exchange(partial_, (packet_->flags & AV_PKT_FLAG_CORRUPT) != 0)) Refuse();
+    if (avcodec_send_packet(decoder_.get(), packet_.get()) >= 0) return;
+    Refuse();
+    if (!check_) return;
+    decoder_->err_recognition = 0;
+    avcodec_send_packet(decoder_.get(), packet_.get());
+    decoder_->err_recognition = kStrict;
 }
 
 }  // namespace mavrin2::dusoro

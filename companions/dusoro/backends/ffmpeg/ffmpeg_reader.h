@@ -3,8 +3,10 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <optional>
 
 #include "companions/dusoro/backends/ffmpeg/av_input.h"
+#include "companions/dusoro/backends/ffmpeg/flac_checksum.h"
 #include "companions/dusoro/backends/ffmpeg/frame_renderer.h"
 #include "companions/dusoro/sound/backend.h"
 
@@ -18,19 +20,23 @@ public:
     const SourceDescription& Description() const override { return description_; }
     std::size_t Read(std::span<std::int16_t> samples) override;
     SourceFaults Faults() const override {
-        return {damaged_, renderer_ ? renderer_->Limited() : 0, false, cut_};
+        SourceFaults faults = faults_;
+        if (renderer_) faults.LimitedSamples = renderer_->Limited();
+        return faults;
     }
 
 private:
     FfmpegReader() = default;
-    SoundError OpenDecoder(bool check);
-    SoundError Start(bool check);
+    SoundError OpenDecoder();
+    SoundError Start();
     void Measure(std::int64_t bytes);
     bool NextFrame();
     bool FeedDecoder();
+    void SendPacket();
     bool TakeFrame();
     void Refuse();
-    void LookForEnd();
+    void CheckEnd();
+    bool EndsEarly() const;
 
     std::unique_ptr<AvInput> input_;
     AVStream* stream_ = nullptr;
@@ -49,8 +55,11 @@ private:
     bool refused_ = false;        // a packet could not be decoded
     std::int64_t doubtful_ = 0;   // packets refused since the last frame
     std::int64_t delivered_ = 0;  // sample frames
-    bool cut_ = false;            // the file's end is missing
-    std::int64_t damaged_ = 0;    // packets refused with sound after them
+    bool check_ = false;          // whether to find all faults
+    bool ended_ = false;          // the end has been checked
+    bool partial_ = false;        // the last packet is not whole
+    std::optional<FlacChecksum> checksum_;
+    SourceFaults faults_;  // damaged: packets refused with sound after them
 };
 
 }  // namespace mavrin2::dusoro

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "companions/dusoro/sound/sound_reader.h"
 #include "platform/files.h"
 
 namespace mavrin2::dusoro {
@@ -9,7 +10,8 @@ namespace mavrin2::dusoro {
 // to the first that is not where it should be.
 bool IsChainedOgg(platform::File& file);
 
-// Whether the last page of an Ogg file is marked as that of its stream.
-bool EndsAsOgg(platform::File& file);
+// What is wrong with the pages of an Ogg file: wrong checksums, missing pages, bytes in between, a
+// last page that does not end its stream.
+SourceFaults CheckOgg(platform::File& file);
 
 }  // namespace mavrin2::dusoro

@@ -133,7 +133,11 @@ void SndfileReader::Describe(const SF_INFO& info) {
     if (!headed_ && subtype.Coding == SndfileCoding::Lossy &&
         (major == SF_FORMAT_WAV || major == SF_FORMAT_WAVEX))
         LimitToFrameCount();
-    if (!headed_) description_.StatedFrames = StatedFrames(*file_, description_.Frames);
+    const bool sized =
+        subtype.Coding != SndfileCoding::Lossless && subtype.Bits > 0 && subtype.Bits % 8 == 0;
+    if (!headed_)
+        description_.StatedFrames =
+            StatedFrames(*file_, description_.Frames, sized ? subtype.Bits / 8 * info.channels : 0);
 
     if (info.channels > 2) {
         downMix_.emplace(Speakers(info.channels));
