@@ -41,10 +41,11 @@ The sound, in this order; a range is FROM-TO, and all times are those of IN:
   --start TIME         where to start; the beginning if not given
   --end TIME           where to end; the end if not given
   --gain DECIBELS      change the level: -6; what is too loud then is limited
-  --normalize PERCENT  bring the peak of each channel to this level: 95
+  --normalize PERCENT  bring the peak of each channel to this level: 95, or 89 for -1 dB
   --fade IN[,OUT]      fade in and out for these times: 0.5,3
   --rate HERTZ         sample rate, 1000 to 192000; as in IN if not given
   --channels COUNT     1 or 2; as in IN if not given
+`mavrin2 process` has more to do with a sound: filters, pauses removed, another tempo.
 
 The format:
   --bitrate KBIT       bit rate in kbit/s, for .mp3, .mp2 and .ogg

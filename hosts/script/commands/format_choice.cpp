@@ -64,8 +64,9 @@ void FormatChoice::ApplyQuality(const Editor& editor) const {
                       std::to_string(editor.Channels()) + ",0,0,0," + quality);
     char kilohertz[32];
     std::snprintf(kilohertz, sizeof kilohertz, "%.3f", editor.Rate() / 1000.0);
-    editor.ChooseMp3("-V " + quality + " --resample " + kilohertz +
-                     (editor.Channels() == 1 ? " -m m" : ""));
+    // What the program lame makes of -V: the newer search, joint stereo, noise shaping of level 3.
+    editor.ChooseMp3("--vbr-new -q 3 -v " + quality + " --resample " + kilohertz +
+                     (editor.Channels() == 1 ? " -m m" : " -m j"));
 }
 
 void FormatChoice::Choose(const std::string& format) const {

@@ -28,7 +28,7 @@ standard output.
 
 OPERATION is a name, with `=` and its values separated by commas if it has any: Reverse, Normalize=95,0,
 LowPassFilter=4000,2. The numbers of an array have colons between them: Envelope=0:100:50.
-`mavrin2 operations` lists all operations with their values.
+`mavrin2 operations` lists all operations with their values, of which none may be left out.
 TIME is 1.5 (seconds), 1:30.25 (minutes and seconds) or 66150f (sample frames).
 Exit codes: 0 success, 1 failure, 2 usage error.
 )";
