@@ -137,8 +137,9 @@ TEST_F(Commands, ConvertWritesTheFormatThatIsAskedFor) {
         EXPECT_THAT(info.Out, HasSubstr(std::string("Format    ") + format + "\n"));
     }
     for (const char* quality : {"0", "9"}) {
-        Program convert({"convert", "tone.wav", std::string(quality) + ".mp3", "--quality", quality},
-                        host_.In());
+        Program convert(
+            {"convert", "tone.wav", std::string(quality) + ".mp3", "--quality", quality},
+            host_.In());
         EXPECT_EQ(convert.Finish(), 0) << convert.Err;
     }
     EXPECT_GT(host_.Read("0.mp3")->size(), host_.Read("9.mp3")->size()) << "a variable bit rate";
