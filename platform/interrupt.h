@@ -19,7 +19,8 @@ bool Interrupted();
 bool TakeInterrupt();
 
 // Called as soon as a request arrives, in the middle of other code: it may call only what a signal
-// handler may. Null for no action.
+// handler may. Null for no action. While there is one, a request also ends the system call that
+// waits, as for input, with an error; otherwise the wait goes on.
 void SetInterruptAction(void (*action)());
 
 // Ends the program the way the recorded request would have ended it, so that a shell sees the

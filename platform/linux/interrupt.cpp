@@ -21,9 +21,7 @@ void Record(int signal) {
     if (const Action action = interruptAction) action();
 }
 
-}  // namespace
-
-void CatchInterrupts() {
+void Catch(bool restartCalls) {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE}) {
         struct sigaction action = {};
         if (::sigaction(signal, nullptr, &action) != 0 || action.sa_handler == SIG_IGN) continue;
@@ -31,9 +29,15 @@ void CatchInterrupts() {
         action.sa_handler = &Record;
         // Cleaning up may write to the same pipe again.
         const auto once = signal == SIGPIPE ? 0U : unsigned{SA_RESETHAND};
-        action.sa_flags = static_cast<int>(once | SA_RESTART);
+        action.sa_flags = static_cast<int>(once | (restartCalls ? unsigned{SA_RESTART} : 0U));
         ::sigaction(signal, &action, nullptr);
     }
+}
+
+}  // namespace
+
+void CatchInterrupts() {
+    Catch(true);
 }
 
 bool Interrupted() {
@@ -49,6 +53,7 @@ bool TakeInterrupt() {
 
 void SetInterruptAction(void (*action)()) {
     interruptAction = action;
+    if (!Interrupted()) Catch(action == nullptr);
 }
 
 void DieInterrupted() {

@@ -163,6 +163,24 @@ TEST_F(Scripts, EndWhenTheyAreInterrupted) {
     }
 }
 
+TEST_F(Scripts, LeaveNamesAsTheyWereWhenASaveIsInterrupted) {
+    host_.WriteWave("long.wav", 44100, 2, 44100 * 400);
+    host_.Write("old.mp3", "older");
+    host_.Write("script.lua",
+                "local editor = mavrin2.create() editor:Open('long.wav')\n"
+                "print('begun') io.stdout:flush() editor:Save(arg[1], false) print('saved')");
+    const auto before = host_.Files();
+    for (const char* file : {"old.mp3", "new.mp3"}) {
+        Program program({"run", "script.lua", file}, host_.In());
+        ASSERT_TRUE(program.AwaitOutput("begun"));
+        program.Signal(SIGINT);
+        EXPECT_EQ(program.Finish(), 128 + SIGINT);
+        EXPECT_EQ(program.Out, "begun\n");
+        EXPECT_EQ(host_.Read("old.mp3"), "older");
+        EXPECT_EQ(host_.Files(), before);
+    }
+}
+
 TEST_F(Scripts, EditAsTheReadmeSays) {
     Program program(
         {"run", MAVRIN2_TEST_SCRIPTS "/editor.lua", MAVRIN2_TEST_SOUND, host_.Path("").string()},

@@ -7,6 +7,7 @@
 
 #include "hosts/script/commands/cd_drives.h"
 #include "hosts/script/commands/command.h"
+#include "platform/interrupt.h"
 
 namespace mavrin2::script {
 namespace {
@@ -33,7 +34,7 @@ private:
     void Run(const std::string& file) {
         try {
             SoundInspection inspection(file);
-            inspection.Decode([this] { return cancelled_.load(); });
+            inspection.Decode([this] { return cancelled_ || platform::Interrupted(); });
             facts_ = inspection.Facts();
         } catch (...) {  // the editor's own failure is the one to report
         }
@@ -69,6 +70,7 @@ std::optional<SoundFacts> Losses::Read(const InputFile& file, const std::functio
     BackgroundCheck check(file.Path());
     read();
     auto facts = check.Await();
+    if (platform::Interrupted()) throw Interruption();
     if (facts)
         for (const std::string& loss : LossesOf(*facts))
             Say(file.Name(), loss);

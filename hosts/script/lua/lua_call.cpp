@@ -114,7 +114,27 @@ private:
     std::vector<VARIANT> passed_;
 };
 
-Variant Call(IDispatch& object, const binding::DescribedMember& member, Arguments& arguments) {
+// Tells the host what is being saved, while it is.
+class RunningSave {
+public:
+    RunningSave(LuaHost& host, const std::string& file)
+        : host_(host), before_(host.Save()), save_(file) {
+        host_.SetSave(&save_);
+    }
+    RunningSave(const RunningSave&) = delete;
+    RunningSave& operator=(const RunningSave&) = delete;
+    ~RunningSave() { host_.SetSave(before_); }
+
+private:
+    LuaHost& host_;
+    InterruptedSave* before_;
+    InterruptedSave save_;
+};
+
+Variant Call(lua_State* lua, IDispatch& object, const binding::DescribedMember& member,
+             Arguments& arguments) {
+    const RunningSave save(LuaHost::Of(lua),
+                           member.Name.starts_with("Save") ? arguments.File() : std::string());
     try {
         // Kinds of members and kinds of calls have the same values.
         return binding::Invoke(
@@ -149,7 +169,7 @@ const binding::DescribedMember& Settable(lua_State* lua, const binding::TypeDesc
 int CallMember(lua_State* lua, IDispatch& object, const binding::DescribedMember& member,
                int first) {
     Arguments arguments(lua, member, first);
-    const Variant result = Call(object, member, arguments);
+    const Variant result = Call(lua, object, member, arguments);
     if (member.Result.IsVoid()) return arguments.PushResults();
     PushVariant(lua, result);
     return 1 + arguments.PushResults();
@@ -160,7 +180,7 @@ void PutMember(lua_State* lua, IDispatch& object, const binding::TypeDescription
     if (!type.IsKnown()) return PutByName(lua, object, name, first);
     const binding::DescribedMember& member = Settable(lua, type, name);
     Arguments arguments(lua, member, first);
-    Call(object, member, arguments);
+    Call(lua, object, member, arguments);
 }
 
 }  // namespace mavrin2::script

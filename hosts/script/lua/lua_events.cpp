@@ -7,6 +7,7 @@
 #include <string>
 
 #include "hosts/binding/event_connection.h"
+#include "hosts/binding/late_binding.h"
 #include "hosts/script/lua/lua_error.h"
 #include "hosts/script/lua/lua_host.h"
 #include "hosts/script/lua/lua_interrupt.h"
@@ -117,6 +118,26 @@ void SetConnectionType(lua_State* lua) {
 }
 
 }  // namespace
+
+void StopWhenInterrupted(lua_State* lua) {
+    const ObjectValue& value = CheckObject(lua, -1);
+    const auto events = binding::EventsOf(*value.Object);
+    if (!events || !value.Type->Description.Find("Stop", INVOKE_FUNC)) return;
+    const binding::TypeDescription description(*events);
+    const binding::DescribedMember* progress = description.Find("BlockOperation", INVOKE_FUNC);
+    if (!progress) return;
+    // The connection goes with the object, which it therefore need not hold.
+    IDispatch* const object = value.Object.Get();
+    const auto connection = std::make_shared<binding::EventConnection>(
+        *object, [&host = LuaHost::Of(lua), object, id = progress->Id](DISPID event,
+                                                                       std::span<const VARIANT>) {
+            if (event != id || !platform::Interrupted()) return;
+            if (!host.Save() || host.Save()->PutAside())
+                binding::LateBound(automation::ComPtr<IDispatch>(object)).Call("Stop");
+        });
+    lua_newtable(lua);
+    AttachConnection(lua, lua_absindex(lua, -2), LuaHost::Of(lua).NewNumber(), connection);
+}
 
 int Connect(lua_State* lua) {
     const ObjectValue& value = CheckObject(lua, 1);

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "hosts/script/lua/interrupted_save.h"
 #include "hosts/script/lua/object_values.h"
 #include "hosts/script/window/host_window.h"
 
@@ -49,6 +50,10 @@ public:
     }
     bool HandlersFailed() const { return handlersFailed_; }
 
+    // The save that runs, or null. Set by the call that it belongs to.
+    InterruptedSave* Save() const { return save_; }
+    void SetSave(InterruptedSave* save) { save_ = save; }
+
     // A number for a new connection.
     lua_Integer NewNumber() { return ++lastNumber_; }
 
@@ -80,6 +85,7 @@ private:
     int depth_ = 0;  // of C++ functions that call scripts that call C++ functions
     std::set<std::pair<lua_Integer, DISPID>> reported_;  // since the outermost of them began
     bool handlersFailed_ = false;
+    InterruptedSave* save_ = nullptr;
     lua_State* main_;
     lua_State* current_;
 };

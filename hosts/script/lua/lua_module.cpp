@@ -18,6 +18,7 @@ using std::chrono::milliseconds;
 // mavrin2.create([progid])
 int Create(lua_State* lua) {
     PushObject(lua, *binding::CreateObject(luaL_optstring(lua, 1, binding::kEditorProgId)));
+    StopWhenInterrupted(lua);
     return 1;
 }
 

@@ -12,6 +12,10 @@ int OpenModule(lua_State* lua);
 // on standard error, and the operation continues.
 int Connect(lua_State* lua);
 
+// Makes an interrupt of the program stop what the object on top of the stack is doing, if it tells
+// of its progress: until a call returns, Lua itself does not run.
+void StopWhenInterrupted(lua_State* lua);
+
 // mavrin2.members(object): lists the object's members and events from its type information: name,
 // kind
 // ("method", "get", "put", "putref" or "event"), id, help, type of the result if it has one, and
