@@ -1,27 +1,19 @@
 // The class table of the file companion's module.
 
 #include "automation/module.h"
+#include "companions/backends/backends.h"
 #include "companions/dusoro/file_companion.h"
 #include "companions/dusoro/lame_settings_object.h"
 #include "companions/dusoro/sound_inspector_object.h"
-#include "platform/module_loader.h"
-#include "platform/module_path.h"
 #include "platform/ports.h"
 #include "platform/replacement_file.h"
 
 namespace mavrin2 {
 namespace {
 
-// The modules around the sound libraries are in the same folder as this one.
-std::filesystem::path BackendFolder() {
-    return platform::PathOfModule(reinterpret_cast<const void*>(&automation::ThisModule))
-        .parent_path();
-}
-
 dusoro::SoundFiles MakeSoundFiles() {
-    return {platform::SystemPorts().Files,
-            platform::SystemReplacementFiles(),
-            {platform::SystemModuleLoader(), BackendFolder()}};
+    return {platform::SystemPorts().Files, platform::SystemReplacementFiles(),
+            dusoro::SoundBackends(backends::OfThisModule())};
 }
 
 HRESULT CreateFileCompanion(IUnknown* outer, REFIID iid, void** object) {

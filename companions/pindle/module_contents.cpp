@@ -5,19 +5,15 @@
 #include <sstream>
 
 #include "automation/module.h"
-#include "companions/pindle/disc/loaded_library.h"
+#include "companions/backends/backends.h"
 #include "companions/pindle/grabber_companion.h"
-#include "platform/module_path.h"
 
 namespace mavrin2 {
 namespace {
 
-// The module around the library is beside this one.
 const pindle::DiscLibrary* Library() {
-    const auto folder =
-        platform::PathOfModule(reinterpret_cast<const void*>(&automation::ThisModule))
-            .parent_path();
-    return pindle::LoadDiscLibrary(*platform::SystemModuleLoader(), folder);
+    std::string reason;
+    return backends::OfThisModule()->Find<pindle::DiscLibrary>("cdio", "DiscLibrary", reason);
 }
 
 // Where there is no such table, discs are not mounted.

@@ -1,7 +1,7 @@
 // The class table of the playback companion's module.
 
 #include "automation/module.h"
-#include "companions/devices/server/module_access.h"
+#include "companions/devices/server/system_server.h"
 #include "companions/velto/playback_companion.h"
 
 namespace mavrin2 {
@@ -9,9 +9,7 @@ namespace {
 
 HRESULT CreatePlaybackCompanion(IUnknown* outer, REFIID iid, void** object) {
     return automation::Guarded([&] {
-        return velto::PlaybackCompanion::Create(
-            outer, iid, object,
-            devices::ServersBeside(reinterpret_cast<const void*>(&automation::ThisModule)));
+        return velto::PlaybackCompanion::Create(outer, iid, object, devices::SystemServers());
     });
 }
 

@@ -41,7 +41,7 @@ def below(source):
     if top == "automation":
         return FOUNDATION
     if top == "companions":
-        shared = {"companions/contracts", "companions/formats"} | COMPANIONS.get(name, set())
+        shared = {"companions/contracts", "companions/formats", "companions/backends"} | COMPANIONS.get(name, set())
         return {source} | shared | FOUNDATION
     if top == "hosts":
         return {source} | HOSTS.get(name, set()) | FOUNDATION

@@ -1,21 +1,14 @@
 #include "tests/support/damaged_files.h"
 
-#include <sys/resource.h>
-
 #include "platform/memory/memory_file_system.h"
 #include "tests/companions/sound_test.h"
+#include "tests/support/peak_memory.h"
 
 namespace mavrin2::dusoro {
 namespace {
 
 class DamagedFilesTest : public SoundTest, public testing::WithParamInterface<const char*> {
 protected:
-    static long PeakKilobytes() {
-        rusage usage{};
-        getrusage(RUSAGE_SELF, &usage);
-        return usage.ru_maxrss;
-    }
-
     std::string Whole(const std::string& name) {
         if (std::filesystem::exists(Data(name))) return ReadBytes(Data(name));
         EXPECT_TRUE(Save(In(name), {44100, 2}, Noise(60'000, 6000)));
@@ -30,7 +23,7 @@ TEST_P(DamagedFilesTest, DoNoHarm) {
     const bool ogg = name == "a.ogg" || name == "a.opus";
     tests::DamagedFiles damaged(Whole(name), 20'240'229, ogg ? tests::SealOggPages : nullptr);
     ReadAll(Data("tone.m4a"));  // with all libraries loaded
-    const long before = PeakKilobytes();
+    const std::int64_t before = tests::PeakMemory();
     const auto memory = std::make_shared<platform::MemoryFileSystem>();
     const SoundFiles files = FilesOf(memory);
     int opened = 0;
@@ -60,7 +53,7 @@ TEST_P(DamagedFilesTest, DoNoHarm) {
     }
     EXPECT_GT(opened, variants / 10);  // the damage is not so great that nothing is ever decoded
     // The sanitizers keep freed memory for a while: 256 MiB of it.
-    EXPECT_LT(PeakKilobytes() - before, 400 * 1024);
+    EXPECT_LT(tests::PeakMemory() - before, std::int64_t{400} << 20);
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, DamagedFilesTest,

@@ -1,6 +1,3 @@
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cmath>
 #include <limits>
 
@@ -269,8 +266,7 @@ TEST_F(ReadingTest, TakesHeaderlessDataForVoxByNameOrType) {
 
 TEST_F(ReadingTest, TellsWhyAFileCannotBeOpened) {
     std::filesystem::create_directory(In("folder.wav"));
-    ASSERT_EQ(mkfifo(In("pipe.wav").c_str(), 0600), 0);
-    for (const char* name : {"missing.wav", "folder.wav", "pipe.wav", "no/such/folder.wav"})
+    for (const char* name : {"missing.wav", "folder.wav", "no/such/folder.wav"})
         EXPECT_EQ(OpenError(In(name)), SoundError::FileAccess) << name;
 
     Make(In("whole.wav"), SF_FORMAT_WAV | SF_FORMAT_PCM_16, 44100, 2, Noise(100));
@@ -300,10 +296,6 @@ TEST_F(ReadingTest, TellsWhyAFileCannotBeOpened) {
     EXPECT_EQ(OpenError(In("garbage"), FormatType::G726), SoundError::FormatNotSupported);
     EXPECT_EQ(OpenError(Data("picture.png")), SoundError::FormatNotSupported);
     EXPECT_EQ(OpenError(Data("silent.mp4")), SoundError::FormatNotSupported);
-
-    if (geteuid() == 0) return;  // who may read everything
-    ASSERT_EQ(chmod(In("whole.wav").c_str(), 0), 0);
-    EXPECT_EQ(OpenError(In("whole.wav")), SoundError::FileAccess);
 }
 
 TEST_F(ReadingTest, DeliversWhatIsThereWhenTheHeaderClaimsMore) {

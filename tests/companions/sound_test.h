@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "companions/dusoro/sound/sound_files.h"
-#include "platform/module_loader.h"
 #include "platform/ports.h"
 #include "platform/replacement_file.h"
+#include "tests/support/built_backends.h"
 #include "tests/support/scratch_folder.h"
 
 namespace mavrin2::dusoro {
@@ -61,7 +61,7 @@ protected:
         info.format = format;
         info.samplerate = rate;
         info.channels = channels;
-        SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
+        SNDFILE* file = sf_open(path.string().c_str(), SFM_WRITE, &info);
         ASSERT_NE(file, nullptr) << sf_strerror(nullptr);
         if (!channelMap.empty()) {
             auto map = channelMap;
@@ -125,10 +125,11 @@ protected:
         return writer && writer->Write(samples) && writer->Finish();
     }
 
-    static SoundFiles FilesOf(std::shared_ptr<platform::FileSystem> inputs,
-                              std::filesystem::path backends = BACKEND_FOLDER) {
+    static SoundFiles FilesOf(
+        std::shared_ptr<platform::FileSystem> inputs,
+        std::shared_ptr<const backends::Backends> backends = tests::BuiltBackends("dusoro")) {
         return SoundFiles(std::move(inputs), platform::SystemReplacementFiles(),
-                          {platform::SystemModuleLoader(), std::move(backends)});
+                          SoundBackends(std::move(backends)));
     }
 
     SoundFiles files_ = FilesOf(platform::SystemPorts().Files);

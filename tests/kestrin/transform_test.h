@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "companions/kestrin/operations/library_loader.h"
+#include "companions/kestrin/operations/backend_libraries.h"
 #include "companions/kestrin/operations/transform.h"
+#include "tests/support/built_backends.h"
 #include "tests/support/sound/measures.h"
 
 namespace mavrin2::kestrin {
@@ -84,7 +85,7 @@ protected:
         return std::span(samples).subspan(samples.size() / 4, samples.size() / 2);
     }
 
-    LibraryLoader libraries_{platform::SystemModuleLoader(), BACKEND_FOLDER};
+    BackendLibraries libraries_{tests::BuiltBackends("kestrin")};
     Transform transform_{libraries_};
 };
 

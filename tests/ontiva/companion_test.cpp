@@ -44,9 +44,9 @@ protected:
 
     std::shared_ptr<platform::MemoryFileSystem> disk_ =
         std::make_shared<platform::MemoryFileSystem>();
-    automation::ComPtr<InformationCompanion> object_ = InformationCompanion::Make(InfoFiles(
-        disk_, std::make_shared<platform::MemoryReplacementFiles>(disk_),
-        std::make_unique<LoadedLibraries>(platform::SystemModuleLoader(), LIBRARY_FOLDER)));
+    automation::ComPtr<InformationCompanion> object_ = InformationCompanion::Make(
+        InfoFiles(disk_, std::make_shared<platform::MemoryReplacementFiles>(disk_),
+                  std::make_unique<BackendLibraries>(tests::BuiltBackends("ontiva"))));
 };
 
 TEST_F(Companion, HoldsTextsThatStayAsTheyAreWhileTheirNumbersDo) {

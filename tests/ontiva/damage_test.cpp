@@ -1,5 +1,3 @@
-#include <sys/resource.h>
-
 #include "companions/ontiva/files/numbers.h"
 #include "tests/ontiva/sound_files.h"
 #include "tests/support/damaged_files.h"

@@ -1,8 +1,8 @@
-#include <sys/resource.h>
 #include <zlib.h>
 
 #include "companions/ontiva/files/numbers.h"
 #include "tests/ontiva/sound_files.h"
+#include "tests/support/peak_memory.h"
 
 namespace mavrin2::ontiva {
 namespace {
@@ -44,13 +44,6 @@ TEST(HostileTags, WithChaptersInChaptersAreReadFlat) {
               (std::vector<Marker>{{44100, 44100, "t", "", "", {}}}));
 }
 
-// What a process takes in all, in bytes.
-std::int64_t PeakMemory() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return std::int64_t{usage.ru_maxrss} * 1024;
-}
-
 TEST(HostileTags, ThatUnpackToAThousandTimesTheirSizeAreNotUnpacked) {
     const std::string zeros(std::size_t{64} << 20, '\0');
     std::string packed(compressBound(zeros.size()), '\0');
@@ -65,10 +58,10 @@ TEST(HostileTags, ThatUnpackToAThousandTimesTheirSizeAreNotUnpacked) {
         frames += Frame("COMM", length + packed, 0x80);
     const std::string file = WithTag(frames);
 
-    const std::int64_t before = PeakMemory();
+    const std::int64_t before = tests::PeakMemory();
     const SoundInfo info = ReadInfo(file);
     EXPECT_EQ(info.Texts.First("TITLE"), "title");
-    EXPECT_LT(PeakMemory() - before, std::int64_t{64} << 20);
+    EXPECT_LT(tests::PeakMemory() - before, std::int64_t{64} << 20);
     // What cannot be read would be lost.
     EXPECT_THROW(WithInfo(file, info), NotWritable);
 }

@@ -6,7 +6,6 @@
 #include "companions/ontiva/chunks/chunk_file.h"
 #include "companions/ontiva/files/numbers.h"
 #include "companions/ontiva/info_files.h"
-#include "platform/memory/memory_module_loader.h"
 #include "platform/memory/memory_replacement_files.h"
 #include "tests/ontiva/sound_files.h"
 #include "tests/support/damaged_files.h"
@@ -139,10 +138,8 @@ TEST(Libraries, AreLoadedOnlyWhenAFileNeedsThem) {
     const auto disk = std::make_shared<platform::MemoryFileSystem>();
     disk->AddFile("/a.wav", MakeSound(SF_FORMAT_WAV | SF_FORMAT_PCM_16, 100));
     disk->AddFile("/a.mp3", MakeSound(SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III, 3000));
-    // With a loader that has no modules.
     const InfoFiles files(disk, std::make_shared<platform::MemoryReplacementFiles>(disk),
-                          std::make_unique<LoadedLibraries>(
-                              std::make_shared<platform::MemoryModuleLoader>(), "/modules"));
+                          std::make_unique<BackendLibraries>(tests::NoBackends()));
     SoundInfo info;
     info.Markers = {{5, 0, "marker", "", "", {}}};
     files.Write("/a.wav", info);

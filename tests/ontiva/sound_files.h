@@ -8,7 +8,8 @@
 #include <vector>
 
 #include "companions/ontiva/formats/sound_format.h"
-#include "companions/ontiva/libraries/loaded_libraries.h"
+#include "companions/ontiva/libraries/backend_libraries.h"
+#include "tests/support/built_backends.h"
 
 namespace mavrin2::ontiva {
 
@@ -40,7 +41,7 @@ public:
     std::size_t BytesRead = 0;
 };
 
-inline const LoadedLibraries kLibraries(platform::SystemModuleLoader(), LIBRARY_FOLDER);
+inline const BackendLibraries kLibraries(tests::BuiltBackends("ontiva"));
 
 inline SoundInfo ReadInfo(const std::string& bytes) {
     BytesFile file(bytes);

@@ -6,8 +6,8 @@
 #include "automation/event_sink.h"
 #include "automation/safe_array.h"
 #include "automation/text.h"
-#include "companions/pindle/disc/loaded_library.h"
 #include "companions/pindle/grabber_companion.h"
+#include "tests/support/built_backends.h"
 #include "tests/support/scratch_folder.h"
 
 namespace mavrin2::pindle {
@@ -95,7 +95,9 @@ protected:
 
     tests::ScratchFolder folder_;
     std::string image_;
-    const DiscLibrary* library_ = LoadDiscLibrary(*platform::SystemModuleLoader(), LIBRARY_FOLDER);
+    std::string reason_;
+    const DiscLibrary* library_ =
+        tests::BuiltBackends("pindle")->Find<DiscLibrary>("cdio", "DiscLibrary", reason_);
     automation::ComPtr<GrabberCompanion> grabber_ =
         GrabberCompanion::Make(GrabberServices{[this] { return library_; },
                                                [this](const DiscLibrary&) {

@@ -8,8 +8,7 @@
 #include <string>
 #include <vector>
 
-// What a sound server does for the device companions. The module around the sound library exports
-// one function under the C name below, which makes a server.
+// What a sound server does for the device companions.
 namespace mavrin2::devices {
 
 enum class Direction { Output, Input };
@@ -126,8 +125,13 @@ public:
                                                 Deadline deadline) = 0;
 };
 
-// A new server, owned by the caller. `application` is its name for users.
-using MakeSoundServer = SoundServer* (*)(const char* application);
-inline constexpr char kServerEntry[] = "Mavrin2SoundServer";
+// What a backend offers.
+class SoundServerMaker {
+public:
+    virtual ~SoundServerMaker() = default;
+
+    // `application` is its name for users.
+    virtual std::unique_ptr<SoundServer> Make(const char* application) const = 0;
+};
 
 }  // namespace mavrin2::devices

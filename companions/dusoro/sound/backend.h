@@ -13,8 +13,7 @@
 #include "companions/dusoro/sound/sound_writer.h"
 #include "platform/files.h"
 
-// What the modules around the sound libraries offer. Each module exports what it has under the C
-// names below; every one of these functions returns an object that lives as long as the process.
+// What the backends offer, each a part of it.
 namespace mavrin2::dusoro {
 
 struct ReadingHint {
@@ -72,12 +71,5 @@ public:
     virtual std::unique_ptr<Resampler> Make(std::int32_t from, std::int32_t to,
                                             std::int32_t channels) const = 0;
 };
-
-inline constexpr char kDecoderEntry[] = "Mavrin2DusoroDecoder";
-inline constexpr char kEncoderEntry[] = "Mavrin2DusoroEncoder";
-inline constexpr char kResamplerEntry[] = "Mavrin2DusoroResampler";
-
-// Before the definition of each of these functions.
-#define MAVRIN2_DUSORO_EXPORT extern "C" __attribute__((visibility("default")))
 
 }  // namespace mavrin2::dusoro

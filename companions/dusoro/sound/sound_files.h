@@ -3,10 +3,10 @@
 #include <filesystem>
 #include <memory>
 
-#include "companions/dusoro/sound/backend_loader.h"
 #include "companions/dusoro/sound/format_converter.h"
 #include "companions/dusoro/sound/format_type.h"
 #include "companions/dusoro/sound/output_plan.h"
+#include "companions/dusoro/sound/sound_backends.h"
 #include "companions/dusoro/sound/sound_error.h"
 #include "companions/dusoro/sound/sound_reader.h"
 #include "companions/dusoro/sound/sound_writer.h"
@@ -19,7 +19,7 @@ namespace mavrin2::dusoro {
 class SoundFiles {
 public:
     SoundFiles(std::shared_ptr<platform::FileSystem> inputs,
-               std::shared_ptr<platform::ReplacementFiles> outputs, BackendLoader backends)
+               std::shared_ptr<platform::ReplacementFiles> outputs, SoundBackends backends)
         : inputs_(std::move(inputs)),
           outputs_(std::move(outputs)),
           backends_(std::move(backends)) {}
@@ -49,7 +49,7 @@ private:
 
     std::shared_ptr<platform::FileSystem> inputs_;
     std::shared_ptr<platform::ReplacementFiles> outputs_;
-    BackendLoader backends_;
+    SoundBackends backends_;
 };
 
 }  // namespace mavrin2::dusoro

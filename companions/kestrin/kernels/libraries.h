@@ -6,8 +6,7 @@
 #include <span>
 #include <stdexcept>
 
-// What the kernels take from libraries. Each library is wrapped in a separate module, which is
-// loaded when it is first needed.
+// What the kernels take from libraries, each of which is wrapped in a backend.
 namespace mavrin2::kestrin {
 
 // The discrete Fourier transform of real values, and back. It owns both sides.

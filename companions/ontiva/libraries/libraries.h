@@ -8,8 +8,7 @@
 #include "companions/ontiva/files/file_kind.h"
 #include "companions/ontiva/info/sound_info.h"
 
-// What the modules around the libraries offer. Each module exports one function under the C name
-// below, which returns an object that lives as long as the process.
+// What the companion takes from libraries, each of which is wrapped in a backend.
 namespace mavrin2::ontiva {
 
 struct Id3Content {
@@ -74,7 +73,8 @@ public:
     virtual SoundInfo Read(const ByteSource& file) const = 0;
 };
 
-// Loads a library when a file needs it. Each throws MissingLibrary where it is not installed.
+// A library is asked for when a file needs it. Each throws MissingLibrary where it is not
+// installed.
 class Libraries {
 public:
     virtual ~Libraries() = default;
@@ -87,10 +87,5 @@ public:
 struct MissingLibrary : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
-
-inline constexpr char kLibraryEntry[] = "Mavrin2OntivaLibrary";
-
-// Before the definition of that function.
-#define MAVRIN2_ONTIVA_EXPORT extern "C" __attribute__((visibility("default")))
 
 }  // namespace mavrin2::ontiva

@@ -6,8 +6,7 @@
 #include <string>
 #include <vector>
 
-// A disc and what the module around the CD library offers. The module exports one function under
-// the C name below, which returns an object that lives as long as the process.
+// A disc, and what the backend around the CD library offers.
 namespace mavrin2::pindle {
 
 // 16-bit values of a sector, left and right together.
@@ -40,7 +39,5 @@ public:
     // Null without a readable disc. `path` is a drive's name or the path of an image.
     virtual std::unique_ptr<Disc> Open(const std::string& path) const = 0;
 };
-
-inline constexpr char kLibraryEntry[] = "Mavrin2PindleLibrary";
 
 }  // namespace mavrin2::pindle

@@ -75,12 +75,3 @@ std::unique_ptr<InputStream> PulseServer::Record(const StreamRequest& request, S
 }
 
 }  // namespace mavrin2::devices
-
-extern "C" __attribute__((visibility("default"))) mavrin2::devices::SoundServer* Mavrin2SoundServer(
-    const char* application) {
-    try {
-        return new mavrin2::devices::PulseServer(application);
-    } catch (...) {
-        return nullptr;
-    }
-}

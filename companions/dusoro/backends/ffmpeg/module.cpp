@@ -1,3 +1,4 @@
+#include "companions/backends/backends.h"
 #include "companions/dusoro/backends/ffmpeg/av_encoder.h"
 #include "companions/dusoro/backends/ffmpeg/ffmpeg_reader.h"
 #include "companions/dusoro/backends/ffmpeg/ffmpeg_writer.h"
@@ -33,12 +34,12 @@ public:
 }  // namespace
 }  // namespace mavrin2::dusoro
 
-MAVRIN2_DUSORO_EXPORT const mavrin2::dusoro::Decoder* Mavrin2DusoroDecoder() {
+MAVRIN2_BACKEND_ENTRY(dusoro, ffmpeg, Decoder) {
     static const mavrin2::dusoro::FfmpegDecoder decoder;
     return &decoder;
 }
 
-MAVRIN2_DUSORO_EXPORT const mavrin2::dusoro::Encoder* Mavrin2DusoroEncoder() {
+MAVRIN2_BACKEND_ENTRY(dusoro, ffmpeg, Encoder) {
     static const mavrin2::dusoro::FfmpegEncoder encoder;
     return &encoder;
 }

@@ -1,3 +1,4 @@
+#include "companions/backends/backends.h"
 #include "companions/dusoro/backends/flac/flac_reader.h"
 
 namespace mavrin2::dusoro {
@@ -14,7 +15,7 @@ public:
 }  // namespace
 }  // namespace mavrin2::dusoro
 
-MAVRIN2_DUSORO_EXPORT const mavrin2::dusoro::Decoder* Mavrin2DusoroDecoder() {
+MAVRIN2_BACKEND_ENTRY(dusoro, flac, Decoder) {
     static const mavrin2::dusoro::FlacDecoder decoder;
     return &decoder;
 }

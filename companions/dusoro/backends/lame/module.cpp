@@ -1,3 +1,4 @@
+#include "companions/backends/backends.h"
 #include "companions/dusoro/backends/lame/lame_writer.h"
 
 namespace mavrin2::dusoro {
@@ -14,7 +15,7 @@ public:
 }  // namespace
 }  // namespace mavrin2::dusoro
 
-MAVRIN2_DUSORO_EXPORT const mavrin2::dusoro::Encoder* Mavrin2DusoroEncoder() {
+MAVRIN2_BACKEND_ENTRY(dusoro, lame, Encoder) {
     static const mavrin2::dusoro::LameEncoder encoder;
     return &encoder;
 }

@@ -1,3 +1,4 @@
+#include "companions/backends/backends.h"
 #include "companions/dusoro/backends/sndfile/sndfile_reader.h"
 #include "companions/dusoro/backends/sndfile/sndfile_writer.h"
 
@@ -23,12 +24,12 @@ public:
 }  // namespace
 }  // namespace mavrin2::dusoro
 
-MAVRIN2_DUSORO_EXPORT const mavrin2::dusoro::Decoder* Mavrin2DusoroDecoder() {
+MAVRIN2_BACKEND_ENTRY(dusoro, sndfile, Decoder) {
     static const mavrin2::dusoro::SndfileDecoder decoder;
     return &decoder;
 }
 
-MAVRIN2_DUSORO_EXPORT const mavrin2::dusoro::Encoder* Mavrin2DusoroEncoder() {
+MAVRIN2_BACKEND_ENTRY(dusoro, sndfile, Encoder) {
     static const mavrin2::dusoro::SndfileEncoder encoder;
     return &encoder;
 }

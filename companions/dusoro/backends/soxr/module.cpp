@@ -1,5 +1,6 @@
 #include <soxr.h>
 
+#include "companions/backends/backends.h"
 #include "companions/dusoro/sound/backend.h"
 
 namespace mavrin2::dusoro {
@@ -58,7 +59,7 @@ public:
 }  // namespace
 }  // namespace mavrin2::dusoro
 
-MAVRIN2_DUSORO_EXPORT const mavrin2::dusoro::ResamplerMaker* Mavrin2DusoroResampler() {
+MAVRIN2_BACKEND_ENTRY(dusoro, soxr, ResamplerMaker) {
     static const mavrin2::dusoro::SoxrMaker maker;
     return &maker;
 }

@@ -3,7 +3,7 @@ extern "C" {
 #include <libavutil/tx.h>
 }
 
-#include "companions/kestrin/kernels/backend.h"
+#include "companions/backends/backends.h"
 #include "companions/kestrin/kernels/libraries.h"
 
 namespace mavrin2::kestrin {
@@ -116,7 +116,7 @@ public:
 }  // namespace
 }  // namespace mavrin2::kestrin
 
-MAVRIN2_KESTRIN_EXPORT const mavrin2::kestrin::FourierMaker* Mavrin2KestrinFourier() {
+MAVRIN2_BACKEND_ENTRY(kestrin, fourier, FourierMaker) {
     static const mavrin2::kestrin::AvFourierMaker maker;
     return &maker;
 }

@@ -1,6 +1,6 @@
 #include <soxr.h>
 
-#include "companions/kestrin/kernels/backend.h"
+#include "companions/backends/backends.h"
 #include "companions/kestrin/kernels/libraries.h"
 
 namespace mavrin2::kestrin {
@@ -44,7 +44,7 @@ public:
 }  // namespace
 }  // namespace mavrin2::kestrin
 
-MAVRIN2_KESTRIN_EXPORT const mavrin2::kestrin::RateConverterMaker* Mavrin2KestrinRateConverter() {
+MAVRIN2_BACKEND_ENTRY(kestrin, soxr, RateConverterMaker) {
     static const mavrin2::kestrin::SoxrConverterMaker maker;
     return &maker;
 }

@@ -7,6 +7,7 @@ extern "C" {
 #include <cctype>
 #include <memory>
 
+#include "companions/backends/backends.h"
 #include "companions/ontiva/libraries/libraries.h"
 #include "companions/ontiva/markers/exact_marker.h"
 
@@ -166,7 +167,7 @@ public:
 }  // namespace
 }  // namespace mavrin2::ontiva
 
-MAVRIN2_ONTIVA_EXPORT const mavrin2::ontiva::ContainerLibrary* Mavrin2OntivaLibrary() {
+MAVRIN2_BACKEND_ENTRY(ontiva, avformat, ContainerLibrary) {
     static const mavrin2::ontiva::AvContainers containers;
     return &containers;
 }

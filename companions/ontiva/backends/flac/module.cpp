@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "companions/backends/backends.h"
 #include "companions/ontiva/libraries/libraries.h"
 
 namespace mavrin2::ontiva {
@@ -107,7 +108,7 @@ public:
 }  // namespace
 }  // namespace mavrin2::ontiva
 
-MAVRIN2_ONTIVA_EXPORT const mavrin2::ontiva::FlacLibrary* Mavrin2OntivaLibrary() {
+MAVRIN2_BACKEND_ENTRY(ontiva, flac, FlacLibrary) {
     static const mavrin2::ontiva::FlacBlocks blocks;
     return &blocks;
 }

@@ -1,3 +1,4 @@
+#include "companions/backends/backends.h"
 #include "companions/ontiva/backends/taglib/comments.h"
 #include "companions/ontiva/backends/taglib/id3_tag.h"
 #include "companions/ontiva/backends/taglib/trailing_tags.h"
@@ -30,7 +31,7 @@ public:
 }  // namespace
 }  // namespace mavrin2::ontiva
 
-MAVRIN2_ONTIVA_EXPORT const mavrin2::ontiva::TagLibrary* Mavrin2OntivaLibrary() {
+MAVRIN2_BACKEND_ENTRY(ontiva, taglib, TagLibrary) {
     static const mavrin2::ontiva::TagLibTags tags;
     return &tags;
 }

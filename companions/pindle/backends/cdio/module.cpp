@@ -1,6 +1,7 @@
 #include <cdio/cdio.h>
 #include <cdio/logging.h>
 
+#include "companions/backends/backends.h"
 #include "companions/pindle/backends/cdio/cdio_disc.h"
 
 namespace mavrin2::pindle {
@@ -29,8 +30,7 @@ public:
 }  // namespace
 }  // namespace mavrin2::pindle
 
-extern "C" __attribute__((visibility("default"))) const mavrin2::pindle::DiscLibrary*
-Mavrin2PindleLibrary() {
+MAVRIN2_BACKEND_ENTRY(pindle, cdio, DiscLibrary) {
     static const mavrin2::pindle::CdioLibrary library;
     return &library;
 }

@@ -55,9 +55,9 @@ TEST_P(ShortOfMemory, StaysWhole) {
     const tests::ScratchFolder folder;
     const auto path = folder.Path() / "sound";
     const std::string sound = Sound(3000);
-    const auto companion = InformationCompanion::Make(InfoFiles(
-        platform::SystemPorts().Files, platform::SystemReplacementFiles(),
-        std::make_unique<LoadedLibraries>(platform::SystemModuleLoader(), LIBRARY_FOLDER)));
+    const auto companion = InformationCompanion::Make(
+        InfoFiles(platform::SystemPorts().Files, platform::SystemReplacementFiles(),
+                  std::make_unique<BackendLibraries>(tests::BuiltBackends("ontiva"))));
     const Bstr name{automation::OleStringView(automation::ToOle(path))};
     const Bstr text{std::string_view("text")};
     const auto write = [&](std::int64_t allocations) {

@@ -79,7 +79,7 @@ TEST_F(LazyLoadingTest, TheModuleFindsTheOthersBesideItself) {
 
 TEST_F(LazyLoadingTest, WithoutTheModulesNothingIsSupported) {
     Make(In("a.wav"), SF_FORMAT_WAV | SF_FORMAT_PCM_16, 44100, 2, Noise(100));
-    const SoundFiles nothing = FilesOf(platform::SystemPorts().Files, In("no modules here"));
+    const SoundFiles nothing = FilesOf(platform::SystemPorts().Files, tests::NoBackends());
     EXPECT_EQ(nothing.Open(In("a.wav"), FormatType::Default).Error, SoundError::FormatNotSupported);
     EXPECT_EQ(nothing.Create(In("b.wav"), FormatType::Default, {}).Error,
               SoundError::FormatNotSupported);

@@ -1,5 +1,5 @@
-#include "tests/companions/full_disk.h"
-#include "tests/companions/sound_test.h"
+#include "tests/companions/linux/full_disk.h"
+#include "tests/companions/file_companion_test.h"
 
 namespace mavrin2::dusoro {
 namespace {
@@ -41,6 +41,33 @@ TEST_P(FullDiskTest, KeepsTheOldFileAndLeavesNothingElse) {
 INSTANTIATE_TEST_SUITE_P(Kinds, FullDiskTest,
                          testing::Values("a.wav", "a.aiff", "a.flac", "a.ogg", "a.opus", "a.mp3",
                                          "a.vox"));
+
+TEST_F(FileCompanionTest, AFailedSaveSaysSoAndKeepsTheOldFile) {
+    WriteBytes(In("a.wav"), "old");
+    const std::vector<std::string> before = NamesInFolder();
+    companion_->SetPcmFormat(44100, 2);
+    {
+        ASSERT_EQ(CreateFile(In("a.wav")), S_OK);
+        const FullDisk full(1000);
+        EXPECT_TRUE(FAILED(Write(Noise(10'000))));
+    }
+    EXPECT_EQ(Error(), -18);
+    EXPECT_EQ(NamesInFolder(), before);
+    EXPECT_TRUE(FAILED(Write(Noise(10))));
+    EXPECT_TRUE(FAILED(companion_->CloseFile()));  // for callers who look at this only
+    EXPECT_EQ(companion_->CloseFile(), S_OK);
+
+    // The samples fit into the encoder's own memory, and the file fails only at the end.
+    ASSERT_EQ(CreateFile(In("a.mp3")), S_OK);
+    ASSERT_EQ(Write(Noise(100)), S_OK);
+    {
+        const FullDisk full(100);
+        EXPECT_TRUE(FAILED(companion_->CloseFile()));
+    }
+    EXPECT_EQ(Error(), -18);
+    EXPECT_EQ(NamesInFolder(), before);
+    EXPECT_EQ(ReadBytes(In("a.wav")), "old");
+}
 
 }  // namespace
 }  // namespace mavrin2::dusoro

@@ -1,0 +1,10 @@
+#include "companions/backends/loaded_backends.h"
+
+namespace mavrin2::backends {
+
+std::shared_ptr<const Backends> OfThisModule() {
+    static const int here = 0;
+    return BesideModule("ontiva", &here);
+}
+
+}  // namespace mavrin2::backends
