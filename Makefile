@@ -11,8 +11,9 @@ windows_systems := i686 x86_64
 packages := packaging/install-debian-packages
 cpp_files = git ls-files -z '*.cpp' '*.h'
 
-.PHONY: help deps build run test desktop desktop-test bench pictures windows test-windows bench-windows \
-        install install-desktop package package-desktop test-packages format check format-check words-check arrows-check sizes-check tidy clean
+.PHONY: help deps build run test desktop desktop-test bench pictures \
+        windows windows-package test-windows bench-windows install install-desktop package package-desktop \
+        test-packages format check format-check words-check arrows-check sizes-check tidy clean
 
 help:                ## this list
 	@sed -n 's/^\([a-z-]*\):.*## /\1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -54,15 +55,19 @@ pictures: build      ## draw the pictures of docs/operations.md again
 	docs/pictures/draw-operations
 
 # The programs that describe the type libraries run here, so they come from the native build.
-windows: deps        ## the DLL for Windows, in build/windows/i686/bin and build/windows/x86_64/bin
+windows: deps        ## the DLLs for Windows, in build/windows/i686/bin and build/windows/x86_64/bin
+	packaging/windows-libraries $(windows_systems)
 	cmake --preset release
 	cmake --build --preset release --parallel $(JOBS) --target idl
 	set -e; for system in $(windows_systems); do \
 	    cmake --preset windows-$$system; \
-	    cmake --build --preset windows-$$system --parallel $(JOBS) --target KovMavrin2; \
+	    cmake --build --preset windows-$$system --parallel $(JOBS) --target components; \
 	done
 
-test-windows: windows build ## build the tests for Windows and run them in Wine
+windows-package: windows ## a zip for each architecture, in build/windows: the DLLs, scripts that register them, licences
+	for system in $(windows_systems); do packaging/windows-package $$system || exit; done
+
+test-windows: windows-package build ## build the tests for Windows and run them in Wine
 	tests/windows/run $(JOBS)
 
 bench-windows: windows ## what creating the control and calling it late costs in Wine

@@ -2,6 +2,8 @@
 # compiled from the descriptions of its interfaces.
 
 enable_language(RC)
+# Static libraries only: the others are named .dll.a.
+set(CMAKE_FIND_LIBRARY_SUFFIXES .a)
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
   set(MAVRIN2_WIDL_FLAG --win64)
 else()
@@ -62,3 +64,6 @@ function(mavrin2_windows_component name program)
   target_link_options(${name} PRIVATE -Wl,--enable-stdcall-fixup,--no-insert-timestamp -s)
   mavrin2_type_library(${name} ${program})
 endfunction()
+
+# All that a user gets, which mavrin2_component adds to.
+add_custom_target(components)
