@@ -15,6 +15,8 @@ function(mavrin2_tests name)
     "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/windows/*.cpp")
   add_executable(${name} ${sources})
   target_link_libraries(${name} PRIVATE ${ARGN} mavrin2_options gmock gtest_main)
+  # All files of this machine are on that drive of Wine's.
+  target_compile_definitions(${name} PRIVATE TEST_DATA_DIR="Z:${CMAKE_CURRENT_SOURCE_DIR}/data")
   add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
   set_tests_properties(${name} PROPERTIES TIMEOUT 300)
 endfunction()
