@@ -45,6 +45,8 @@ def below(source):
         return {source} | shared | FOUNDATION
     if top == "hosts":
         return {source} | HOSTS.get(name, set()) | FOUNDATION
+    if top == "examples":
+        return {"control/interfaces", "companions/contracts"} | FOUNDATION
     if top == "control":
         if name not in CONTROL + ["interfaces"]:
             return set()
