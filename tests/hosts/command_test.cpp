@@ -185,6 +185,8 @@ TEST_F(Commands, SayWhatGetsLostAndRefuseItWithStrict) {
           {{"process", "cut.wav", "out.wav", "Reverse"}, cut},
           {{"join", "out.wav", "tone.wav", "cut.wav"}, cut},
           {{"mix", "out.wav", "six.wav", "six.wav"}, mixed},
+          {{"convert", "tone.wav", "out.wav", "--gain=20", "--end=4000f"},
+           "tone.wav: 723 samples limited to full scale by --gain\n"},
           {{"convert", "short.wav", "out.opus"}, "to which it was converted\n"}}) {
         SCOPED_TRACE(testing::PrintToString(line));
         Arguments strict = line;

@@ -91,7 +91,7 @@ void Convert(const CommandLine& line, const Conversion& conversion, bool progres
     Losses losses(line);
     const InputFile in(conversion.In);
     losses.Open(editor, in);
-    bool selection = edits.ApplyTo(editor, in.Name());
+    bool selection = edits.ApplyTo(editor, in.Name(), losses);
     if (format.Changes(editor)) {
         // Converting drops the selection, and costs more than to leave the rest out first.
         if (selection) editor.KeepSelection();

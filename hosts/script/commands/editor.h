@@ -33,6 +33,10 @@ public:
     std::int32_t Rate() const;
     std::int32_t Channels() const;
 
+    // Samples of the document that are beyond full scale at `factor` times their level. Moves the
+    // selection.
+    std::int64_t CountBeyondFullScale(double factor) const;
+
     // Selects frames from `start` to before `end`.
     void Select(std::int64_t start, std::int64_t end) const;
 

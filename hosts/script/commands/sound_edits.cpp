@@ -83,7 +83,7 @@ SoundEdits::SoundEdits(const CommandLine& line)
     }
 }
 
-bool SoundEdits::ApplyTo(Editor& editor, const std::string& file) const {
+bool SoundEdits::ApplyTo(Editor& editor, const std::string& file, Losses& losses) const {
     // Changed levels begin and end where they were asked to.
     editor.BlendEnds(false);
     TimeRange::Frames kept{0, editor.Frames()};
@@ -114,13 +114,16 @@ bool SoundEdits::ApplyTo(Editor& editor, const std::string& file) const {
         editor.KeepSelection();
         selection = false;
     }
-    ChangeLevel(editor);
+    ChangeLevel(editor, file, losses);
     Fade(editor);
     return selection;
 }
 
-void SoundEdits::ChangeLevel(Editor& editor) const {
+void SoundEdits::ChangeLevel(Editor& editor, const std::string& file, Losses& losses) const {
     const std::int64_t frames = editor.Frames();
+    if (gain_ && *gain_ > 100)
+        if (const std::int64_t limited = editor.CountBeyondFullScale(*gain_ / 100); limited > 0)
+            losses.Say(file, std::to_string(limited) + " samples limited to full scale by --gain");
     if (gain_) Process(editor, editor.Transform(), "Amplify", {*gain_}, 0, frames);
     if (normalize_) Process(editor, editor.Transform(), "Normalize", {*normalize_, 0}, 0, frames);
 }

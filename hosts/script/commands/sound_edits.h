@@ -7,6 +7,7 @@
 
 #include "hosts/script/commands/command_line.h"
 #include "hosts/script/commands/editor.h"
+#include "hosts/script/commands/losses.h"
 #include "hosts/script/commands/times.h"
 
 namespace mavrin2::script {
@@ -26,10 +27,10 @@ public:
 
     // Edits the open document, which messages call `file`. Times are those of the file as it was.
     // True if the selection is what is left of it, which the caller then saves or keeps.
-    bool ApplyTo(Editor& editor, const std::string& file) const;
+    bool ApplyTo(Editor& editor, const std::string& file, Losses& losses) const;
 
 private:
-    void ChangeLevel(Editor& editor) const;
+    void ChangeLevel(Editor& editor, const std::string& file, Losses& losses) const;
     void Fade(Editor& editor) const;
 
     TimeRange part_;
