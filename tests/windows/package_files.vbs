@@ -7,13 +7,14 @@ Option Explicit
 Dim files: Set files = CreateObject("Scripting.FileSystemObject")
 Dim list: Set list = files.OpenTextFile(WScript.Arguments(0))
 Dim editor: Set editor = CreateObject("KovMavrin2.Mavrin2")
-Dim source
+Dim source, target
 Do Until list.AtEndOfStream
     source = list.ReadLine
+    target = list.ReadLine
     On Error Resume Next
     Err.Clear
     editor.Open source
-    If Err.Number = 0 Then editor.Save list.ReadLine, False Else list.SkipLine
+    If Err.Number = 0 Then editor.Save target, False
     If Err.Number <> 0 Then WScript.Echo source & ": " & Err.Description
     On Error GoTo 0
 Loop
