@@ -40,8 +40,8 @@ bool IsFile(const fs::path& path) {
 
 // Links are followed, also one that leads to no file.
 fs::path OutputTarget(const fs::path& path, std::error_code& error) {
-    // A whole name in the system's own spelling: replacing a file under another one is refused while
-    // it is open for reading.
+    // A whole name in the system's own spelling: replacing a file under another one is refused
+    // while it is open for reading.
     fs::path target = path.empty() ? path : fs::absolute(path, error);
     for (int i = 0; i < 40 && !error && fs::is_symlink(fs::symlink_status(target, error)); ++i)
         target = target.parent_path() / fs::read_symlink(target, error);
