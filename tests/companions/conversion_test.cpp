@@ -1,5 +1,6 @@
 #include <bit>
 #include <cmath>
+#include <numbers>
 
 #include "companions/dusoro/sound/format_converter.h"
 #include "companions/dusoro/sound/sample_blocks.h"
@@ -44,13 +45,14 @@ TEST_F(ConversionTest, KeepsASineInPlaceAndInLevel) {
         Samples sine;
         for (int i = 0; i < from; ++i)
             sine.push_back(static_cast<std::int16_t>(
-                std::lround(12000 * std::sin(i * 1000.0 * 2 * M_PI / from))));
+                std::lround(12000 * std::sin(i * 1000.0 * 2 * std::numbers::pi / from))));
         const Samples out = Converted(sine, {from, 1}, {to, 1});
         ASSERT_EQ(out.size(), static_cast<std::size_t>(to));
         double worst = 0;
         for (int i = to / 10; i < to * 9 / 10; ++i)
-            worst = std::max(worst, std::abs(out[static_cast<std::size_t>(i)] -
-                                             12000 * std::sin(i * 1000.0 * 2 * M_PI / to)));
+            worst =
+                std::max(worst, std::abs(out[static_cast<std::size_t>(i)] -
+                                         12000 * std::sin(i * 1000.0 * 2 * std::numbers::pi / to)));
         EXPECT_LT(worst, 3) << from << " to " << to;
     }
 }

@@ -1,5 +1,6 @@
 #include <cmath>
 #include <limits>
+#include <numbers>
 
 #include "platform/memory/memory_file_system.h"
 #include "tests/companions/sound_test.h"
@@ -215,7 +216,7 @@ TEST_P(ForeignFileTest, IsReadWithItsPropertiesAndItsSound) {
     double power = 0;
     for (std::int64_t i = frames / 4; i < frames * 3 / 4; ++i) {
         const double x = read[static_cast<std::size_t>(2 * i)];
-        const double phase = 440.0 * 2 * M_PI / rate * static_cast<double>(i);
+        const double phase = 440.0 * 2 * std::numbers::pi / rate * static_cast<double>(i);
         sine += x * std::sin(phase);
         cosine += x * std::cos(phase);
         power += x * x;

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <numbers>
 
 #include "tests/companions/sound_test.h"
 
@@ -109,7 +110,7 @@ TEST_F(WritingTest, KeepsTheSoundInTheLossyKinds) {
     for (int i = 0; i < 44100; ++i)
         for (const double hertz : {440.0, 660.0})
             tone.push_back(static_cast<std::int16_t>(
-                std::lround(9000 * std::sin(i * hertz * 2 * M_PI / 44100))));
+                std::lround(9000 * std::sin(i * hertz * 2 * std::numbers::pi / 44100))));
     for (const auto& [name, text] : {std::pair{"a.mp3", "MP3 44100 Hz; 192 kbit/s; stereo"},
                                      std::pair{"a.ogg", "Ogg Vorbis 44100 Hz; stereo"}}) {
         const auto writer = Create(In(name), {44100, 2});
@@ -134,7 +135,8 @@ TEST_F(WritingTest, KeepsTheSoundInTheLossyKinds) {
 TEST_F(WritingTest, WritesVoxInMonoAtItsOwnRate) {
     Samples tone;
     for (int i = 0; i < 44100; ++i) {
-        const auto x = static_cast<std::int16_t>(9000 * std::sin(i * 200.0 * 2 * M_PI / 44100));
+        const auto x =
+            static_cast<std::int16_t>(9000 * std::sin(i * 200.0 * 2 * std::numbers::pi / 44100));
         tone.push_back(x);
         tone.push_back(x);
     }
@@ -152,7 +154,7 @@ TEST_F(WritingTest, WritesVoxInMonoAtItsOwnRate) {
     double error = 0;
     for (int i = 200; i < 7800; ++i)
         error += std::abs(read[static_cast<std::size_t>(i)] -
-                          9000 * std::sin(i * 200.0 * 2 * M_PI / 8000)) /
+                          9000 * std::sin(i * 200.0 * 2 * std::numbers::pi / 8000)) /
                  7600;
     EXPECT_LT(error, 200);
 }

@@ -3,7 +3,7 @@
   compare_sounds.py HERE WINE
 
 The files `written.*` are compared byte for byte or, where the table below allows it, by what is decoded
-from them; all others are what was read from the same file, and have to be equal.
+from them; all others are what was read from the same file.
 """
 
 import array
@@ -13,7 +13,11 @@ import wave
 
 # The codings that are computed in floating point with other instructions: the largest difference between
 # decoded 16-bit samples that their encoders may make.
-ALLOWED = {"ogg": 16, "opus": 400}
+ALLOWED = {"mp3": 4, "ogg": 64, "opus": 400}
+
+
+# Where decoders are not equal to the last bit on 32 bits: they have other vector code there.
+ALLOWED_READING = {"opus": 1}
 
 
 def samples(path):
@@ -35,7 +39,9 @@ def verdict(here, wine):
     if here.read_bytes() == wine.read_bytes():
         return True, "equal"
     if here.suffix == ".wav" and here.stem != "written":
-        return False, f"read differently, by up to {difference(here, wine)}"
+        apart = difference(here, wine)
+        fine = apart is not None and apart <= ALLOWED_READING.get(here.stem, -1)
+        return fine, f"samples read differ by up to {apart}"
     decoded = [folder / f"decoded.{here.suffix[1:]}.wav" for folder in (here.parent, wine.parent)]
     apart = difference(*decoded)
     fine = apart is not None and apart <= ALLOWED.get(here.suffix[1:], -1)

@@ -1,5 +1,5 @@
-' Opens and saves files with what is registered: each pair of lines in the list names the file to open
-' and the one to save. As package_files.lua.
+' Opens files with what is registered, gives them a title and a marker, and saves them: each pair of lines
+' in the list names the file to open and the one to save. As package_files.lua.
 '
 '   package_files.vbs LIST
 Option Explicit
@@ -14,7 +14,11 @@ Do Until list.AtEndOfStream
     On Error Resume Next
     Err.Clear
     editor.Open source
-    If Err.Number = 0 Then editor.Save target, False
+    If Err.Number = 0 Then
+        editor.FileInfo.Title = "T" & Chr(237) & "tulo"
+        editor.Markers.Insert 1000, 500, "a range"
+        editor.Save target, False
+    End If
     If Err.Number <> 0 Then WScript.Echo source & ": " & Err.Description
     On Error GoTo 0
 Loop
