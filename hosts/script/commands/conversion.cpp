@@ -37,7 +37,8 @@ std::vector<Conversion> ConversionsOf(const CommandLine& line) {
     }
     if (operands.empty()) throw UsageError("convert needs at least one file");
     std::error_code error;
-    if (!std::filesystem::is_directory(*folder, error)) throw Failure(*folder, "is not a folder");
+    if (!std::filesystem::is_directory(*folder, error))
+        throw Failure(*folder, error ? error.message() : "is not a folder");
     std::vector<Conversion> conversions;
     std::set<std::string> outputs;
     for (const std::string& in : operands) {

@@ -20,6 +20,8 @@ namespace {
 // in no known format.
 constexpr std::uint32_t kFileAccess = 0x80040309;
 constexpr std::uint32_t kFormatFile = 0x80040303;
+// The same of an edit, whose files are in the temporary folder.
+constexpr std::int32_t kEditFileAccess = -18;
 
 bool Is(const binding::CallError& error, std::uint32_t status) {
     return static_cast<std::uint32_t>(error.Status()) == status;
@@ -29,6 +31,7 @@ bool Is(const binding::CallError& error, std::uint32_t status) {
 
 Editor::Editor(bool progress)
     : editor_(binding::CreateObject(binding::kEditorProgId)),
+      temporaryFolder_(editor_.Text("TempDirectory")),
       bar_(progress && platform::TerminalWidth(stderr) ? stderr : nullptr),
       events_(editor_.Object(), [this](DISPID event, std::span<const VARIANT> arguments) {
           OnEvent(event, arguments);
@@ -82,8 +85,8 @@ void Editor::OpenTrack(const std::string& file) {
 }
 
 void Editor::OpenDocument(const InputFile& file) {
-    const std::string folder = editor_.Text("TempDirectory");
-    if (folder.empty()) throw Failure("no temporary folder: TMPDIR and /tmp cannot be written to");
+    if (temporaryFolder_.empty())
+        throw Failure("no temporary folder: TMPDIR and /tmp cannot be written to");
     Run("Reading", file.Name(), [&] {
         try {
             editor_.Call("Open", file.Path());
@@ -96,9 +99,9 @@ void Editor::OpenDocument(const InputFile& file) {
             }
             // The file itself can be read, so it is its working copy that cannot be written.
             if (!Is(error, kFileAccess)) throw;
-            throw binding::CallError(
-                error.Status(), "cannot write its working copy in the temporary folder " + folder +
-                                    SpaceHint(folder));
+            throw binding::CallError(error.Status(),
+                                     "cannot write its working copy in the temporary folder " +
+                                         temporaryFolder_ + SpaceHint(temporaryFolder_));
         }
     });
 }
@@ -155,8 +158,11 @@ void Editor::Edit(const char* work, const std::string& name, auto&& operation) {
     // Every step that can be undone is a copy of the document on the disk.
     editor_.Put("UndoRedoCount", 1);
     Run(work, name, operation);
-    if (const std::int32_t error = editor_.Number("LastErrorNum"); error != 0)
-        throw Failure(name, binding::EditErrorText(error));
+    const std::int32_t error = editor_.Number("LastErrorNum");
+    if (error == 0) return;
+    std::string text = binding::EditErrorText(error);
+    if (error == kEditFileAccess) text += " " + temporaryFolder_ + SpaceHint(temporaryFolder_);
+    throw Failure(name, text);
 }
 
 void Editor::Delete(std::int64_t start, std::int64_t end) {

@@ -130,7 +130,11 @@ std::string SpaceHint(const std::string& folder) {
     constexpr std::uintmax_t kLittle = 1 << 20;
     std::error_code error;
     const auto space = std::filesystem::space(folder.empty() ? "." : folder, error);
-    return !error && space.available < kLittle ? ": no space is left" : "";
+    if (error) return "";
+    // What did not fit may have been removed by now.
+    return space.available < kLittle
+               ? ": no space is left"
+               : ", where " + std::to_string(space.available / kLittle) + " MB are free";
 }
 
 // The system's reason is clearer than a sound library's.

@@ -45,7 +45,7 @@ std::string TemporaryFolder();
 // where that is not clear.
 std::string AppearanceOf(const std::string& file);
 
-// The end of a message about a folder that cannot be written to: that it has no space left, if so.
+// The end of a message about a folder that cannot be written to: how much space it has left.
 std::string SpaceHint(const std::string& folder);
 
 // Throws Failure, with the system's reason, unless `file` is a regular file that can be read.

@@ -49,17 +49,15 @@ private:
 
 void Losses::Open(Editor& editor, const InputFile& file) {
     const auto facts = Read(file, [&] { editor.Open(file); });
-    if (!facts || !facts->Decoded) return;
-    const double wanted =
-        std::min(facts->DecodedFrames, static_cast<double>(facts->DocumentFrames()));
-    if (editor.Frames() < wanted - 1)
-        Say(file.Name(), "only " + std::to_string(editor.Frames()) + " of " +
-                             std::to_string(static_cast<std::int64_t>(wanted)) +
-                             " frames could be read");
+    if (facts) CompareLength(file, *facts, editor.Frames(), 1);
 }
 
 void Losses::Append(Editor& editor, const InputFile& file) {
-    Read(file, [&] { editor.Append(file); });
+    const std::int32_t before = editor.Frames();
+    const auto facts = Read(file, [&] { editor.Append(file); });
+    if (facts && facts->Rate > 0)
+        CompareLength(file, *facts, editor.Frames() - before,
+                      static_cast<double>(editor.Rate()) / facts->Rate);
 }
 
 std::optional<SoundFacts> Losses::Read(const InputFile& file, const std::function<void()>& read) {
@@ -75,6 +73,17 @@ std::optional<SoundFacts> Losses::Read(const InputFile& file, const std::functio
         for (const std::string& loss : LossesOf(*facts))
             Say(file.Name(), loss);
     return facts;
+}
+
+void Losses::CompareLength(const InputFile& file, const SoundFacts& facts, std::int32_t frames,
+                           double ratio) {
+    if (!facts.Decoded) return;
+    const auto wanted = static_cast<std::int64_t>(
+        ratio * std::min(facts.DecodedFrames, static_cast<double>(facts.DocumentFrames())));
+    // One may have been rounded away.
+    if (frames + 1 < wanted)
+        Say(file.Name(), "only " + std::to_string(frames) + " of " + std::to_string(wanted) +
+                             " frames could be read");
 }
 
 void Losses::Say(const std::string& file, const std::string& loss) {

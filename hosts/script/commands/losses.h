@@ -35,6 +35,11 @@ private:
     // `read` is done beside the check. The facts are empty where there is nothing to ask.
     std::optional<SoundFacts> Read(const InputFile& file, const std::function<void()>& read);
 
+    // Says so where `frames` are fewer than those of the file times `ratio`, that of the document's
+    // sample rate to the file's.
+    void CompareLength(const InputFile& file, const SoundFacts& facts, std::int32_t frames,
+                       double ratio);
+
     bool strict_;
     std::set<std::string> said_;
 };

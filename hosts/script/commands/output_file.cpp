@@ -15,15 +15,32 @@
 
 namespace mavrin2::script {
 
+namespace {
+
+// Why a file of that name cannot be written. Of a new one it is the folder that matters.
+std::string ReasonOf(std::error_code error, const std::filesystem::path& target) {
+    if (error == std::errc::invalid_argument) return "not a regular file";
+    const std::string folder = target.has_parent_path() ? target.parent_path().string() : ".";
+    if (error == std::errc::no_such_file_or_directory)
+        return "the folder " + folder + " does not exist";
+    std::error_code unknown;
+    if (error == std::errc::permission_denied)
+        return (std::filesystem::exists(target, unknown)
+                    ? "cannot be replaced: "
+                    : "cannot be written to the folder " + folder + ": ") +
+               error.message();
+    return error.message();
+}
+
+}  // namespace
+
 OutputFile::OutputFile(const std::filesystem::path& target) : OutputFile(target.string(), target) {}
 
 OutputFile::OutputFile(std::string name, const std::filesystem::path& target)
     : name_(std::move(name)) {
     std::error_code error;
     staged_ = platform::SystemReplacementFiles()->Stage(target, error);
-    if (!staged_)
-        throw Failure(
-            name_, error == std::errc::invalid_argument ? "not a regular file" : error.message());
+    if (!staged_) throw Failure(name_, ReasonOf(error, target));
 }
 
 OutputFile OutputFile::OnStandardOutput(const std::string& extension) {
