@@ -5,7 +5,7 @@
 #include <numbers>
 
 #include "companions/rimbal/chain/recording_chain.h"
-#include "tests/support/sound_server/sound_server.h"
+#include "tests/support/noise.h"
 
 namespace mavrin2::rimbal {
 namespace {

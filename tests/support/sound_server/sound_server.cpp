@@ -11,8 +11,6 @@
 #include <stdexcept>
 #include <thread>
 
-#include "platform/posting.h"
-
 namespace mavrin2::tests {
 namespace {
 
@@ -33,15 +31,6 @@ void WriteSamples(const std::filesystem::path& file, const Samples& samples) {
 }
 
 }  // namespace
-
-bool PumpUntil(const std::function<bool()>& condition, std::chrono::milliseconds patience) {
-    const auto end = std::chrono::steady_clock::now() + patience;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > end) return false;
-        platform::PostingQueue::OfThisThread()->Pump(2ms);
-    }
-    return true;
-}
 
 Program::Program(const std::vector<std::string>& command, const std::filesystem::path& output) {
     std::vector<char*> arguments;
@@ -139,23 +128,6 @@ void TestServer::Play(const Samples& samples, int channels) {
              "--channels=" + std::to_string(channels), file.string()},
             "/dev/null")
         .Wait();
-}
-
-Samples Noise(std::size_t count) {
-    Samples samples(count);
-    std::uint32_t state = 12345;
-    for (std::int16_t& sample : samples) {
-        state = state * 1664525 + 1013904223;
-        sample = static_cast<std::int16_t>(state >> 16 | 1);
-    }
-    return samples;
-}
-
-Samples Trimmed(const Samples& samples) {
-    const auto sound = [](std::int16_t sample) { return sample != 0; };
-    const auto first = std::find_if(samples.begin(), samples.end(), sound);
-    const auto last = std::find_if(samples.rbegin(), std::make_reverse_iterator(first), sound);
-    return {first, last.base()};
 }
 
 }  // namespace mavrin2::tests

@@ -1,24 +1,18 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "tests/support/environment_variable.h"
+#include "tests/support/noise.h"
+#include "tests/support/pump.h"
 #include "tests/support/scratch_folder.h"
 
 namespace mavrin2::tests {
-
-using Samples = std::vector<std::int16_t>;
-
-// Delivers events on this thread until a condition holds. False if it does not in that time.
-bool PumpUntil(const std::function<bool()>& condition,
-               std::chrono::milliseconds patience = std::chrono::seconds(10));
 
 // A program of the system with a file as its output and nothing as its input. Killed with the
 // object.
@@ -72,10 +66,5 @@ private:
     EnvironmentVariable home_{"HOME", folder_.Path().string()};
     EnvironmentVariable address_{"PULSE_SERVER", std::nullopt};
 };
-
-// `count` values without a zero and without a repetition.
-Samples Noise(std::size_t count);
-// Without the zeros at both ends.
-Samples Trimmed(const Samples& samples);
 
 }  // namespace mavrin2::tests
