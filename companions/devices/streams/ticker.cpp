@@ -1,20 +1,26 @@
 #include "companions/devices/streams/ticker.h"
 
-#include <condition_variable>
-#include <mutex>
-
 namespace mavrin2::devices {
 
-Ticker::Ticker(Step step)
-    : thread_([step = std::move(step)](const std::stop_token& stop) {
-          std::mutex mutex;
-          std::condition_variable_any ended;
-          while (!stop.stop_requested()) {
-              const auto pause = step();
-              if (!pause) return;
-              std::unique_lock lock(mutex);
-              ended.wait_for(lock, stop, *pause, [] { return false; });
-          }
-      }) {}
+// A stop token would do, but waiting for one may never end on Windows: there the library's
+// semaphores, on which the end of a stop callback waits, can miss that they were released.
+Ticker::Ticker(Step step) : step_(std::move(step)), thread_([this] { Run(); }) {}
+
+Ticker::~Ticker() {
+    {
+        const std::lock_guard lock(mutex_);
+        ending_ = true;
+    }
+    changed_.notify_all();
+    thread_.join();
+}
+
+void Ticker::Run() {
+    for (;;) {
+        const auto pause = step_();
+        std::unique_lock lock(mutex_);
+        if (!pause || changed_.wait_for(lock, *pause, [this] { return ending_; })) return;
+    }
+}
 
 }  // namespace mavrin2::devices

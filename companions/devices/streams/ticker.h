@@ -1,7 +1,9 @@
 #pragma once
 
 #include <chrono>
+#include <condition_variable>
 #include <functional>
+#include <mutex>
 #include <optional>
 #include <thread>
 
@@ -14,11 +16,19 @@ public:
     using Step = std::function<std::optional<std::chrono::milliseconds>()>;
 
     explicit Ticker(Step step);
+    Ticker(const Ticker&) = delete;
+    Ticker& operator=(const Ticker&) = delete;
     // Waits until a step under way is done.
-    ~Ticker() = default;
+    ~Ticker();
 
 private:
-    std::jthread thread_;
+    void Run();
+
+    const Step step_;
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    bool ending_ = false;
+    std::thread thread_;
 };
 
 }  // namespace mavrin2::devices
