@@ -505,7 +505,7 @@ TEST_F(Commands, PlayAndRecord) {
         return program.Out;
     };
     EXPECT_EQ(run({"devices"}),
-              "Playback\n  1  No sound server\nRecording\n  1  No sound server\n");
+              "Playback\n  1  No sound device\nRecording\n  1  No sound device\n");
     run({"play", "tone.wav", "--start=0.5", "--end=0.7", "--speed=200", "--device", "1"});
     run({"record", "take.wav", "--length=0.3", "--rate=8000", "--channels=1"});
     EXPECT_THAT(run({"info", "take.wav"}), HasSubstr("(2400 frames)"));

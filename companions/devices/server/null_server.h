@@ -25,7 +25,7 @@ public:
 
 private:
     std::shared_ptr<platform::Clock> clock_;
-    Device device_ = {"mavrin2-null", "No sound server", true, {}, {}, 100, 0, false, false};
+    Device device_ = {"mavrin2-null", "No sound device", true, {}, {}, 100, 0, false, false};
 };
 
 }  // namespace mavrin2::devices

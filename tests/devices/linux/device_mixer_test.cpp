@@ -77,7 +77,7 @@ TEST_F(Mixer, ListsTheDefaultDeviceFirst) {
     EXPECT_EQ(Get(player_, &IVelto2::get_DeviceCount), 2);
     server.Kill();
     EXPECT_EQ(Get(player_, &IVelto2::get_DeviceCount), 1);
-    EXPECT_EQ(NameOf(player_, 1), "No sound server");
+    EXPECT_EQ(NameOf(player_, 1), "No sound device");
 }
 
 TEST_F(Mixer, ChangesTheSelectedDeviceAlone) {
