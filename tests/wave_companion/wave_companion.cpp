@@ -10,8 +10,6 @@
 #include "tests/support/fake_kestrin.h"
 #include "tests/support/fake_ontiva.h"
 #include "tests/support/fake_pindle.h"
-#include "tests/support/fake_rimbal.h"
-#include "tests/support/fake_velto.h"
 
 namespace mavrin2 {
 namespace {
@@ -87,10 +85,6 @@ constexpr automation::ClassEntry kClasses[] = {
      "Apartment"},
     {contracts::CLSID_KovPindle, CreateCompanion<tests::FakePindle>, "CD grabber of the tests",
      "MavrinTest.FakePindle.1", "MavrinTest.FakePindle", "Apartment"},
-    {contracts::CLSID_KovVelto, CreateCompanion<tests::FakeVelto>, "Player of the tests",
-     "MavrinTest.FakeVelto.1", "MavrinTest.FakeVelto", "Apartment"},
-    {contracts::CLSID_KovRimbal2, CreateCompanion<tests::FakeRimbal>, "Recorder of the tests",
-     "MavrinTest.FakeRimbal.1", "MavrinTest.FakeRimbal", "Apartment"},
 };
 
 }  // namespace
