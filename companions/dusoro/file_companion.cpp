@@ -75,6 +75,12 @@ OutputFormat FormatOf(contracts::ILameSettings& settings) {
 
 }  // namespace
 
+void* FileCompanion::FindInterface(REFIID iid) {
+    return IsEqualGUID(iid, automation::ILimitedSamples::Id)
+               ? static_cast<automation::ILimitedSamples*>(&limitedSamples_)
+               : nullptr;
+}
+
 STDMETHODIMP FileCompanion::OpenSoundFile(BSTR fileName, LONG formatType, LONG) {
     return automation::Guarded([&] {
         Drop();
@@ -345,7 +351,13 @@ HRESULT FileCompanion::FailOutput() {
     return E_FAIL;
 }
 
+std::int64_t FileCompanion::LimitedInFile() const {
+    if (reader_) return reader_->LimitedByConversion();
+    return writer_ ? writer_->LimitedByConversion() : 0;
+}
+
 void FileCompanion::Drop() {
+    limitedBefore_ += LimitedInFile();
     reader_.reset();
     writer_.reset();
     wanted_.reset();

@@ -5,6 +5,7 @@
 #include <span>
 
 #include "automation/com_ptr.h"
+#include "automation/limited_samples.h"
 #include "automation/object.h"
 #include "automation/safe_array.h"
 #include "companions/contracts/dusoro.h"
@@ -17,7 +18,11 @@ class FileCompanion final
     : public automation::AutomationObject<FileCompanion, contracts::IDusoro2> {
 public:
     FileCompanion(IUnknown* outer, SoundFiles files)
-        : AutomationObject(outer), files_(std::move(files)) {}
+        : AutomationObject(outer),
+          files_(std::move(files)),
+          limitedSamples_(Identity(), [this] { return limitedBefore_ + LimitedInFile(); }) {}
+
+    void* FindInterface(REFIID iid);
 
     STDMETHODIMP OpenSoundFile(BSTR fileName, LONG formatType, LONG flag) override;
     STDMETHODIMP CloseFile() override;
@@ -61,6 +66,7 @@ public:
     STDMETHODIMP SetWmaMode(LONG on) override;
 
 private:
+    std::int64_t LimitedInFile() const;
     void Drop();
     HRESULT FailOutput();
     bool BeginReading();
@@ -82,7 +88,9 @@ private:
     bool begun_ = false;               // samples have passed
     bool outputFailed_ = false;        // and its file is gone
     std::int64_t framesRead_ = 0;
+    std::int64_t limitedBefore_ = 0;    // samples of the files before
     std::optional<std::int16_t> half_;  // a left sample whose right one comes with the next block
+    automation::LimitedSamplesPart limitedSamples_;
 };
 
 }  // namespace mavrin2::dusoro

@@ -14,13 +14,16 @@ TransformCompanion::TransformCompanion(IUnknown* outer, std::unique_ptr<const Li
       libraries_(std::move(libraries)),
       transform_(*libraries_),
       classInformation_(Identity(), &contracts::KestrinLibrary, contracts::CLSID_KovKestrin),
-      connectionPoints_(Identity(), {&contracts::DIID_IKestrin2Events}) {}
+      connectionPoints_(Identity(), {&contracts::DIID_IKestrin2Events}),
+      limitedSamples_(Identity(), [this] { return limited_; }) {}
 
 void* TransformCompanion::FindInterface(REFIID iid) {
     if (IsEqualGUID(iid, IID_IConnectionPointContainer))
         return static_cast<IConnectionPointContainer*>(&connectionPoints_);
     if (IsEqualGUID(iid, IID_IProvideClassInfo) || IsEqualGUID(iid, IID_IProvideClassInfo2))
         return static_cast<IProvideClassInfo2*>(&classInformation_);
+    if (IsEqualGUID(iid, automation::ILimitedSamples::Id))
+        return static_cast<automation::ILimitedSamples*>(&limitedSamples_);
     return nullptr;
 }
 
@@ -42,7 +45,7 @@ HRESULT TransformCompanion::Run(OperationId id, SAFEARRAY** samples,
                 std::make_unique<automation::ArrayView<float>>(array ? *array : nullptr));
             numbers.push_back(views.back()->Elements());
         }
-        EventProgress progress(connectionPoints_.At(0), aborted_);
+        EventProgress progress(connectionPoints_.At(0), aborted_, limited_);
         try {
             transform_.Run(id, block, values, numbers, progress);
             progress.Finish();

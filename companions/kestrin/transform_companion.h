@@ -4,6 +4,7 @@
 #include <initializer_list>
 
 #include "automation/connection_points.h"
+#include "automation/limited_samples.h"
 #include "automation/object.h"
 #include "automation/type_information.h"
 #include "companions/contracts/kestrin.h"
@@ -86,6 +87,8 @@ private:
     automation::ConnectionPoints connectionPoints_;
     std::atomic<bool> aborted_ = false;
     bool running_ = false;
+    std::int64_t limited_ = 0;
+    automation::LimitedSamplesPart limitedSamples_;
 };
 
 }  // namespace mavrin2::kestrin

@@ -189,8 +189,9 @@ void EditOperations::MixMaterial(StatusConstants value, Material& material, floa
             if (!read) return Passed::Failed;
             if (*read == 0)  // the end of the document
                 return added.size() == block.Sound.size() ? Passed::End : Passed::Written;
-            signal::MixLimited(AsSamples(place.first(*read)), AsSamples(added.first(*read)),
-                               documentGain, materialGain);
+            limitedSamples_ += static_cast<std::int64_t>(
+                signal::MixLimited(AsSamples(place.first(*read)), AsSamples(added.first(*read)),
+                                   documentGain, materialGain));
             if (!edit.Target().Write(place.first(*read))) return Passed::Failed;
             edit.SetEnd(Bytes(edit.Source().DataPos()));
             added = added.subspan(*read);
@@ -208,6 +209,7 @@ void EditOperations::Transfer(RangeEdit& edit, Material& material, const Process
     } catch (const std::bad_alloc&) {
         ending = {ErrorConstants::MEMORY, false};
     }
+    limitedSamples_ += material.LimitedSamples();
     if (!ending.KeepsPart) {
         edit.AbandonEdit(ending.Error);
         return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 
@@ -42,6 +43,9 @@ public:
     void Mix(float documentLevel, float materialLevel);
     void MixFromFile(float documentLevel, const std::filesystem::path& path, float materialLevel);
 
+    // Samples that pasting and mixing have limited to full scale, and converting them before.
+    std::int64_t LimitedSamples() const { return limitedSamples_; }
+
 private:
     // What became of a block of the material.
     enum class Passed { Written, End, Failed };
@@ -69,6 +73,7 @@ private:
     Storage storage_;
     Presentation presentation_;
     CompanionSource newCompanion_;
+    std::int64_t limitedSamples_ = 0;
 };
 
 }  // namespace mavrin2::editor

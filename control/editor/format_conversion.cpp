@@ -86,6 +86,7 @@ FormatConversion::Outcome FormatConversion::ConvertBlocks(const DocumentFormat& 
     BlockBuffer output(storage_.Memory, room + platform::BlockMemory::PageSize);
     if (!input.Take() || !output.Take()) return Fail(ErrorConstants::MEMORY);
 
+    const std::int64_t before = limitedSamples_;
     for (std::int64_t offset = 0;;) {
         source.Seek(offset);
         const auto place = input.PieceFor(0, block);
@@ -95,6 +96,7 @@ FormatConversion::Outcome FormatConversion::ConvertBlocks(const DocumentFormat& 
         const auto converted = output.PieceFor(target.FileOffset(), room);
         const auto [consumed, produced] = convert.Convert(place.first(*read), converted);
         convert.UpdateFilterHistory(produced);
+        limitedSamples_ = before + convert.LimitedSamples();
         if (consumed == 0) return Outcome::Complete;
         offset += static_cast<std::int64_t>(consumed);
         if (!target.Write(converted.first(produced))) return Fail(ErrorConstants::FILEACCESS);

@@ -24,6 +24,9 @@ public:
     // is cancelled changes nothing. The selection and the view end with it.
     void ConvertSampleType(std::int32_t frequency, std::int32_t channels);
 
+    // Samples that conversions have limited to full scale.
+    std::int64_t LimitedSamples() const { return limitedSamples_; }
+
 private:
     enum class Outcome { Complete, Cancelled, Overtaken, Failed };
 
@@ -45,6 +48,7 @@ private:
     Storage storage_;
     Presentation presentation_;
     SoundFileCompanion& companion_;
+    std::int64_t limitedSamples_ = 0;
 };
 
 }  // namespace mavrin2::editor

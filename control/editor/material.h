@@ -39,6 +39,9 @@ public:
     virtual std::int64_t Position() const = 0;
     virtual std::int64_t Length() const = 0;
 
+    // Samples of the blocks so far that conversion has limited to full scale.
+    virtual std::int64_t LimitedSamples() const = 0;
+
     // The blocks are complete. What is open is closed before the edit is committed.
     virtual void Close() = 0;
 };
@@ -62,6 +65,7 @@ public:
     Ending End() const override { return ending_; }
     std::int64_t Position() const override { return clip_.DataPos(); }
     std::int64_t Length() const override { return clip_.Length(); }
+    std::int64_t LimitedSamples() const override { return convert_.LimitedSamples(); }
     void Close() override { clip_.Close(); }
 
 private:
@@ -99,6 +103,7 @@ public:
     // Without the block that was given last.
     std::int64_t Position() const override { return position_; }
     std::int64_t Length() const override { return length_; }
+    std::int64_t LimitedSamples() const override { return companion_.LimitedSamples(); }
     void Close() override;
 
 private:

@@ -1,5 +1,6 @@
 #include "control/editor/sound_file_companion.h"
 
+#include "automation/limited_samples.h"
 #include "automation/text.h"
 
 namespace mavrin2::editor {
@@ -120,6 +121,10 @@ std::int32_t SoundFileCompanion::GetBitsPerSample() {
 }
 bool SoundFileCompanion::IsPlainPcm() {
     return Number(&IDusoro2::GetFormatKind) == 1;
+}
+
+std::int64_t SoundFileCompanion::LimitedSamples() const {
+    return automation::LimitedSamplesOf(companion_.Get());
 }
 
 std::string SoundFileCompanion::GetFormatText() {

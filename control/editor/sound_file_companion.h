@@ -65,6 +65,8 @@ public:
     std::int32_t GetBitsPerSample();
     bool IsPlainPcm();
     std::string GetFormatText();
+    // Samples that it has limited to full scale since it was made; 0 if it cannot say.
+    std::int64_t LimitedSamples() const;
 
 private:
     template <class Method>

@@ -4,6 +4,7 @@
 
 #include "automation/com_ptr.h"
 #include "automation/event_sink.h"
+#include "automation/limited_samples.h"
 #include "companions/contracts/kestrin.h"
 #include "control/editor/ports.h"
 #include "control/processing/transform_progress.h"
@@ -24,6 +25,8 @@ public:
     // To call an operation.
     contracts::IKestrin2& Operations() const { return *companion_.Get(); }
     TransformProgress& Progress() { return progress_; }
+    // Samples that it has limited to full scale since it was made; 0 if it cannot say.
+    std::int64_t LimitedSamples() const { return automation::LimitedSamplesOf(companion_.Get()); }
 
     // Of the samples in the blocks that follow, in hertz.
     void SetSampleRate(std::int32_t frequency) override;

@@ -18,7 +18,13 @@ CMavrin2::CMavrin2(IUnknown* outer, ControlEnvironment environment)
     : AutomationObject(outer),
       connectionPoints_(Identity(), {&interfaces::DIID_IMavrin2Events, &IID_IPropertyNotifySink}),
       classInformation_(Identity(), &interfaces::ControlLibrary, interfaces::CLSID_Mavrin2),
-      parts_(std::move(environment), Identity(), connectionPoints_.At(0)) {}
+      parts_(std::move(environment), Identity(), connectionPoints_.At(0)),
+      limitedSamples_(Identity(), [this] {
+          const DocumentEditor* const editor = parts_.Editor.get();
+          if (!editor) return std::int64_t{0};
+          return editor->Edits.LimitedSamples() + editor->Conversion.LimitedSamples() +
+                 parts_.Dusoro.LimitedSamples() + parts_.Kestrin.LimitedSamples();
+      }) {}
 
 HRESULT CMavrin2::FinalConstruct() {
     return parts_.Construct();
@@ -34,6 +40,8 @@ void* CMavrin2::FindInterface(REFIID iid) {
         return static_cast<IConnectionPointContainer*>(&connectionPoints_);
     if (IsEqualGUID(iid, IID_IProvideClassInfo) || IsEqualGUID(iid, IID_IProvideClassInfo2))
         return static_cast<IProvideClassInfo2*>(&classInformation_);
+    if (IsEqualGUID(iid, automation::ILimitedSamples::Id))
+        return static_cast<automation::ILimitedSamples*>(&limitedSamples_);
     return nullptr;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "automation/connection_points.h"
+#include "automation/limited_samples.h"
 #include "automation/object.h"
 #include "automation/type_information.h"
 #include "control/interfaces/mavrin2.h"
@@ -123,6 +124,7 @@ private:
     automation::ConnectionPoints connectionPoints_;
     automation::ClassInformation classInformation_;
     ControlParts parts_;
+    automation::LimitedSamplesPart limitedSamples_;
 };
 
 }  // namespace mavrin2::server

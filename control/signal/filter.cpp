@@ -71,6 +71,10 @@ std::array<double, CFilter::Taps> TapsOf(const RemezExchange& approximation) {
     return taps;
 }
 
+bool IsBeyondFullScale(double sum) {
+    return sum >= 32768.0 || sum <= -32769.0;
+}
+
 double Limited(double sum) {
     if (sum > 32767.0) return 32766.0;
     if (sum < -32767.0) return -32766.0;
@@ -98,30 +102,35 @@ void CFilter::Design(double cutoff, double sampleRate, double stopWeight) {
 }
 
 template <class Sample>
-void CFilter::ProcessBlock(std::span<const Sample> input, std::span<Sample> output) const {
+std::size_t CFilter::ProcessBlock(std::span<const Sample> input, std::span<Sample> output) const {
     constexpr std::size_t chunk = Kernels::Chunk;
     const Kernels& kernels = BestKernels();
     // Each chunk of inputs with the `Taps` before it.
     std::array<double, Taps + chunk> window;
     std::array<double, chunk> sums;
+    std::size_t limited = 0;
     std::ranges::copy(history_, window.begin());
     for (std::size_t done = 0; done < input.size(); done += chunk) {
         const std::size_t count = std::min(chunk, input.size() - done);
         std::ranges::copy(input.subspan(done, count), window.begin() + Taps);
         std::fill(window.begin() + Taps + count, window.end(), 0);
         kernels.Convolve(window.data() + Taps, coefficients_.data(), Taps, sums.data(), count);
-        for (std::size_t i = 0; i < count; ++i)
+        for (std::size_t i = 0; i < count; ++i) {
             output[done + i] = static_cast<Sample>(Limited(sums[i]));
+            limited += IsBeyondFullScale(sums[i]) ? 1 : 0;
+        }
         std::copy(window.end() - Taps, window.end(), window.begin());
     }
+    return limited;
 }
 
-void CFilter::Process(std::span<const double> input, std::span<double> output) const {
-    ProcessBlock(input, output);
+std::size_t CFilter::Process(std::span<const double> input, std::span<double> output) const {
+    return ProcessBlock(input, output);
 }
 
-void CFilter::Process(std::span<const std::int16_t> input, std::span<std::int16_t> output) const {
-    ProcessBlock(input, output);
+std::size_t CFilter::Process(std::span<const std::int16_t> input,
+                             std::span<std::int16_t> output) const {
+    return ProcessBlock(input, output);
 }
 
 void CFilter::KeepHistory(std::span<const std::int16_t> block) {

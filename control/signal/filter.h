@@ -25,9 +25,10 @@ public:
 
     // Filters one block that follows the history, which stays as it is. Results above 32767 become
     // 32766, those below −32767 become −32766. `output` is as long as `input` and apart from it.
-    void Process(std::span<const double> input, std::span<double> output) const;
+    // Returns how many results do not fit into 16 bits.
+    std::size_t Process(std::span<const double> input, std::span<double> output) const;
     // The same with results truncated toward zero.
-    void Process(std::span<const std::int16_t> input, std::span<std::int16_t> output) const;
+    std::size_t Process(std::span<const std::int16_t> input, std::span<std::int16_t> output) const;
 
     // Makes the last inputs of a block the history of the next one. A block of no more than `Taps`
     // samples leaves the history as it is.
@@ -40,7 +41,7 @@ public:
 
 private:
     template <class Sample>
-    void ProcessBlock(std::span<const Sample> input, std::span<Sample> output) const;
+    std::size_t ProcessBlock(std::span<const Sample> input, std::span<Sample> output) const;
 
     double deviation_ = 0;
     std::array<double, Taps> coefficients_{};

@@ -2,16 +2,24 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <numbers>
 
 namespace mavrin2::signal {
 
-void MixLimited(std::span<std::int16_t> sound, std::span<const std::int16_t> added,
-                double soundGain, double addedGain) {
+std::size_t MixLimited(std::span<std::int16_t> sound, std::span<const std::int16_t> added,
+                       double soundGain, double addedGain) {
+    // Integers of 32 bits are compared several at a time.
+    constexpr double kMost = 2e9;
+    std::uint32_t limited = 0;
     for (std::size_t i = 0; i < sound.size(); ++i) {
         const double mixed = sound[i] * soundGain + added[i] * addedGain;
-        sound[i] = static_cast<std::int16_t>(std::max(-32768.0, std::min(32767.0, mixed)));
+        const auto whole = static_cast<std::int32_t>(std::max(-kMost, std::min(kMost, mixed)));
+        const std::int32_t fitting = std::max(-32768, std::min(32767, whole));
+        sound[i] = static_cast<std::int16_t>(fitting);
+        limited += static_cast<std::uint32_t>(whole != fitting);
     }
+    return limited;
 }
 
 void Crossfade(std::span<std::int16_t> sound, std::span<const std::int16_t> old,

@@ -82,6 +82,7 @@ void CPcmConvert::SetOutput(std::int32_t rate, std::int32_t channels, std::int32
 
 void CPcmConvert::Init() {
     firstBlock_ = true;
+    limited_ = 0;
     filterEnabled_ = true;
     resampler_.Start(input_.Rate, output_.Rate);
     if (!NeedsFilter()) return;
@@ -167,7 +168,8 @@ CPcmConvert::Channels& CPcmConvert::ChangeRate(std::size_t silence) {
         if (NeedsFilter()) {
             const std::span<const std::int16_t> unfiltered = resampled_[channel];
             filtered_[channel].resize(unfiltered.size());
-            filters_[channel].Process(unfiltered, filtered_[channel]);
+            limited_ += static_cast<std::int64_t>(
+                filters_[channel].Process(unfiltered, filtered_[channel]));
         }
         changed[channel].insert(changed[channel].begin(), silence, 0);
     }

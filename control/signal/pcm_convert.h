@@ -53,6 +53,9 @@ public:
     // past of the next block. Without it each block is filtered as if silence came before.
     void UpdateFilterHistory(std::size_t outBytes);
 
+    // Of the stream so far, those that the filter made too loud.
+    std::int64_t LimitedSamples() const { return limited_; }
+
     bool Changes() const { return input_ != output_; }
     bool FilterEnabled() const { return filterEnabled_; }
     const PcmFormat& InputFormat() const { return input_; }
@@ -77,6 +80,7 @@ private:
     bool filterEnabled_ = true;
     std::array<CFilter, 2> filters_;
     Resampler resampler_;
+    std::int64_t limited_ = 0;
     Channels samples_;    // of the block, after a place for the sample before it
     Channels resampled_;  // not filtered
     Channels filtered_;

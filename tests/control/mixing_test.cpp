@@ -13,11 +13,11 @@ TEST(MixingTest, SumsAreTruncatedTowardZeroAndLimited) {
     Samples sound{32767, -32768, 3, -3, 100, 0};
     const Samples added{32767, -32768, 4, -4, -50, 1};
     Samples half = sound;
-    MixLimited(sound, added, 1, 1);
+    EXPECT_EQ(MixLimited(sound, added, 1, 1), 2U);
     EXPECT_EQ((Samples{32767, -32768, 7, -7, 50, 1}), sound);
-    MixLimited(half, added, 0.5, 0.5);
+    EXPECT_EQ(MixLimited(half, added, 0.5, 0.5), 0U);
     EXPECT_EQ((Samples{32767, -32768, 3, -3, 25, 0}), half);
-    MixLimited(half, added, -1e300, 1e300);
+    EXPECT_EQ(MixLimited(half, added, -1e300, 1e300), 4U);
     EXPECT_EQ((Samples{0, 0, 32767, -32768, -32768, 32767}), half);
 }
 

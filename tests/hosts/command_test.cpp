@@ -176,6 +176,7 @@ TEST_F(Commands, InfoDescribesEveryFileThatCanBeRead) {
 
 TEST_F(Commands, SayWhatGetsLostAndRefuseItWithStrict) {
     host_.WriteWave("six.wav", 8000, 6, 100);
+    host_.WriteWave("ramp.wav", 8000, 1, 40000);
     host_.Write("cut.wav", host_.Read("tone.wav")->substr(0, 44 + 2000));
     const char* const mixed = "six.wav: 6 channels mixed down to 2\n";
     const char* const cut =
@@ -187,6 +188,14 @@ TEST_F(Commands, SayWhatGetsLostAndRefuseItWithStrict) {
           {{"mix", "out.wav", "six.wav", "six.wav"}, mixed},
           {{"convert", "tone.wav", "out.wav", "--gain=20", "--end=4000f"},
            "tone.wav: 723 samples limited to full scale by --gain\n"},
+          {{"process", "tone.wav", "out.wav", "Amplify=300"},
+           "tone.wav: 1077 samples limited to full scale by Amplify=300\n"},
+          {{"mix", "out.wav", "tone.wav", "tone.wav@200%"},
+           "tone.wav: 1077 samples limited to full scale in the mix\n"},
+          {{"convert", "ramp.wav", "out.wav", "--rate=16000"},
+           "ramp.wav: 196 samples limited to full scale by the change of rate\n"},
+          {{"join", "out.wav", "tone.wav", "ramp.wav", "--rate=16000"},
+           "samples limited to full scale by the change of rate\n"},
           {{"convert", "short.wav", "out.opus"}, "to which it was converted\n"}}) {
         SCOPED_TRACE(testing::PrintToString(line));
         Arguments strict = line;

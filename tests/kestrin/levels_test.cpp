@@ -17,6 +17,10 @@ TEST_F(LevelsTest, GainsAreExactAndLimitedNeverWrapped) {
     EXPECT_EQ(Run(Id::Amplify, ends, {0}), Samples(ends.size()));
     EXPECT_EQ(Run(Id::Invert, ends), (Samples{0, -1, 1, -100, 101, -20000, 20000, -32767, 32767}));
     EXPECT_EQ(Run(Id::Silence, ends), Samples(ends.size()));
+    VectorBlock twice(ends);
+    Percents progress;
+    Run(Id::Amplify, twice, {200}, {}, progress);
+    EXPECT_EQ(progress.Limited, 4U);
     EXPECT_EQ(Run(Id::Reverse, {1, 2, 3, 4, 5}), (Samples{5, 4, 3, 2, 1}));
 }
 

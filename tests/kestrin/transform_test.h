@@ -42,6 +42,7 @@ private:
 
 class Percents final : public Progress {
 public:
+    void AddLimited(std::size_t samples) override { Limited += samples; }
     void Report(double fraction) override {
         EXPECT_GE(fraction, last_);
         EXPECT_LE(fraction, 1.0 + 1e-9);
@@ -51,6 +52,7 @@ public:
     int Reports() const { return reports_; }
 
     int AbortAt = -1;
+    std::size_t Limited = 0;
 
 private:
     double last_ = 0;

@@ -61,6 +61,8 @@ public:
     virtual Progress Process(std::span<const std::int16_t> in, std::span<std::int16_t> out) = 0;
     // After the last input: the frames delivered, 0 when there are no more.
     virtual std::size_t Flush(std::span<std::int16_t> out) = 0;
+    // Samples that were limited to full scale so far.
+    virtual std::int64_t LimitedSamples() const = 0;
 };
 
 class ResamplerMaker {

@@ -18,6 +18,7 @@ public:
     const SourceDescription& Description() const override { return description_; }
     std::size_t Read(std::span<std::int16_t> samples) override;
     SourceFaults Faults() const override { return source_->Faults(); }
+    std::int64_t LimitedByConversion() const override { return converter_->LimitedSamples(); }
 
 private:
     bool Refill();

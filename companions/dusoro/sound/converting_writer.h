@@ -18,6 +18,7 @@ public:
     const OutputDescription& Description() const override { return target_->Description(); }
     bool Write(std::span<const std::int16_t> samples) override;
     bool Finish() override;
+    std::int64_t LimitedByConversion() const override { return converter_->LimitedSamples(); }
 
 private:
     std::unique_ptr<SoundWriter> target_;

@@ -33,6 +33,9 @@ public:
     // The rest, after which FramesAtRate(all frames in) have come out. Called once.
     std::span<const std::int16_t> Finish();
 
+    // Samples that were limited to full scale so far.
+    std::int64_t LimitedSamples() const { return resampler_ ? resampler_->LimitedSamples() : 0; }
+
 private:
     FormatConverter(PcmFormat from, PcmFormat to, std::unique_ptr<Resampler> resampler)
         : from_(from), to_(to), resampler_(std::move(resampler)) {}

@@ -43,6 +43,9 @@ public:
     // fewer than asked for only at the end. What is damaged inside the file is left out.
     virtual std::size_t Read(std::span<std::int16_t> samples) = 0;
 
+    // Of what was delivered, samples that a conversion of the rate has limited to full scale.
+    virtual std::int64_t LimitedByConversion() const { return 0; }
+
     // Limited samples and checksums are known only of files that are opened to be checked.
     virtual SourceFaults Faults() const { return {}; }
 };

@@ -26,6 +26,9 @@ public:
     // file or its format takes no more; the file cannot be completed then.
     virtual bool Write(std::span<const std::int16_t> samples) = 0;
 
+    // Of what was written, samples that a conversion of the rate has limited to full scale.
+    virtual std::int64_t LimitedByConversion() const { return 0; }
+
     // Completes the file. False when that failed, now or in an earlier Write. Called once.
     virtual bool Finish() = 0;
 };

@@ -64,7 +64,8 @@ void RunEffect(Effect& effect, std::span<std::int16_t> sound, Progress& progress
         effect.Process(values);
         // Output before the first sample is dropped.
         const std::size_t dropped = std::min(count, read < latency ? latency - read : 0);
-        ToSamples(values.subspan(dropped), sound.subspan(written, count - dropped));
+        progress.AddLimited(
+            ToSamples(values.subspan(dropped), sound.subspan(written, count - dropped)));
         written += count - dropped;
         read += count;
         progress.Report(FractionOf(read, sound.size() + latency));

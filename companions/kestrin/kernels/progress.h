@@ -19,6 +19,8 @@ public:
     // `fraction` of the whole is done, 0 … 1, never less than before. Throws Aborted when the
     // operation should end.
     virtual void Report(double fraction) = 0;
+    // So many samples more were beyond full scale and have been limited.
+    virtual void AddLimited(std::size_t samples) = 0;
 };
 
 // A stretch of another progress: an operation in several passes gives each of them one.
@@ -27,6 +29,7 @@ public:
     PartOfProgress(Progress& whole, double from, double to) : whole_(whole), from_(from), to_(to) {}
 
     void Report(double fraction) override { whole_.Report(from_ + (to_ - from_) * fraction); }
+    void AddLimited(std::size_t samples) override { whole_.AddLimited(samples); }
 
 private:
     Progress& whole_;

@@ -34,7 +34,7 @@ void Convert(std::size_t length, const std::function<void(std::span<float>)>& re
         const auto moved = converter->Process(waiting, out);
         waiting = waiting.subspan(moved.Consumed);
         const std::size_t count = std::min(moved.Delivered, to.size() - written);
-        ToSamples(std::span(out).first(count), to.subspan(written, count));
+        progress.AddLimited(ToSamples(std::span(out).first(count), to.subspan(written, count)));
         written += count;
         progress.Report(FractionOf(written, to.size()));
         if (moved.Consumed == 0 && moved.Delivered == 0 && left == 0) break;
@@ -63,7 +63,7 @@ void RenderStretched(TimeStretcher& stretcher, std::span<std::int16_t> to, Progr
     for (std::size_t done = 0; done < to.size();) {
         const std::size_t count = std::min(kBlock, to.size() - done);
         stretcher.Read(std::span(block).first(count));
-        ToSamples(std::span(block).first(count), to.subspan(done, count));
+        progress.AddLimited(ToSamples(std::span(block).first(count), to.subspan(done, count)));
         done += count;
         progress.Report(FractionOf(done, to.size()));
     }

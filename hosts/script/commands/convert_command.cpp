@@ -97,6 +97,7 @@ void Convert(const CommandLine& line, const Conversion& conversion, bool progres
         if (selection) editor.KeepSelection();
         selection = false;
         format.ApplyTo(editor);
+        losses.SayLimited(editor, in.Name(), kByRateChange);
     }
     if (format.IsGiven()) output.On(SoundOutput::Mismatch::Refuse);
     choice.ApplyTo(editor, output);

@@ -1,11 +1,10 @@
 #include "hosts/script/commands/editor.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <system_error>
 
-#include "automation/safe_array.h"
+#include "automation/limited_samples.h"
 #include "hosts/binding/edit_error.h"
 #include "hosts/script/commands/cd_drives.h"
 #include "hosts/script/commands/command.h"
@@ -135,23 +134,8 @@ void Editor::Select(std::int64_t start, std::int64_t end) const {
     position.Put("EndSelect", static_cast<std::int32_t>(end));
 }
 
-std::int64_t Editor::CountBeyondFullScale(double factor) const {
-    constexpr std::int32_t kBlock = 1 << 16;
-    // Beyond these a sample is not rounded to full scale but limited.
-    const double highest = 32767.5 / factor;
-    const double lowest = -32768.5 / factor;
-    std::int64_t count = 0;
-    for (std::int64_t start = 0; start < Frames(); start += kBlock) {
-        if (platform::Interrupted()) throw Interruption();
-        Select(start, start);
-        const automation::Variant block = editor_.Call("GetAudioArray", kBlock);
-        if ((block.vt & VT_ARRAY) == 0) break;
-        const automation::ArrayView<std::int16_t> samples(block.parray);
-        count += std::ranges::count_if(samples.Elements(), [&](std::int16_t sample) {
-            return sample > highest || sample < lowest;
-        });
-    }
-    return count;
+std::int64_t Editor::LimitedSamples() const {
+    return automation::LimitedSamplesOf(&editor_.Object());
 }
 
 void Editor::Edit(const char* work, const std::string& name, auto&& operation) {

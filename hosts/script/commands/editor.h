@@ -33,9 +33,9 @@ public:
     std::int32_t Rate() const;
     std::int32_t Channels() const;
 
-    // Samples of the document that are beyond full scale at `factor` times their level. Moves the
-    // selection.
-    std::int64_t CountBeyondFullScale(double factor) const;
+    // Samples that were limited to full scale in what this editor has done so far; 0 if its
+    // components cannot say.
+    std::int64_t LimitedSamples() const;
 
     // Selects frames from `start` to before `end`.
     void Select(std::int64_t start, std::int64_t end) const;

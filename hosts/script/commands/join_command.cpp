@@ -37,6 +37,7 @@ int Run(const CommandLine& line) {
     const std::vector<InputFile> files = InputFilesOf(inputs);
     losses.Open(editor, files.front());
     format.ApplyTo(editor);
+    losses.SayLimited(editor, files.front().Name(), kByRateChange);
     for (const InputFile& file : std::span(files).subspan(1))
         losses.Append(editor, file);
     output.Write(editor, false, losses);

@@ -58,6 +58,7 @@ void Losses::Append(Editor& editor, const InputFile& file) {
     if (facts && facts->Rate > 0)
         CompareLength(file, *facts, editor.Frames() - before,
                       static_cast<double>(editor.Rate()) / facts->Rate);
+    SayLimited(editor, file.Name(), kByRateChange);
 }
 
 std::optional<SoundFacts> Losses::Read(const InputFile& file, const std::function<void()>& read) {
@@ -89,6 +90,13 @@ void Losses::CompareLength(const InputFile& file, const SoundFacts& facts, std::
 void Losses::Say(const std::string& file, const std::string& loss) {
     const std::string line = Printable(file) + ": " + loss;
     if (said_.insert(line).second) std::fprintf(stderr, "mavrin2: %s\n", line.c_str());
+}
+
+void Losses::SayLimited(const Editor& editor, const std::string& file, const std::string& where) {
+    const std::int64_t limited = editor.LimitedSamples();
+    if (limited > limited_)
+        Say(file, std::to_string(limited - limited_) + " samples limited to full scale " + where);
+    limited_ = limited;
 }
 
 void Losses::Refuse(const std::string& output) const {

@@ -13,6 +13,8 @@
 namespace mavrin2::script {
 
 inline constexpr std::string_view kStrict = "--strict";
+// Where samples were limited.
+inline constexpr const char* kByRateChange = "by the change of rate";
 
 // What the result of a command lacks of its sources. Each loss is a line on standard error.
 class Losses {
@@ -28,6 +30,9 @@ public:
     // Each text is said once of a file.
     void Say(const std::string& file, const std::string& loss);
 
+    // Says how many samples the editor has limited since the last call: `where` is "in the mix".
+    void SayLimited(const Editor& editor, const std::string& file, const std::string& where);
+
     // Throws Failure if an output of that name is not to be kept.
     void Refuse(const std::string& output) const;
 
@@ -42,6 +47,7 @@ private:
 
     bool strict_;
     std::set<std::string> said_;
+    std::int64_t limited_ = 0;  // samples, as far as it has been said
 };
 
 }  // namespace mavrin2::script

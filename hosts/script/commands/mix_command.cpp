@@ -25,12 +25,13 @@ new one is complete. An IN may be -, standard input (-@30%), and OUT -, standard
   --format FORMAT   the format of standard output, as an extension: flac
   --strict          fail, and write nothing, where anything of the files would be lost
 
-Samples beyond full scale are limited to it.
+Samples beyond full scale are limited to it; how many is said on standard error.
 Exit codes: 0 success, 1 failure, 2 usage error.
 )";
 
 constexpr std::string_view kOptions[] = {kRate, kChannels, kFormat};
 constexpr std::string_view kFlags[] = {kStrict};
+constexpr const char* kInTheMix = "in the mix";
 
 struct Level {
     std::string File;
@@ -83,10 +84,15 @@ int Run(const CommandLine& line) {
     const auto longest = std::ranges::max_element(inputs, {}, &Input::Seconds);
     if (longest != std::prev(inputs.end())) editor.Open(longest->File);
     format.ApplyTo(editor);
+    losses.SayLimited(editor, longest->File.Name(), kByRateChange);
     // Mixed with itself at 0 %, it keeps its length and gets its level.
     if (longest->Percent != 100) editor.Mix(longest->Percent, longest->File, 0);
-    for (auto input = inputs.begin(); input != inputs.end(); ++input)
-        if (input != longest) editor.Mix(100, input->File, input->Percent);
+    losses.SayLimited(editor, longest->File.Name(), kInTheMix);
+    for (auto input = inputs.begin(); input != inputs.end(); ++input) {
+        if (input == longest) continue;
+        editor.Mix(100, input->File, input->Percent);
+        losses.SayLimited(editor, input->File.Name(), kInTheMix);
+    }
     output.Write(editor, false, losses);
     return kSuccess;
 }

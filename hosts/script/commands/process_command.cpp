@@ -58,8 +58,10 @@ int Process(const CommandLine& line) {
     losses.Open(editor, in);
     TimeRange::Frames range{0, editor.Frames()};
     if (part.IsGiven()) range = part.In(editor, in.Name());
-    for (OperationCall& call : calls)
+    for (OperationCall& call : calls) {
         range.End += editor.Process(operations, call, range.Start, range.End);
+        losses.SayLimited(editor, in.Name(), "by " + call.Text);
+    }
     output.Write(editor, false, losses);
     return kSuccess;
 }

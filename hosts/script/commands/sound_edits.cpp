@@ -121,10 +121,8 @@ bool SoundEdits::ApplyTo(Editor& editor, const std::string& file, Losses& losses
 
 void SoundEdits::ChangeLevel(Editor& editor, const std::string& file, Losses& losses) const {
     const std::int64_t frames = editor.Frames();
-    if (gain_ && *gain_ > 100)
-        if (const std::int64_t limited = editor.CountBeyondFullScale(*gain_ / 100); limited > 0)
-            losses.Say(file, std::to_string(limited) + " samples limited to full scale by --gain");
     if (gain_) Process(editor, editor.Transform(), "Amplify", {*gain_}, 0, frames);
+    losses.SayLimited(editor, file, "by --gain");
     if (normalize_) Process(editor, editor.Transform(), "Normalize", {*normalize_, 0}, 0, frames);
 }
 

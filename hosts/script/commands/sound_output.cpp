@@ -141,6 +141,7 @@ void SoundOutput::CompareWith(const Editor& editor, Losses& losses) const {
 void SoundOutput::Write(Editor& editor, bool selection, Losses& losses) {
     losses.Refuse(name_);
     editor.Save(file_.Path(), name_, selection);
+    losses.SayLimited(editor, name_, kByRateChange);
     if (expected_ && FormatName(editor.Format()) != *expected_)
         throw Failure(name_, "files of this kind are not written as " + *expected_ +
                                  "; try another extension");

@@ -31,6 +31,10 @@ public:
         return delivered;
     }
 
+    std::int64_t LimitedSamples() const override {
+        return static_cast<std::int64_t>(*soxr_num_clips(handle_.get()));
+    }
+
 private:
     SoxrHandle handle_;
     std::size_t channels_;
