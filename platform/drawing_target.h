@@ -18,6 +18,8 @@ public:
     virtual void Blit(int x, int y, const Pixels& pixels) = 0;
     // One column of pixels, from `top` to `bottom` without it. `color` is 0x00RRGGBB.
     virtual void DrawVertical(int x, int top, int bottom, std::uint32_t color) = 0;
+    // What is not outside of it, as far as that is known.
+    virtual RECT Clip() const = 0;
 };
 
 // The target for a handle of the system, which has to live as long; null for a null handle. Its

@@ -35,4 +35,9 @@ void PixelTarget::DrawVertical(int x, int top, int bottom, std::uint32_t color) 
         pixels_.Data[row * pixels_.Stride + column] = color;
 }
 
+RECT PixelTarget::Clip() const {
+    return {clip_.left - origin_.x, clip_.top - origin_.y, clip_.right - origin_.x,
+            clip_.bottom - origin_.y};
+}
+
 }  // namespace mavrin2::platform

@@ -15,6 +15,7 @@ public:
 
     void Blit(int x, int y, const Pixels& pixels) override;
     void DrawVertical(int x, int top, int bottom, std::uint32_t color) override;
+    RECT Clip() const override;
 
 private:
     Pixels pixels_;

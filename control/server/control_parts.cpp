@@ -242,9 +242,8 @@ void ControlParts::Wire() {
     for (const Part& part : kParts)
         if (part.Attach) part.Attach(*this);
     Container.Attach(
-        [&view = Editor->View](platform::DrawingTarget& target, const view::Rectangle& bounds) {
-            view.Paint(target, bounds);
-        },
+        [&view = Editor->View](platform::DrawingTarget& target, const view::Rectangle& bounds,
+                               const view::RowRange& rows) { view.Paint(target, bounds, rows); },
         {[&mouse = Editor->Mouse](const platform::MouseEvent& event) { mouse.Handle(event); },
          [&mouse = Editor->Mouse] { mouse.CaptureLost(); }});
 }

@@ -8,9 +8,15 @@ DocumentPicture::DocumentPicture(const ViewServices& services)
       sound_(services_, layout_.Area()),
       picture_(services_, layout_, sound_) {}
 
-void DocumentPicture::Resize(const Rectangle& bounds) {
-    picture_.Resize(bounds);
+void DocumentPicture::Resize(const Rectangle& bounds, const RowRange& rows) {
+    picture_.Resize(bounds, rows);
     sound_.ClearSpectralPictures();
+}
+
+void DocumentPicture::KeepRows(const RowRange& rows) {
+    picture_.Resize(picture_.Frame().Bounds(), rows);
+    picture_.RenderBackground();
+    picture_.Compose();
 }
 
 void DocumentPicture::Layout() {

@@ -36,8 +36,10 @@ public:
 
     editor::BlockObserver& Observer() { return sound_.Overview(); }
 
-    // A new place; Layout is due next.
-    void Resize(const Rectangle& bounds);
+    // A new place, of which these rows are kept in memory; Layout is due next.
+    void Resize(const Rectangle& bounds, const RowRange& rows);
+    // Other rows of the same place, drawn anew.
+    void KeepRows(const RowRange& rows);
     const LayeredFrame& Frame() const { return picture_.Frame(); }
     const ViewLayout& Placement() const { return layout_; }
     // Places everything anew, and renders the background.

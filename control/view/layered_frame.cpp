@@ -2,10 +2,12 @@
 
 namespace mavrin2::view {
 
-void LayeredFrame::Resize(const Rectangle& bounds) {
+void LayeredFrame::Resize(const Rectangle& bounds, const RowRange& rows) {
     bounds_ = bounds;
-    background_ = Surface(bounds.Width(), bounds.Height());
-    frame_ = Surface(bounds.Width(), bounds.Height());
+    background_ = Surface();  // the old ones first, so that there are never four
+    frame_ = Surface();
+    background_ = Surface(bounds.Width(), bounds.Height(), rows);
+    frame_ = Surface(bounds.Width(), bounds.Height(), rows);
     begun_ = false;
 }
 
@@ -17,7 +19,7 @@ Surface& LayeredFrame::Begin() {
 
 bool LayeredFrame::Show(platform::DrawingTarget& target) {
     if (!begun_ || frame_.Empty()) return false;
-    target.Blit(bounds_.Left, bounds_.Top, frame_.AsPixels());
+    target.Blit(bounds_.Left, bounds_.Top + frame_.Rows().First, frame_.AsPixels());
     return true;
 }
 

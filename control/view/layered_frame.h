@@ -10,9 +10,11 @@ namespace mavrin2::view {
 // that is composed over a copy of it. Both are empty before the first Resize.
 class LayeredFrame {
 public:
-    // Black layers for a new place.
-    void Resize(const Rectangle& bounds);
+    // Black layers for a new place, or a band of them.
+    void Resize(const Rectangle& bounds, const RowRange& rows);
     const Rectangle& Bounds() const { return bounds_; }
+    // The rows of the bounds that there are.
+    RowRange Rows() const { return frame_.Rows(); }
     // No room to draw in.
     bool TooSmall() const { return bounds_.Width() < 2 && bounds_.Height() < 2; }
 

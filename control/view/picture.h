@@ -24,7 +24,7 @@ public:
     void SetProgress(int percent) { progress_ = percent; }
 
     // Layers for a new place, without a frame.
-    void Resize(const Rectangle& bounds) { frame_.Resize(bounds); }
+    void Resize(const Rectangle& bounds, const RowRange& rows) { frame_.Resize(bounds, rows); }
     const LayeredFrame& Frame() const { return frame_; }
 
     void RenderBackground();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 namespace mavrin2::view {
@@ -15,6 +16,19 @@ struct Rectangle {
     std::int32_t Height() const { return Bottom - Top; }
 
     bool operator==(const Rectangle&) const = default;
+};
+
+// Rows of a picture from `First` up to but not including `End`.
+struct RowRange {
+    std::int32_t First = 0;
+    std::int32_t End = 0;
+
+    bool Contains(const RowRange& other) const { return First <= other.First && End >= other.End; }
+    // Of a picture of that height, what there is of these.
+    RowRange Within(std::int32_t height) const {
+        const std::int32_t first = std::clamp(First, 0, std::max(height, 0));
+        return {first, std::clamp(End, first, std::max(height, 0))};
+    }
 };
 
 }  // namespace mavrin2::view

@@ -12,30 +12,12 @@ constexpr std::int32_t kShades = 100;
 constexpr std::int32_t kSaturation = 140;
 constexpr std::int32_t kDarkest = 20;  // decibels that have the first shade
 
-using SpectralPalette = std::array<Pixel, kShades>;
+// A point's value is its shade, and this where the shade of what is not selected, which is rounded
+// to the nearest one, is the next.
+constexpr std::uint8_t kNext = 0x80;
 
-struct Palettes {
-    SpectralPalette Normal, Selected, Inactive;
-};
-
-Pixel Shade(double hue, std::int32_t lightness) {
-    return ToPixel(FromHls({static_cast<std::int32_t>(hue), lightness, kSaturation}));
-}
-
-Palettes PalettesOf(const ColorSettings& colors) {
-    Palettes palettes;
-    const auto hue = [](std::int32_t low, std::int32_t high, std::int32_t i) {
-        return low + 100 - (static_cast<double>(high) - low) * i / 100;
-    };
-    for (std::int32_t i = 0; i < kShades; ++i) {
-        const double normal = hue(colors.SpectralLow, colors.SpectralHigh, i);
-        const double selected = hue(colors.SpectralSelectLow, colors.SpectralSelectHigh, i);
-        const auto shade = static_cast<std::size_t>(i);
-        palettes.Normal[shade] = Shade(normal, static_cast<std::int32_t>(1.5 * i + 10));
-        palettes.Selected[shade] = Shade(selected, 120 - i);
-        palettes.Inactive[shade] = Shade(normal, i / 2);
-    }
-    return palettes;
+std::uint32_t Shade(double hue, std::int32_t lightness) {
+    return ToPixel(FromHls({static_cast<std::int32_t>(hue), lightness, kSaturation})).Value;
 }
 
 // Which bin, and how far on the way to the next, a row shows; −1 for none.
@@ -54,15 +36,38 @@ std::vector<RowSource> RowSources(std::int32_t height, double rowsPerBin) {
     return rows;
 }
 
-std::size_t ShadeOf(double level) {
-    return static_cast<std::size_t>(std::clamp(static_cast<std::int32_t>(level), 0, kShades - 1));
+std::int32_t ShadeOf(double level) {
+    return std::clamp(static_cast<std::int32_t>(level), 0, kShades - 1);
+}
+
+std::uint8_t PointOf(double level) {
+    const std::int32_t shade = ShadeOf(level);
+    return static_cast<std::uint8_t>(ShadeOf(level + 0.5) > shade ? shade | kNext : shade);
 }
 
 }  // namespace
 
+std::array<SpectralPictures::Palette, 3> SpectralPictures::PalettesOf(const ColorSettings& colors) {
+    std::array<Palette, 3> palettes{};
+    auto& [normal, selected, inactive] = palettes;
+    const auto hue = [](std::int32_t low, std::int32_t high, std::int32_t i) {
+        return low + 100 - (static_cast<double>(high) - low) * i / 100;
+    };
+    for (std::int32_t i = 0; i < kShades; ++i) {
+        const auto shade = static_cast<std::size_t>(i);
+        const double shown = hue(colors.SpectralLow, colors.SpectralHigh, i);
+        const double marked = hue(colors.SpectralSelectLow, colors.SpectralSelectHigh, i);
+        normal[shade] = Shade(shown, static_cast<std::int32_t>(1.5 * i + 10));
+        selected[shade] = selected[shade | kNext] = Shade(marked, 120 - i);
+        inactive[shade] = inactive[shade | kNext] = Shade(shown, i / 2);
+    }
+    for (std::size_t shade = 0; shade + 1 < kShades; ++shade)
+        normal[shade | kNext] = normal[shade + 1];
+    return palettes;
+}
+
 void SpectralPictures::Clear() {
-    for (auto& channel : pictures_)
-        channel.fill(Surface());
+    channels_.fill({});
 }
 
 void SpectralPictures::Build(const SpectrumTable& table, const Geometry& geometry,
@@ -80,13 +85,14 @@ void SpectralPictures::Build(const SpectrumTable& table, const Geometry& geometr
         std::min(geometry.WaveWidth, static_cast<std::int32_t>(table.Levels[0][0].size()));
     const double rowsPerBin = 2.0 * height / static_cast<double>(Hartley::Size);
     const std::vector<RowSource> sources = RowSources(height, rowsPerBin);
-    const Palettes palettes = PalettesOf(colors);
+    palettes_ = PalettesOf(colors);
 
     for (std::size_t channel = 0; channel < static_cast<std::size_t>(channels); ++channel) {
-        auto& [normal, selected, inactive] = pictures_[channel];
-        for (Surface* picture : {&normal, &selected, &inactive})
-            if (picture->Width() != width || picture->Height() != height)
-                *picture = Surface(width, height);
+        Shades& picture = channels_[channel];
+        if (picture.Width != width || picture.Height != height)
+            picture = {width, height,
+                       std::vector<std::uint8_t>(static_cast<std::size_t>(width) *
+                                                 static_cast<std::size_t>(height))};
         std::vector<double> slopes(static_cast<std::size_t>(width));
         std::int32_t slopesOf = -1;
         for (std::int32_t row = 0; row < height; ++row) {
@@ -102,19 +108,25 @@ void SpectralPictures::Build(const SpectrumTable& table, const Geometry& geometr
                 slopesOf = source.Bin;
             }
             // The lowest frequency is at the bottom.
-            const std::int32_t y = height - 1 - row;
-            std::uint32_t* const normalRow = normal.Row(y);
-            std::uint32_t* const selectedRow = selected.Row(y);
-            std::uint32_t* const inactiveRow = inactive.Row(y);
-            for (std::size_t x = 0; x < slopes.size(); ++x) {
-                const double level = here[x] - kDarkest + source.Part * slopes[x];
-                const std::size_t shade = ShadeOf(level);
-                normalRow[x] = palettes.Normal[ShadeOf(level + 0.5)].Value;
-                selectedRow[x] = palettes.Selected[shade].Value;
-                inactiveRow[x] = palettes.Inactive[shade].Value;
-            }
+            std::uint8_t* const points = picture.Row(height - 1 - row);
+            for (std::size_t x = 0; x < slopes.size(); ++x)
+                points[x] = PointOf(here[x] - kDarkest + source.Part * slopes[x]);
         }
     }
+}
+
+void SpectralPictures::Draw(Surface& surface, std::size_t channel, Kind kind, const Rectangle& area,
+                            std::int32_t from, std::int32_t to) const {
+    const Shades& picture = channels_[channel];
+    const Palette& palette = palettes_[static_cast<std::size_t>(kind)];
+    const Rectangle drawn{area.Left + std::max(from, 0), area.Top,
+                          area.Left + std::min(to, picture.Width),
+                          area.Top + std::min(area.Height(), picture.Height)};
+    surface.Plot(drawn, [&](std::int32_t y, std::int32_t left, std::span<std::uint32_t> points) {
+        const std::uint8_t* const shades = picture.Row(y - area.Top) + (left - area.Left);
+        std::transform(shades, shades + points.size(), points.begin(),
+                       [&](std::uint8_t point) { return palette[point]; });
+    });
 }
 
 }  // namespace mavrin2::view

@@ -1,11 +1,15 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <span>
+#include <string_view>
 #include <vector>
 
 #include "control/view/rectangle.h"
 #include "platform/pixels.h"
+#include "platform/text.h"
 
 namespace mavrin2::view {
 
@@ -21,16 +25,21 @@ constexpr Pixel ToPixel(std::uint32_t color) {
     return {(color & 0xFF) << 16 | (color & 0xFF00) | (color >> 16 & 0xFF)};
 }
 
-// A picture in memory and the few operations it takes to draw the control. Whatever is outside of
-// it is left out. As on every system a line's last point is not drawn, so that lines can be joined.
+// A picture in memory, or a band of its rows, and the few operations it takes to draw the control.
+// Coordinates are the picture's; whatever is outside of what there is in memory is left out. As on
+// every system a line's last point is not drawn, so that lines can be joined.
 class Surface {
 public:
     Surface() = default;
     // Black. Sizes below 0 count as 0.
-    Surface(std::int32_t width, std::int32_t height);
+    Surface(std::int32_t width, std::int32_t height)
+        : Surface(width, height, RowRange{0, std::max(height, 0)}) {}
+    // A band of the picture, whose size is `width` and `height`.
+    Surface(std::int32_t width, std::int32_t height, RowRange rows);
 
     std::int32_t Width() const { return width_; }
     std::int32_t Height() const { return height_; }
+    RowRange Rows() const { return rows_; }
     bool Empty() const { return pixels_.empty(); }
 
     void Fill(const Rectangle& area, Pixel color);
@@ -47,24 +56,46 @@ public:
     void VerticalDashes(std::int32_t x, std::int32_t y0, std::int32_t y1, std::int32_t dash,
                         std::int32_t period, Pixel color);
 
-    // All of a surface of the same size.
+    // One line whose cell has its upper left corner at (x, y).
+    void Text(const platform::Font& font, std::int32_t x, std::int32_t y, std::string_view text,
+              Pixel color) {
+        font.Draw(AsPixels(), x, y - rows_.First, text, color.Value);
+    }
+
+    // All of a surface with the same rows of a picture of the same size.
     void CopyFrom(const Surface& other) { pixels_ = other.pixels_; }
-    // `source`, a part of `other`, with its upper left corner at (x, y).
-    void CopyFrom(const Surface& other, const Rectangle& source, std::int32_t x, std::int32_t y);
+    // Draws an area point by point: `rowAt(y, left, points)` fills a row's points from column
+    // `left` on.
+    template <class RowAt>
+    void Plot(const Rectangle& area, RowAt&& rowAt);
 
     std::uint32_t* Row(std::int32_t y) {
-        return pixels_.data() + static_cast<std::ptrdiff_t>(y) * width_;
+        return pixels_.data() + static_cast<std::ptrdiff_t>(y - rows_.First) * width_;
     }
     const std::uint32_t* Row(std::int32_t y) const {
-        return pixels_.data() + static_cast<std::ptrdiff_t>(y) * width_;
+        return pixels_.data() + static_cast<std::ptrdiff_t>(y - rows_.First) * width_;
     }
-    platform::Pixels AsPixels() { return {pixels_.data(), width_, height_, width_}; }
+    // What there is in memory.
+    platform::Pixels AsPixels() {
+        return {pixels_.data(), width_, rows_.End - rows_.First, width_};
+    }
 
 private:
     std::int32_t width_ = 0;
     std::int32_t height_ = 0;
+    RowRange rows_;
     std::vector<std::uint32_t> pixels_;
 };
+
+template <class RowAt>
+void Surface::Plot(const Rectangle& area, RowAt&& rowAt) {
+    const std::int32_t left = std::max(area.Left, 0);
+    const std::int32_t right = std::min(area.Right, width_);
+    if (left >= right) return;
+    const std::int32_t bottom = std::min(area.Bottom, rows_.End);
+    for (std::int32_t y = std::max(area.Top, rows_.First); y < bottom; ++y)
+        rowAt(y, left, std::span(Row(y) + left, static_cast<std::size_t>(right - left)));
+}
 
 // The first of each of the dashes' pixels and the one after the last: see Surface.
 template <class Draw>

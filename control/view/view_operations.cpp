@@ -4,12 +4,17 @@
 
 namespace mavrin2::view {
 
-void ViewOperations::Paint(platform::DrawingTarget& target, const Rectangle& bounds) {
+void ViewOperations::Paint(platform::DrawingTarget& target, const Rectangle& bounds,
+                           const RowRange& rows) {
+    constexpr std::int64_t kMostKept = std::int64_t{1} << 22;  // pixels
+    const bool large = std::int64_t{bounds.Width()} * bounds.Height() > kMostKept;
+    const RowRange kept = (large ? rows : RowRange{0, bounds.Height()}).Within(bounds.Height());
     if (bounds == picture_.Frame().Bounds()) {
-        picture_.Show(target);
+        if (!picture_.Frame().Rows().Contains(kept)) picture_.KeepRows(kept);
+        if (bounds == picture_.Frame().Bounds()) picture_.Show(target);
         return;
     }
-    picture_.Resize(bounds);
+    picture_.Resize(bounds, kept);
     picture_.Layout();
     range_.RecomputeView();
     // A host may have had it painted elsewhere in an event.
@@ -67,9 +72,11 @@ void ViewOperations::SetTypeView(TypeViewConstants type) {
     if (range_.RecomputeView()) picture_.Redraw();
 }
 
-void ViewOperations::SaveWaveImage(const std::filesystem::path& path) const {
+void ViewOperations::SaveWaveImage(const std::filesystem::path& path) {
     status_.LastError = editor::ErrorConstants::NOERRORS;
     const Surface& frame = picture_.Frame().Frame();
+    const RowRange all{0, frame.Height()};
+    if (!frame.Empty() && !frame.Rows().Contains(all)) picture_.KeepRows(all);
     if (!frame.Empty()) WriteWaveImage(files_, path, frame);
 }
 

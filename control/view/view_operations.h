@@ -21,8 +21,12 @@ public:
         : picture_(picture), status_(status), range_(range), files_(files) {}
 
     // Shows the picture at `bounds` of the target: a copy when they are those of the last time,
-    // otherwise it is laid out and computed anew.
-    void Paint(platform::DrawingTarget& target, const Rectangle& bounds);
+    // otherwise it is laid out and computed anew. `rows` are those of the bounds that will be seen:
+    // of a large picture no others are drawn and kept, so that it can be drawn in bands.
+    void Paint(platform::DrawingTarget& target, const Rectangle& bounds, const RowRange& rows);
+    void Paint(platform::DrawingTarget& target, const Rectangle& bounds) {
+        Paint(target, bounds, {0, bounds.Height()});
+    }
 
     // Composes the picture and shows it.
     void Redraw() { picture_.Redraw(); }
@@ -46,7 +50,7 @@ public:
 
     // Writes the last composed picture as a bitmap file. Nothing without a picture or when the file
     // cannot be made.
-    void SaveWaveImage(const std::filesystem::path& path) const;
+    void SaveWaveImage(const std::filesystem::path& path);
 
 private:
     DocumentPicture& picture_;

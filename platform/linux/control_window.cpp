@@ -14,6 +14,7 @@ public:
     void DrawVertical(int x, int top, int bottom, std::uint32_t color) override {
         target_.DrawVertical(x, top, bottom, color);
     }
+    RECT Clip() const override { return target_.Clip(); }
 
 private:
     DrawingTarget& target_;

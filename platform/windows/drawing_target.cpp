@@ -36,6 +36,12 @@ public:
         ::FillRect(context_, &column, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
     }
 
+    RECT Clip() const override {
+        RECT clip = {};
+        ::GetClipBox(context_, &clip);
+        return clip;
+    }
+
 private:
     HDC context_;
     int saved_;

@@ -470,6 +470,40 @@ TEST_F(PictureTest, ShowsSoundInAllColumnsOfAWideControl) {
     EXPECT_NE(image[140 * kWide + 3700], 0u) << "silence has a shade too";
 }
 
+TEST_F(PictureTest, IsTheSameInBands) {
+    constexpr int kWide = 2100;
+    constexpr int kHigh = 2050;  // more than is kept as a whole
+    const view::Rectangle bounds{0, 0, kWide, kHigh};
+    auto& view = Parts->Editor->View;
+    OpenFrames(Samples(2 * 20000, 16000), 2);
+    Parts->Editor->Positions.SetSelected(1);
+    Parts->Editor->Positions.SetEndSelect(9000);
+    Parts->Editor->Positions.SetStartSelect(4000);
+    for (const auto type : {TypeViewConstants::WAVEFORM, TypeViewConstants::SPECTRAL}) {
+        view.SetTypeView(type);
+        Image whole(kWide * kHigh);
+        platform::PixelTarget all({whole.data(), kWide, kHigh, kWide});
+        view.Paint(all, bounds);
+        for (const int rows : {1, 700}) {
+            PaintAt({0, 0, 20, 20});  // elsewhere: there is nothing to copy
+            Image band(static_cast<std::size_t>(kWide * rows));
+            for (int top = 0; top + rows <= kHigh; top += rows == 1 ? 97 : rows) {
+                platform::PixelTarget part({band.data(), kWide, rows, kWide}, {0, -top},
+                                           {0, 0, kWide, rows});
+                view.Paint(part, bounds, {top, top + rows});
+                ASSERT_TRUE(std::ranges::equal(
+                    band,
+                    std::span(whole).subspan(static_cast<std::size_t>(top * kWide), band.size())))
+                    << top;
+            }
+        }
+    }
+    view.SaveWaveImage("/large.bmp");
+    const auto file = Parts->Environment.Ports.Files->OpenForReading("/large.bmp");
+    ASSERT_TRUE(file);
+    EXPECT_EQ(file->Length(), 66 + std::int64_t{kWide} * kHigh * 4);
+}
+
 TEST_F(PictureTest, WritesItsLastFrameAsABitmap) {
     auto& files = *Parts->Environment.Ports.Files;
     OpenSamples();

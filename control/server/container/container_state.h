@@ -9,8 +9,9 @@
 
 namespace mavrin2::server {
 
-using PaintPicture =
-    std::function<void(platform::DrawingTarget& target, const view::Rectangle& bounds)>;
+// Shows the picture at `bounds`, of which only these rows will be seen.
+using PaintPicture = std::function<void(platform::DrawingTarget& target,
+                                        const view::Rectangle& bounds, const view::RowRange& rows)>;
 
 struct MouseInput {
     std::function<void(const platform::MouseEvent& event)> Event;

@@ -184,7 +184,8 @@ void InPlaceActivation::SetPointer(const platform::Pointer& pointer) {
 void InPlaceActivation::Paint(platform::DrawingTarget& target, int width, int height) {
     const ComPtr<IUnknown> held(identity_);
     automation::Guarded([&] {
-        if (state_.Paint) state_.Paint(target, PictureBounds({0, 0, width, height}));
+        // All of it, since what the control changes later it draws without asking for rows.
+        if (state_.Paint) state_.Paint(target, PictureBounds({0, 0, width, height}), {0, height});
     });
 }
 

@@ -47,4 +47,12 @@ view::Rectangle PictureBounds(const RECT& bounds) {
             static_cast<std::int32_t>(right), static_cast<std::int32_t>(bottom)};
 }
 
+view::RowRange RowsInside(const RECT& clip, const view::Rectangle& bounds) {
+    const auto rowAt = [&](LONG y) {
+        return static_cast<std::int32_t>(
+            std::clamp<std::int64_t>(std::int64_t{y} - bounds.Top, 0, bounds.Height()));
+    };
+    return {rowAt(clip.top), rowAt(clip.bottom)};
+}
+
 }  // namespace mavrin2::server

@@ -13,4 +13,7 @@ SIZEL ToHimetric(const SIZE& pixels);
 // any picture: 32767 pixels in one direction, or 2^26 of them.
 view::Rectangle PictureBounds(const RECT& bounds);
 
+// The rows of `bounds`, counted from its upper edge, that `clip` lets through.
+view::RowRange RowsInside(const RECT& clip, const view::Rectangle& bounds);
+
 }  // namespace mavrin2::server

@@ -72,7 +72,7 @@ STDMETHODIMP PictureData::GetData(FORMATETC* format, STGMEDIUM* medium) {
                                           static_cast<std::size_t>(size.cy));
         platform::PixelTarget target({pixels.data(), static_cast<int>(size.cx),
                                       static_cast<int>(size.cy), static_cast<int>(size.cx)});
-        state_.Paint(target, bounds);
+        state_.Paint(target, bounds, {0, bounds.Height()});
         activation_.RepaintWindow();
         medium->hGlobal = MakeBitmap(pixels, size);
         medium->tymed = TYMED_HGLOBAL;

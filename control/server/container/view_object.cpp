@@ -15,7 +15,7 @@ STDMETHODIMP ViewObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, H
         if (!state_.Paint) return VIEW_E_DRAW;
         const view::Rectangle pixels = PictureBounds(platform::PixelsOf(target, *bounds));
         const auto drawing = platform::TargetOf(target);
-        state_.Paint(*drawing, pixels);
+        state_.Paint(*drawing, pixels, RowsInside(drawing->Clip(), pixels));
         activation_.RepaintWindow();
         return S_OK;
     });

@@ -34,13 +34,11 @@ void SpectralLanePainter::Draw(Surface& surface) const {
     using Kind = SpectralPictures::Kind;
     const Rectangle& area = lane_.Area;
     const bool active = scene_.Format.Channels < 2 || scene_.Channels.Operation[lane_.Channel] != 0;
-    const auto copy = [&](Kind kind, std::int32_t from, std::int32_t to) {
-        surface.CopyFrom(pictures_.Of(lane_.Channel, kind), {from, 0, to, area.Height()},
-                         area.Left + from, area.Top);
-    };
-    copy(active ? Kind::Normal : Kind::Inactive, 0, area.Width());
+    pictures_.Draw(surface, lane_.Channel, active ? Kind::Normal : Kind::Inactive, area, 0,
+                   area.Width());
     if (active && scene_.Selection.Start != scene_.Selection.End)
-        copy(Kind::Selected, scene_.Selection.Start, scene_.Selection.End);
+        pictures_.Draw(surface, lane_.Channel, Kind::Selected, area, scene_.Selection.Start,
+                       scene_.Selection.End);
 }
 
 }  // namespace mavrin2::view

@@ -59,8 +59,8 @@ void TimeScalePainter::DrawLabel(Surface& surface, std::int32_t x, const std::st
     // The unit is at the left.
     if (wave.Left + x + half >= surface.Width() - 3) return;
     if (wave.Left + x - half <= 1 + font.Measure("smpl").Width) return;
-    font.Draw(surface.AsPixels(), wave.Left + x - half, wave.Bottom + 4 + scene_.Area.TimeScale / 3,
-              label, ToPixel(scene_.Colors.Font).Value);
+    surface.Text(font, wave.Left + x - half, wave.Bottom + 4 + scene_.Area.TimeScale / 3, label,
+                 ToPixel(scene_.Colors.Font));
 }
 
 void TimeScalePainter::DrawGrid(Surface& surface, std::int32_t x) const {
@@ -174,8 +174,8 @@ void LevelScalePainter::DrawLabel(Surface& surface, LabelLane lane, std::int32_t
     const bool decibels = scene_.ScaleY.Type == 3 && !scene_.Spectral();
     const std::string label = scene_.Level.Label(value, decibels);
     AtBothRows(lane, value, [&](std::int32_t y) {
-        scene_.ScaleYFont.Draw(surface.AsPixels(), textLeft_, y - lineHeight_ / 2, label,
-                               ToPixel(scene_.Colors.Font).Value);
+        surface.Text(scene_.ScaleYFont, textLeft_, y - lineHeight_ / 2, label,
+                     ToPixel(scene_.Colors.Font));
     });
 }
 
@@ -199,16 +199,15 @@ void LevelScalePainter::DrawMinorTicks(Surface& surface, LabelLane lane, std::in
 void UnitLabelPainter::Draw(Surface& surface) const {
     const Geometry& area = scene_.Area;
     const Rectangle& wave = area.WaveArea;
-    const std::uint32_t color = ToPixel(scene_.Colors.Font).Value;
+    const Pixel color = ToPixel(scene_.Colors.Font);
     if (scene_.ScaleX.Visible && area.TimeScale > 0)
-        scene_.ScaleXFont.Draw(surface.AsPixels(), 3, wave.Bottom + 4 + area.TimeScale / 3,
-                               scene_.ScaleX.Type == 2 ? "hms" : "smpl", color);
+        surface.Text(scene_.ScaleXFont, 3, wave.Bottom + 4 + area.TimeScale / 3,
+                     scene_.ScaleX.Type == 2 ? "hms" : "smpl", color);
     if (!scene_.ScaleY.Visible || area.LevelScale <= 0) return;
     // Above its scale, on either side.
     const std::int32_t left = scene_.LevelScaleLeft() ? wave.Left - area.LevelScale
                                                       : wave.Right + 6 + area.LevelScale / 5;
-    scene_.ScaleYFont.Draw(surface.AsPixels(), left, wave.Top - area.OverviewBar - 5, LevelUnit(),
-                           color);
+    surface.Text(scene_.ScaleYFont, left, wave.Top - area.OverviewBar - 5, LevelUnit(), color);
 }
 
 const char* UnitLabelPainter::LevelUnit() const {

@@ -20,7 +20,8 @@ constexpr std::uint32_t kPicture = 0x123456;
 class Component final : public IUnknown {
 public:
     Component() {
-        Front.Attach([this](platform::DrawingTarget& target, const view::Rectangle& bounds) {
+        Front.Attach([this](platform::DrawingTarget& target, const view::Rectangle& bounds,
+                            const view::RowRange&) {
             Painted = bounds;
             std::vector<std::uint32_t> pixels(
                 static_cast<std::size_t>(bounds.Width() * bounds.Height()), kPicture);
