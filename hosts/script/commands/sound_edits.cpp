@@ -13,14 +13,8 @@ namespace {
 
 std::vector<TimeRange> RangesOf(const CommandLine& line, std::string_view option) {
     std::vector<TimeRange> ranges;
-    for (const std::string& text : line.Values(option)) {
-        const std::size_t dash = text.find('-');
-        if (dash == std::string::npos)
-            throw UsageError("invalid range '" + text + "' for " + std::string(option) +
-                             "; try 1:30-2:15.5");
-        ranges.emplace_back(TimeOf(option, text.substr(0, dash)),
-                            TimeOf(option, text.substr(dash + 1)), option);
-    }
+    for (const std::string& text : line.Values(option))
+        ranges.push_back(TimeRange::Parse(option, text));
     return ranges;
 }
 

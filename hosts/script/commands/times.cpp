@@ -85,6 +85,14 @@ TimePoint TimeOf(std::string_view option, std::string_view text) {
 TimeRange::TimeRange(const CommandLine& line)
     : start_(ValueOf(line, kStart)), end_(ValueOf(line, kEnd)) {}
 
+TimeRange TimeRange::Parse(std::string_view option, std::string_view text) {
+    const std::size_t dash = text.find('-');
+    if (dash == std::string_view::npos)
+        throw UsageError("invalid range '" + std::string(text) + "' for " + std::string(option) +
+                         "; try 1:30-2:15.5");
+    return {TimeOf(option, text.substr(0, dash)), TimeOf(option, text.substr(dash + 1)), option};
+}
+
 TimeRange::Frames TimeRange::In(const Editor& editor, const std::string& file) const {
     const int length = editor.Frames();
     const int rate = editor.Rate();

@@ -50,6 +50,9 @@ public:
     TimeRange(TimePoint start, TimePoint end, std::string_view option)
         : start_(start), end_(end), startName_(option), endName_(option) {}
 
+    // FROM-TO, as an option gives it. Throws UsageError.
+    static TimeRange Parse(std::string_view option, std::string_view text);
+
     bool IsGiven() const { return start_ || end_; }
 
     // In the open document, which messages call `file`. Throws Failure if the range is empty or
