@@ -34,7 +34,7 @@ constexpr const char* kHelp =
   play FILE [OPTION...]                          play a sound file, or part of it
   record OUT [OPTION...]                         record into a sound file
   devices                                        list the devices for playing and recording
-  picture IN OUT.png [OPTION...]                 draw a sound file
+  picture IN... OUT.png [OPTION...]              draw sound files
 
   help COMMAND explain a command, as `mavrin2 COMMAND --help` does
   help man     the manual page
