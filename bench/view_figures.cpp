@@ -118,22 +118,47 @@ void PrintEdit(const Folder& data) {
                kRounds);
 }
 
+using Command = std::vector<std::string>;
+
 // Each program several times in a row, not in turn: a virtual machine takes back what ffmpeg frees,
 // and the next benchmark would pay for getting it again.
+double SecondsOfProgram(const Command& command) {
+    RunProgram(command);
+    return MillisecondsOf([&] { RunProgram(command); }, 5) / 1000;
+}
+
+Command FfmpegWaveform(const std::string& sound, const Folder& png) {
+    return {"ffmpeg",    "-v", "error",     "-y", "-i", sound, "-lavfi", "showwavespic=s=1200x300",
+            "-frames:v", "1",  png.string()};
+}
+
 void PrintPicture(const Folder& data, const Folder& programs) {
     const Folder png = data / "picture.png";
     const std::string sound = (data / "m60.wav").string();
-    const auto seconds = [](const std::vector<std::string>& command) {
-        RunProgram(command);
-        return MillisecondsOf([&] { RunProgram(command); }, 5) / 1000;
-    };
-    const double ours = seconds({(programs / "mavrin2").string(), "picture", sound, png.string()});
-    const double theirs = seconds({"ffmpeg", "-v", "error", "-y", "-i", sound, "-lavfi",
-                                   "showwavespic=s=1200x300", "-frames:v", "1", png.string()});
+    const double ours =
+        SecondsOfProgram({(programs / "mavrin2").string(), "picture", sound, png.string()});
+    const double theirs = SecondsOfProgram(FfmpegWaveform(sound, png));
     std::filesystem::remove(png);
     PrintValue("From a WAV of 60 min to its PNG", ours, "s", 0);
     PrintValue("The same by ffmpeg", theirs, "s", 0);
     PrintValue("Ratio of the two", ours / theirs, "×", 0.25);
+}
+
+void PrintShortPictures(const Folder& data, const Folder& programs) {
+    const Folder png = data / "picture.png";
+    const std::string sound = (data / "m10.wav").string();
+    const std::string mavrin2 = (programs / "mavrin2").string();
+    const double wave = SecondsOfProgram({mavrin2, "picture", sound, png.string()});
+    const double spectrum =
+        SecondsOfProgram({mavrin2, "picture", sound, png.string(), "--view", "spectral"});
+    const double ffmpeg = SecondsOfProgram(FfmpegWaveform(sound, png));
+    const double sox = SecondsOfProgram(
+        {"sox", sound, "-n", "spectrogram", "-x", "1200", "-Y", "300", "-o", png.string()});
+    std::filesystem::remove(png);
+    PrintValue("Waveform of a WAV of 10 min as a PNG", wave, "s", 0);
+    PrintValue("Beside ffmpeg's showwavespic", wave / ffmpeg, "×", 0.25);
+    PrintValue("Its spectrum as a PNG", spectrum, "s", 0);
+    PrintValue("Beside sox's spectrogram", spectrum / sox, "×", 0.5);
 }
 
 }  // namespace
@@ -143,6 +168,7 @@ void PrintViewFigures(const Folder& data, const Folder& programs) {
     PrintOverview(data);
     PrintEdit(data);
     PrintPicture(data, programs);
+    PrintShortPictures(data, programs);
 }
 
 }  // namespace mavrin2::bench
