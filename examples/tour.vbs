@@ -9,6 +9,8 @@ Option Explicit
 Dim source: source = "examples/sounds/plucked.flac"
 If WScript.Arguments.Count > 0 Then source = WScript.Arguments(0)
 Dim results: results = "out"
+Dim files: Set files = CreateObject("Scripting.FileSystemObject")
+If Not files.FolderExists(results) Then files.CreateFolder results
 
 Sub Say(text)
     WScript.Echo text
