@@ -36,7 +36,7 @@ protected:
         png.version = PNG_IMAGE_VERSION;
         EXPECT_TRUE(png_image_begin_read_from_memory(&png, bytes.data(), bytes.size()));
         png.format = PNG_FORMAT_BGRA;
-        Image image{{png.width, png.height}, std::vector<std::uint32_t>(png.width * png.height)};
+        Image image{{png.width, png.height}, std::vector<std::uint32_t>(PNG_IMAGE_SIZE(png) / 4)};
         EXPECT_TRUE(png_image_finish_read(&png, nullptr, image.Pixels.data(), 0, nullptr));
         return image;
     }
