@@ -144,20 +144,29 @@ void PrintPicture(const Folder& data, const Folder& programs) {
     PrintValue("Ratio of the two", ours / theirs, "×", 0.25);
 }
 
+// Opening writes a copy of the sound, for which a disk that is also busy makes it wait.
+double ProcessorSecondsOfProgram(const Command& command) {
+    RunProgram(command);
+    std::vector<double> times(5);
+    for (double& time : times)
+        time = SecondsOf([&] { RunProgram(command); }, Clock::Processor);
+    return Median(times);
+}
+
 void PrintShortPictures(const Folder& data, const Folder& programs) {
     const Folder png = data / "picture.png";
     const std::string sound = (data / "m10.wav").string();
     const std::string mavrin2 = (programs / "mavrin2").string();
-    const double wave = SecondsOfProgram({mavrin2, "picture", sound, png.string()});
+    const double wave = ProcessorSecondsOfProgram({mavrin2, "picture", sound, png.string()});
     const double spectrum =
-        SecondsOfProgram({mavrin2, "picture", sound, png.string(), "--view", "spectral"});
-    const double ffmpeg = SecondsOfProgram(FfmpegWaveform(sound, png));
-    const double sox = SecondsOfProgram(
+        ProcessorSecondsOfProgram({mavrin2, "picture", sound, png.string(), "--view", "spectral"});
+    const double ffmpeg = ProcessorSecondsOfProgram(FfmpegWaveform(sound, png));
+    const double sox = ProcessorSecondsOfProgram(
         {"sox", sound, "-n", "spectrogram", "-x", "1200", "-Y", "300", "-o", png.string()});
     std::filesystem::remove(png);
-    PrintValue("Waveform of a WAV of 10 min as a PNG", wave, "s", 0);
-    PrintValue("Beside ffmpeg's showwavespic", wave / ffmpeg, "×", 0.25);
-    PrintValue("Its spectrum as a PNG", spectrum, "s", 0);
+    PrintValue("Waveform of a WAV of 10 min as a PNG, processor time", wave, "s", 0);
+    PrintValue("Beside ffmpeg's showwavespic", wave / ffmpeg, "×", 0.3);
+    PrintValue("Its spectrum as a PNG, processor time", spectrum, "s", 0);
     PrintValue("Beside sox's spectrogram", spectrum / sox, "×", 0.5);
 }
 
