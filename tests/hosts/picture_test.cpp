@@ -89,6 +89,12 @@ TEST_F(Pictures, ShowWhatOptionsSay) {
     EXPECT_EQ(script.Finish(), 0);
     EXPECT_EQ(ImageIn("script.png"), seen.front());
     EXPECT_EQ(Drawn({MAVRIN2_TEST_SOUND}).Size, (std::pair{1200u, 300u}));
+    host_.Write("piped.png", "");
+    auto piped = host_.In();
+    piped.Output = host_.Path("piped.png").string();
+    Program program({"picture", MAVRIN2_TEST_SOUND, "-"}, piped);
+    EXPECT_EQ(program.Finish(), 0) << program.Err;
+    EXPECT_EQ(ImageIn("piped.png"), Drawn({MAVRIN2_TEST_SOUND}));
     EXPECT_EQ(Drawn({MAVRIN2_TEST_SOUND, "--size", "HD", "--range", "0.1-0.2"}),
               Drawn({MAVRIN2_TEST_SOUND, "--size=1280x720", "--start=0.1", "--end=8820f"}))
         << "not the same range";

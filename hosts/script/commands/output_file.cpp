@@ -45,7 +45,7 @@ OutputFile::OutputFile(std::string name, const std::filesystem::path& target)
 
 OutputFile OutputFile::OnStandardOutput(const std::string& extension) {
     if (platform::StandardOutputIsTerminal())
-        throw Failure("standard output", "a terminal does not take sound; try > FILE or | PROGRAM");
+        throw Failure("standard output", "a terminal does not show it; try > FILE or | PROGRAM");
     OutputFile output("standard output", TemporaryFolder() + "output" + extension);
     output.standardOutput_ = true;
     return output;

@@ -5,6 +5,7 @@
 #include "hosts/script/commands/command.h"
 #include "hosts/script/commands/command_line.h"
 #include "hosts/script/commands/editor.h"
+#include "hosts/script/commands/input_file.h"
 #include "hosts/script/commands/losses.h"
 #include "hosts/script/commands/output_file.h"
 #include "hosts/script/commands/picture_options.h"
@@ -18,7 +19,7 @@ constexpr const char* kHelp =
 
 Draws sound file IN as the editor shows it, and writes the picture to file OUT.png. Several files are
 drawn below each other, each under its name and with its own axis. An existing file is replaced when
-the new one is complete.
+the new one is complete. IN or OUT.png may be -, standard input or standard output.
 
 What is drawn:
   --range FROM-TO      this part of each file; all of it if not given
@@ -52,6 +53,9 @@ constexpr std::string_view kFlags[] = {kStrict};
 struct Files {
     explicit Files(const CommandLine& line);
 
+    // As messages call it.
+    std::string OutName() const { return Out == kStandardStream ? "standard output" : Out; }
+
     std::vector<std::string> In;
     std::string Out;
 };
@@ -60,6 +64,8 @@ Files::Files(const CommandLine& line) {
     if (line.Operands().size() < 2) throw UsageError("picture needs two files, IN and OUT.png");
     In.assign(line.Operands().begin(), line.Operands().end() - 1);
     Out = line.Operands().back();
+    CheckStandardInput(In);
+    if (Out == kStandardStream) return;
     if (automation::AsciiLower(std::filesystem::path(Out).extension().string()) != ".png")
         throw UsageError(Out + ": pictures are PNG files; try a name that ends in .png");
     for (const std::string& in : In) {
@@ -82,13 +88,13 @@ void Draw(const Files& files, const PictureOptions& options, PictureSize size, L
         return static_cast<int>(size.Height * number / count);
     };
     for (std::int64_t number = 0; number < count; ++number) {
-        const std::string& in = files.In[static_cast<std::size_t>(number)];
+        const InputFile in(files.In[static_cast<std::size_t>(number)]);
         Editor editor;
         options.ApplyStyle(editor);
         losses.Open(editor, in);
-        options.ApplyView(editor, in);
+        options.ApplyView(editor, in.Name());
         writer.Write(editor.Control(), topOf(number + 1) - topOf(number),
-                     Printable(std::filesystem::path(in).filename().string()));
+                     Printable(std::filesystem::path(in.Name()).filename().string()));
     }
     file.Finish();
 }
@@ -99,15 +105,16 @@ int Run(const CommandLine& line) {
     const PictureSize size = options.SizeFor(files.In.size());
     Losses losses(line);
     // First, so that a bad output name is reported before the input is read.
-    OutputFile output(files.Out);
+    OutputFile output =
+        files.Out == kStandardStream ? OutputFile::OnStandardOutput(".png") : OutputFile(files.Out);
     try {
         Draw(files, options, size, losses, output.Path());
     } catch (const binding::CallError& error) {
-        throw Failure(files.Out, error.what());
+        throw Failure(files.OutName(), error.what());
     } catch (const std::system_error& error) {
-        throw Failure(files.Out, error.code().message());
+        throw Failure(files.OutName(), error.code().message());
     }
-    losses.Refuse(files.Out);
+    losses.Refuse(files.OutName());
     output.Commit();
     return kSuccess;
 }
