@@ -83,6 +83,21 @@ private:
     Samples rest_;
 };
 
+// A run, which ends before its sound goes.
+class Run {
+public:
+    Run(WavePlayback& playback, std::size_t count) : playback_(playback), sound_(count) {
+        playback_.Begin(sound_);
+    }
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+    ~Run() { playback_.End(); }
+
+private:
+    WavePlayback& playback_;
+    Sound sound_;
+};
+
 class WavePlaybackTest : public testing::Test {
 protected:
     // 50 frames a millisecond, and 220 ms of them.
@@ -101,8 +116,7 @@ protected:
 };
 
 TEST_F(WavePlaybackTest, FillsItsRoomAndCountsWhatIsHeard) {
-    Sound sound(30'000);
-    playback_.Begin(sound);
+    const Run run(playback_, 30'000);
     playback_.Supply();
     EXPECT_TRUE(Takes(kRoom));
     EXPECT_EQ(playback_.Observe().Heard, 0);
@@ -118,8 +132,7 @@ TEST_F(WavePlaybackTest, FillsItsRoomAndCountsWhatIsHeard) {
 }
 
 TEST_F(WavePlaybackTest, EndsWithADeviceThatCountsTooLittle) {
-    Sound sound(1000);
-    playback_.Begin(sound);
+    const Run run(playback_, 1000);
     ASSERT_TRUE(Takes(1000));
     world_.Pass(1000, 499);
     EXPECT_EQ(playback_.Observe().Heard, 499);
@@ -149,8 +162,7 @@ TEST_F(WavePlaybackTest, KeepsTheSoundOfARunUntilTheNextOneHasSome) {
 }
 
 TEST_F(WavePlaybackTest, SaysThatTheDeviceHasGone) {
-    Sound sound(1000);
-    playback_.Begin(sound);
+    const Run run(playback_, 1000);
     ASSERT_TRUE(Takes(1000));
     world_.Pass(200, 100);
     EXPECT_EQ(playback_.Observe().Heard, 100);
