@@ -84,14 +84,14 @@ private:
 };
 
 // A run, which ends before its sound goes.
-class Run {
+class PlayingRun {
 public:
-    Run(WavePlayback& playback, std::size_t count) : playback_(playback), sound_(count) {
+    PlayingRun(WavePlayback& playback, std::size_t count) : playback_(playback), sound_(count) {
         playback_.Begin(sound_);
     }
-    Run(const Run&) = delete;
-    Run& operator=(const Run&) = delete;
-    ~Run() { playback_.End(); }
+    PlayingRun(const PlayingRun&) = delete;
+    PlayingRun& operator=(const PlayingRun&) = delete;
+    ~PlayingRun() { playback_.End(); }
 
 private:
     WavePlayback& playback_;
@@ -116,7 +116,7 @@ protected:
 };
 
 TEST_F(WavePlaybackTest, FillsItsRoomAndCountsWhatIsHeard) {
-    const Run run(playback_, 30'000);
+    const PlayingRun run(playback_, 30'000);
     playback_.Supply();
     EXPECT_TRUE(Takes(kRoom));
     EXPECT_EQ(playback_.Observe().Heard, 0);
@@ -132,7 +132,7 @@ TEST_F(WavePlaybackTest, FillsItsRoomAndCountsWhatIsHeard) {
 }
 
 TEST_F(WavePlaybackTest, EndsWithADeviceThatCountsTooLittle) {
-    const Run run(playback_, 1000);
+    const PlayingRun run(playback_, 1000);
     ASSERT_TRUE(Takes(1000));
     world_.Pass(1000, 499);
     EXPECT_EQ(playback_.Observe().Heard, 499);
@@ -162,7 +162,7 @@ TEST_F(WavePlaybackTest, KeepsTheSoundOfARunUntilTheNextOneHasSome) {
 }
 
 TEST_F(WavePlaybackTest, SaysThatTheDeviceHasGone) {
-    const Run run(playback_, 1000);
+    const PlayingRun run(playback_, 1000);
     ASSERT_TRUE(Takes(1000));
     world_.Pass(200, 100);
     EXPECT_EQ(playback_.Observe().Heard, 100);
