@@ -36,13 +36,16 @@ std::vector<RowSource> RowSources(std::int32_t height, double rowsPerBin) {
     return rows;
 }
 
+// Limited before it is truncated, and without a branch: that is done for several points at once.
 std::int32_t ShadeOf(double level) {
-    return std::clamp(static_cast<std::int32_t>(level), 0, kShades - 1);
+    constexpr double kLast = kShades - 1;
+    const double positive = level > 0 ? level : 0;
+    return static_cast<std::int32_t>(positive < kLast ? positive : kLast);
 }
 
 std::uint8_t PointOf(double level) {
     const std::int32_t shade = ShadeOf(level);
-    return static_cast<std::uint8_t>(ShadeOf(level + 0.5) > shade ? shade | kNext : shade);
+    return static_cast<std::uint8_t>(shade + (ShadeOf(level + 0.5) - shade) * kNext);
 }
 
 }  // namespace
