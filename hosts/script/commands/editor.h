@@ -104,7 +104,7 @@ private:
     void OnEvent(DISPID event, std::span<const VARIANT> arguments);
 
     binding::LateBound editor_;
-    std::string temporaryFolder_;  // empty if there is none
+    std::string temporaryFolder_;  // empty if no folder is usable
     bool extraInfo_ = true;
     ProgressBar bar_;
     const char* work_ = "";

@@ -30,7 +30,7 @@ struct MpegTag {
     std::int64_t Bytes = 0;       // 0: unknown
     std::int64_t Delay = -1;      // of the encoder; -1: unknown
     std::int64_t Padding = 0;
-    std::int64_t ChecksumAt = 0;  // offset of the sound's length and checksum; 0: there are none
+    std::int64_t ChecksumAt = 0;  // offset of the sound's length and checksum; 0 without them
 
     // Whether it can be that of a file with so many bytes from the first frame on. Files that were
     // joined begin with the tag of the first, and a damaged tag may state any number.
